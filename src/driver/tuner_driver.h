@@ -1,0 +1,218 @@
+#pragma once
+
+#include "component/unknown.h"
+
+#include <cstddef>
+#include <cstdint>
+
+// The contract between the explorer and any tuner driver: interfaces in slot order and records
+// byte for byte, little-endian. Every operation returns a status and may be called from the
+// user-interface thread and the scan worker at the same time.
+
+namespace tessaview {
+
+/// The component category of tuner drivers.
+constexpr Guid kDriverCategory = "{EF0D1518-8E81-4B68-940C-42A0ABF05AA6}"_guid;
+
+/// The window that a driver may use as parent of any window it shows; null for none.
+using WindowHandle = void*;
+
+/// What kind of tuner a driver has; any other value means unknown.
+enum class TunerType : std::uint16_t { Satellite = 1, Cable = 2, Terrestrial = 3 };
+
+/// How much of a table a request collects.
+enum class CollectionMode : std::uint32_t {
+    SingleInstance = 0, ///< all sections of one table instance
+    OtherNetworks = 3,  ///< all instances of NIT other
+    OtherStreams = 4,   ///< all instances of SDT other
+    AllEvents = 5,      ///< all EIT instances; for a schedule of its whole table_id range
+};
+
+/// One table that the driver is to collect; requests are passed as a contiguous array. Every
+/// reserved field is 0 and carries no meaning.
+struct TableRequest {
+    std::uint32_t PID;
+    std::uint8_t table_id; ///< for an EIT schedule the first of its range, 0x50 or 0x60
+    std::uint8_t padding1[3];
+    std::uint32_t collection_mode; ///< a CollectionMode
+    std::uint32_t reserved1[4];
+    std::uint32_t match_table_id_extension; ///< 1 when table_id_extension is given
+    std::uint16_t table_id_extension;
+    std::uint8_t reserved2[10];
+    std::uint32_t reserved3[5];
+    std::uint8_t reserved4[36];
+};
+static_assert(sizeof(TableRequest) == 100 && alignof(TableRequest) == 4);
+static_assert(offsetof(TableRequest, PID) == 0 && offsetof(TableRequest, table_id) == 4);
+static_assert(offsetof(TableRequest, collection_mode) == 8);
+static_assert(offsetof(TableRequest, reserved1) == 12);
+static_assert(offsetof(TableRequest, match_table_id_extension) == 28);
+static_assert(offsetof(TableRequest, table_id_extension) == 32);
+static_assert(offsetof(TableRequest, reserved2) == 34);
+static_assert(offsetof(TableRequest, reserved3) == 44);
+static_assert(offsetof(TableRequest, reserved4) == 64);
+
+/// The driver's answer to one request: raw sections, each from table_id through CRC_32. Array and
+/// sections are task memory; the receiver releases every section, then the array. With a count
+/// of zero or less only the array, which may be null.
+struct SectionList {
+    std::int32_t count;
+    std::uint8_t** sections;
+};
+static_assert(offsetof(SectionList, count) == 0);
+static_assert(offsetof(SectionList, sections) == sizeof(void*));
+static_assert(sizeof(SectionList) == 2 * sizeof(void*));
+
+struct SatelliteTuning {
+    std::uint32_t frequency;        ///< 10 kHz
+    std::uint16_t orbital_position; ///< the delivery descriptor's degrees, truncated
+    std::uint8_t padding1[2];
+    std::uint32_t west_east_flag; ///< 1 = east
+    std::uint8_t polarization;    ///< 0 horizontal, 1 vertical, 2 left, 3 right
+    std::uint8_t modulation;
+    std::uint8_t padding2[2];
+    std::uint32_t symbol_rate; ///< 100 symbols/s
+    std::uint8_t FEC_inner;
+    std::uint8_t padding3[3];
+};
+static_assert(sizeof(SatelliteTuning) == 24);
+static_assert(offsetof(SatelliteTuning, orbital_position) == 4);
+static_assert(offsetof(SatelliteTuning, west_east_flag) == 8);
+static_assert(offsetof(SatelliteTuning, polarization) == 12);
+static_assert(offsetof(SatelliteTuning, modulation) == 13);
+static_assert(offsetof(SatelliteTuning, symbol_rate) == 16);
+static_assert(offsetof(SatelliteTuning, FEC_inner) == 20);
+
+struct CableTuning {
+    std::uint32_t frequency; ///< 100 Hz
+    std::uint8_t FEC_outer;
+    std::uint8_t modulation;
+    std::uint8_t padding1[2];
+    std::uint32_t symbol_rate; ///< 100 symbols/s
+    std::uint8_t FEC_inner;
+    std::uint8_t padding2[3];
+};
+static_assert(sizeof(CableTuning) == 16);
+static_assert(offsetof(CableTuning, FEC_outer) == 4 && offsetof(CableTuning, modulation) == 5);
+static_assert(offsetof(CableTuning, symbol_rate) == 8 && offsetof(CableTuning, FEC_inner) == 12);
+
+struct TerrestrialTuning {
+    std::uint32_t centre_frequency; ///< 10 Hz
+    std::uint8_t bandwidth;
+    std::uint8_t constellation;
+    std::uint8_t hierarchy_information;
+    std::uint8_t code_rate_HP_stream;
+    std::uint8_t code_rate_LP_stream;
+    std::uint8_t guard_interval;
+    std::uint8_t transmission_mode;
+    std::uint8_t other_frequency_flag;
+};
+static_assert(sizeof(TerrestrialTuning) == 12);
+static_assert(offsetof(TerrestrialTuning, bandwidth) == 4);
+static_assert(offsetof(TerrestrialTuning, other_frequency_flag) == 11);
+
+struct ISatListManager;
+
+/// The interface a driver is created with.
+struct IDriverInfo : IUnknown {
+    static constexpr Guid kId = "{25B857B1-139B-4DB3-98CF-FBFCD0D50B9E}"_guid;
+
+    /// The driver's display name; the caller frees it.
+    virtual Status GetName(char16_t** name) noexcept = 0;
+
+protected:
+    ~IDriverInfo() = default;
+};
+
+struct IDriverControl : IUnknown {
+    static constexpr Guid kId = "{ABB1A3CD-52E4-4648-B059-716356D2D4F7}"_guid;
+
+    /// Called once after creation: where the driver may keep settings and files.
+    virtual Status Initialize(const char16_t* settingsKey, const char16_t* userFolder,
+                              const char16_t* commonFolder) noexcept = 0;
+    /// Called once when the application exits.
+    virtual Status Shutdown() noexcept = 0;
+    /// A TunerType; other values mean unknown.
+    virtual Status GetTunerType(std::uint16_t* type) noexcept = 0;
+    /// Called once, right after Initialize.
+    virtual Status SetSatListManager(ISatListManager* manager) noexcept = 0;
+
+protected:
+    ~IDriverControl() = default;
+};
+
+/// A set operation returns when the tuner is set. The satellite is a name of the satellite list,
+/// or "" when the parameters come from a NIT.
+struct ISetTuner : IUnknown {
+    static constexpr Guid kId = "{CCD3785B-4C91-4E52-B001-F68F400F8473}"_guid;
+
+    virtual Status SetSatelliteTuning(WindowHandle owner, const char16_t* satellite,
+                                      const SatelliteTuning* tuning) noexcept = 0;
+    virtual Status SetCableTuning(WindowHandle owner, const CableTuning* tuning) noexcept = 0;
+    virtual Status SetTerrestrialTuning(WindowHandle owner,
+                                        const TerrestrialTuning* tuning) noexcept = 0;
+    /// The caller frees the satellite's name.
+    virtual Status GetSatelliteTuning(char16_t** satellite, SatelliteTuning* tuning) noexcept = 0;
+    virtual Status GetCableTuning(CableTuning* tuning) noexcept = 0;
+    virtual Status GetTerrestrialTuning(TerrestrialTuning* tuning) noexcept = 0;
+
+protected:
+    ~ISetTuner() = default;
+};
+
+struct ISectionReader : IUnknown {
+    static constexpr Guid kId = "{1771F5A2-F5EE-4C38-BAF2-B939F1F99642}"_guid;
+
+    virtual Status ReservedSlot1() noexcept = 0; ///< never called
+    /// Collects the tables of the stream the tuner is set to. `results` has one entry per
+    /// request. A request that got nothing is answered with a count of 0; a failure status means
+    /// that nothing was read. A count of 0 succeeds and touches nothing.
+    virtual Status ReadTables(std::uint32_t count, const TableRequest* requests,
+                              std::uint32_t waitLimit, SectionList* results) noexcept = 0;
+
+protected:
+    ~ISectionReader() = default;
+};
+
+/// The driver's own windows.
+struct IDeviceDialogs : IUnknown {
+    static constexpr Guid kId = "{F209EF9A-660B-4D77-A54F-AD659FF97175}"_guid;
+
+    virtual Status ShowTuningDialog(WindowHandle owner) noexcept = 0;
+    virtual Status ShowSettingsDialog(WindowHandle owner) noexcept = 0;
+    virtual Status ShowStreamingDialog(WindowHandle owner) noexcept = 0;
+
+protected:
+    ~IDeviceDialogs() = default;
+};
+
+struct ITunerStatus : IUnknown {
+    static constexpr Guid kId = "{228BBB7B-9F13-4F9F-BD42-858BF0E473EC}"_guid;
+
+    /// Non-zero when the tuner has a signal lock.
+    virtual Status IsLocked(std::int32_t* locked) noexcept = 0;
+    virtual Status ReservedSlot2() noexcept = 0; ///< never called
+    virtual Status ReservedSlot3() noexcept = 0; ///< never called
+    /// A short text for the status bar; the caller frees it.
+    virtual Status GetStatusText(char16_t** text) noexcept = 0;
+
+protected:
+    ~ITunerStatus() = default;
+};
+
+/// Optional: a driver that can be pointed at files or folders for this run, without touching its
+/// stored settings.
+struct ISourceFiles : IUnknown {
+    static constexpr Guid kId = "{6D0C8A35-5E1B-4E0F-9B62-3C7B1A94D7E8}"_guid;
+
+    /// Takes UTF-8 paths as wide strings; the first is what the tuner is set to. `problem`, if
+    /// not null, receives one line per path that could not be used; the caller frees it. Fails
+    /// when none could.
+    virtual Status SetSourceFiles(std::uint32_t count, const char16_t* const* paths,
+                                  char16_t** problem) noexcept = 0;
+
+protected:
+    ~ISourceFiles() = default;
+};
+
+} // namespace tessaview

@@ -1,0 +1,103 @@
+#include "si/section.h"
+
+#include "si/crc32.h"
+#include "si/dump.h"
+#include "si/error.h"
+
+namespace lib13818 {
+
+namespace {
+
+constexpr int kHeaderAfterLength = 5;
+constexpr int kCrcBytes = 4;
+
+} // namespace
+
+void Section::parse(std::span<const uint8_t> section)
+{
+    if (section.size() < 3 || section.size() < sectionSize(section.data()))
+        throw error(kTooLittleData);
+    parse(section.data());
+}
+
+void LongSection::parse(const uint8_t* section)
+{
+    section_syntax_indicator = section[1] >> 7;
+    section_length = (section[1] & 0x0F) << 8 | section[2];
+    // First of all, so that a damaged section is reported as damaged whatever else is wrong.
+    if (crc32Mpeg2(section, sectionSize(section)) != 0)
+        throw error("crc error");
+    if (section_syntax_indicator == 0)
+        throw error(kMalformedHeader, section);
+    if (!isValidSyntaxIndicator(section_syntax_indicator))
+        throw error(kMalformedHeader, section + 1);
+    if (!isValidReservedBits(section[1] >> 4 & 3))
+        throw error(kMalformedHeader, section + 1);
+    table_id = section[0];
+    if (!isValidTableId())
+        throw error("invalid table id");
+    if (section_length < kHeaderAfterLength + kCrcBytes)
+        throw error(kTooLittleData);
+
+    BitReader in({section + 3, static_cast<std::size_t>(section_length)});
+    table_id_extension = in.u16();
+    version_number = in.skip(2).bits(5);
+    current_next_indicator = in.bits(1);
+    section_number = in.u8();
+    last_section_number = in.u8();
+    CRC_32 = in.skip(8 * (section_length - kHeaderAfterLength - kCrcBytes)).u32();
+
+    parsePayload(section + 8);
+    parsed = true;
+}
+
+BitReader LongSection::payload(const uint8_t* body) const
+{
+    const int length = section_length - kHeaderAfterLength - kCrcBytes;
+    return BitReader({body, length < 0 ? 0U : static_cast<std::size_t>(length)});
+}
+
+void ShortSection::parse(const uint8_t* section)
+{
+    if (!isValidSyntaxIndicator(section[1] >> 7))
+        throw error(kMalformedHeader, section);
+    if ((section[1] & 0x0C) != 0)
+        throw error(kMalformedHeader, section + 1);
+    table_id = section[0];
+    if (!isValidTableId())
+        throw error("invalid table id");
+    section_length = (section[1] & 0x0F) << 8 | section[2];
+    parsePayload(section + 3);
+    parsed = true;
+}
+
+BitReader ShortSection::payload(const uint8_t* body) const
+{
+    return BitReader({body, static_cast<std::size_t>(section_length)});
+}
+
+void ShortSection::dump(std::ostream& out) const
+{
+    line(out, "table_id: ", table_id);
+    line(out, "section_length: ", section_length);
+}
+
+BitReader& require(BitReader& in, int bytes)
+{
+    if (in.bytesLeft() < bytes)
+        throw error(kTooLittleData);
+    return in;
+}
+
+void requireExactEnd(const BitReader& loop)
+{
+    if (!loop.exactlyAtEnd())
+        throw error(kStartEndMismatch);
+}
+
+BitReader takeLoop(BitReader& in, int length)
+{
+    return BitReader(require(in, length).take(length));
+}
+
+} // namespace lib13818
