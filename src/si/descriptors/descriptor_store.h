@@ -45,6 +45,7 @@ public:
     void copyFrom(std::span<const EntryType> types, const DescriptorStore& other);
     void destroyAll(std::span<const EntryType> types) noexcept;
 
+    bool empty() const { return !first_ || first_->count == 0; }
     bool has(std::size_t list) const
     {
         return first_ && (first_->present[list / 64] >> list % 64 & 1) != 0;

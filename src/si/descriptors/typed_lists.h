@@ -131,6 +131,8 @@ public:
         return ListRange<TypedLists, List>(store_);
     }
 
+    bool empty() const { return store_.empty(); }
+
     /// Parses one descriptor and appends it to the list of its class. Throws what the class
     /// throws, and appends nothing then.
     void add(const unsigned char* descriptor);

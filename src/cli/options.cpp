@@ -1,0 +1,75 @@
+#include "cli/options.h"
+
+#include "acquisition/table_selection.h"
+#include "platform/build_info.h"
+
+#include <CLI/CLI.hpp>
+
+#include <map>
+
+namespace tessaview {
+
+namespace {
+
+const std::map<std::string, OutputFormat> kFormats{{"tree", OutputFormat::Tree},
+                                                   {"values", OutputFormat::Values},
+                                                   {"json", OutputFormat::Json},
+                                                   {"none", OutputFormat::None}};
+
+constexpr const char* kFooter = R"(
+Tables are a comma-separated list of: pat, cat, pmt, bat, nit, nit-other, sdt, sdt-other, eit-pf,
+eit-pf-other, eit-sched, eit-sched-other, tdt, tot, rst; or 'all', 'default', or a bit mask such as
+0x041B. PAT, NIT actual and SDT actual are read whatever is chosen.
+
+Exit status: 0 at least one transport stream was stored, 1 none was, 2 wrong usage.)";
+
+/// A selection that CLI11 can check and report.
+std::string checkTables(const std::string& text)
+{
+    std::string problem;
+    static_cast<void>(parseTableList(text, problem));
+    return problem;
+}
+
+} // namespace
+
+ParsedOptions parseOptions(int argc, const char* const* argv)
+{
+    Options options;
+    std::string format = "tree";
+    std::string tables = "all";
+    std::string mode = "current";
+
+    CLI::App app("Shows the DVB service information of a multiplex.", "tessaview3-scan");
+    app.footer(kFooter);
+    app.set_version_flag("--version", std::string("tessaview3-scan ") + kVersionText);
+    app.add_option("CAPTURE", options.captures,
+                   "Captured transport streams, or folders of them; the first is the one read");
+    app.add_option("--driver", options.driver, "Use this driver")->option_text("NAME|CLSID");
+    app.add_flag("--list-drivers", options.listDrivers, "List the installed drivers");
+    app.add_option("--mode", mode, "What to read: the stream the tuner is set to")
+        ->check(CLI::IsMember({"current"}))
+        ->option_text("current");
+    app.add_option("--tables", tables, "The tables to read, default 'all'")
+        ->check(CLI::Validator(checkTables, "", "tables"))
+        ->option_text("all|default|LIST|MASK");
+    app.add_option("--format", format, "How to print it, default 'tree'")
+        ->check(CLI::IsMember(kFormats))
+        ->option_text("tree|values|json|none");
+    app.add_option("--log", options.log, "Write a log to this file")->option_text("FILE");
+    app.add_flag("--quiet", options.quiet, "No progress lines on standard error");
+
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& e) {
+        const bool isAnswer = e.get_exit_code() == 0;
+        app.exit(e);
+        return {.options = std::nullopt, .exitStatus = isAnswer ? kExitStored : kExitWrongUsage};
+    }
+    options.format = kFormats.at(format);
+    std::string problem;
+    options.tables = parseTableList(tables, problem);
+    return {.options = options};
+}
+
+} // namespace tessaview

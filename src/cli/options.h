@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tessaview {
+
+enum class OutputFormat { Tree, Values, Json, None };
+
+/// The exit statuses of the shell tool.
+constexpr int kExitStored = 0;     ///< at least one transport stream was stored
+constexpr int kExitNothing = 1;    ///< none was
+constexpr int kExitWrongUsage = 2; ///< an option or a capture cannot be used
+
+/// What the command line asks for.
+struct Options {
+    std::vector<std::string> captures;
+    std::string driver; ///< a name or a class identifier; empty for none named
+    bool listDrivers = false;
+    std::string charset; ///< the id of a character table; empty for automatic
+    std::optional<std::uint32_t> tables; ///< the bits of this run; none: the stored selection
+    OutputFormat format = OutputFormat::Tree;
+    std::string log;
+    bool quiet = false;
+};
+
+struct ParsedOptions {
+    std::optional<Options> options; ///< none: there is nothing more to do
+    int exitStatus = kExitStored;
+};
+
+/// Reads the command line; what is wrong with it, and help, is printed here.
+ParsedOptions parseOptions(int argc, const char* const* argv);
+
+} // namespace tessaview

@@ -1,0 +1,190 @@
+#include "cli/scan.h"
+
+#include "acquisition/reader.h"
+#include "cli/print_tree.h"
+#include "component/bstr.h"
+#include "driver/driver_session.h"
+#include "explorer/tree.h"
+#include "log/log_file.h"
+#include "log/output.h"
+#include "platform/paths.h"
+#include "platform/settings.h"
+#include "si/texts/registries.h"
+
+#include <atomic>
+#include <csignal>
+#include <filesystem>
+#include <iostream>
+
+namespace tessaview {
+
+namespace {
+
+std::atomic<bool> cancelled = false;
+
+/// The first Ctrl+C asks for an end after the driver's call, a second one ends at once.
+void cancelOnInterrupt()
+{
+    std::signal(SIGINT, [](int) {
+        cancelled = true;
+        std::signal(SIGINT, SIG_DFL);
+    });
+}
+
+void complain(const std::string& what)
+{
+    std::cerr << "tessaview3-scan: " << what << '\n';
+}
+
+class StandardError : public OutputSink {
+public:
+    void print(std::string_view line) override { std::cerr << line << '\n'; }
+    void clear() override {}
+};
+
+/// Installs a sink for as long as it lives.
+class InstalledSink {
+public:
+    explicit InstalledSink(OutputSink& sink) { installOutputSink(&sink); }
+    InstalledSink(const InstalledSink&) = delete;
+    InstalledSink& operator=(const InstalledSink&) = delete;
+    ~InstalledSink() { installOutputSink(nullptr); }
+};
+
+int printDrivers(const ClassRegistry& registry, const DriverList& list)
+{
+    for (const DriverChoice& driver : list.drivers)
+        std::cout << driver.name << "  " << toText(driver.clsid) << '\n';
+    for (const DriverProblem& problem : list.problems)
+        complain(problem.message() + " (" + problem.detail + ")");
+    for (const std::string& problem : registry.problems())
+        complain(problem);
+    return kExitStored;
+}
+
+DriverPlaces driverPlaces()
+{
+    const std::filesystem::path user = userDataFolder();
+    return {.settingsKey = std::string(kSettingsKey),
+            .userFolder = user,
+            .commonFolder = allUsersDataFolder().value_or(user)};
+}
+
+/// The drivers to try: the one named, for captures each that may read files, else the stored one.
+std::vector<Guid> candidates(const Options& options, const DriverList& list)
+{
+    std::vector<Guid> classes;
+    if (!options.driver.empty()) {
+        if (const DriverChoice* driver = findDriver(list, options.driver))
+            classes.push_back(driver->clsid);
+        else
+            complain("no driver is called '" + options.driver +
+                     "'; --list-drivers lists those there are");
+    } else if (!options.captures.empty()) {
+        for (const DriverChoice& driver : list.drivers)
+            classes.push_back(driver.clsid);
+        if (classes.empty())
+            complain("no driver is installed that can read captures");
+    } else if (const auto stored =
+                   Settings(defaultSettingsFile()).text(kSettingsKey, "driverclsid")) {
+        if (const auto clsid = parseGuid(*stored))
+            classes.push_back(*clsid);
+    }
+    if (classes.empty() && options.driver.empty() && options.captures.empty())
+        complain("name a capture to read, or a driver with --driver; --help tells more");
+    return classes;
+}
+
+/// Points a driver at the captures.
+bool useCaptures(IUnknown* driver, const std::vector<std::string>& captures)
+{
+    ComPtr<ISourceFiles> files;
+    if (failed(query(driver, files)))
+        return false;
+    std::vector<Bstr> paths;
+    std::vector<const char16_t*> pointers;
+    for (const std::string& capture : captures)
+        pointers.push_back(paths.emplace_back(std::string_view(capture)).get());
+    Bstr problem;
+    const Status result = files->SetSourceFiles(static_cast<std::uint32_t>(pointers.size()),
+                                                pointers.data(), problem.put());
+    if (!problem.view().empty())
+        complain(problem.utf8());
+    return !failed(result);
+}
+
+bool canReadFiles(IUnknown* driver)
+{
+    ComPtr<ISourceFiles> files;
+    return !failed(query(driver, files));
+}
+
+/// Opens the first driver that serves the options.
+bool openDriver(const Options& options, const ClassRegistry& registry, const DriverList& list,
+                DriverSession& session)
+{
+    const std::vector<Guid> classes = candidates(options, list);
+    for (const Guid& clsid : classes) {
+        std::string why;
+        if (failed(session.open(registry, clsid, driverPlaces(), nullptr, why))) {
+            complain("the driver " + toText(clsid) + " cannot be used: " + why);
+            continue;
+        }
+        if (options.captures.empty())
+            return true;
+        if (canReadFiles(session.driver()))
+            return useCaptures(session.driver(), options.captures);
+        session.close();
+    }
+    if (!classes.empty() && !options.captures.empty())
+        complain("no driver that was tried can read captures");
+    return false;
+}
+
+TableSelection selectionOf(const Options& options)
+{
+    return options.tables ? TableSelection::fixed(*options.tables) : TableSelection::stored();
+}
+
+} // namespace
+
+int scan(const Options& options)
+{
+    if (!options.log.empty() && openApplicationLog(options.log) != 0) {
+        complain("the log '" + options.log + "' cannot be written");
+        return kExitWrongUsage;
+    }
+    buildRegistries();
+    const ClassRegistry registry(componentSearchPath());
+    const DriverList list = listDrivers(registry);
+    if (options.listDrivers)
+        return printDrivers(registry, list);
+
+    DriverSession session;
+    if (!openDriver(options, registry, list, session))
+        return kExitWrongUsage;
+
+    NetworkMap model;
+    cancelOnInterrupt();
+    {
+        StandardError standardError;
+        std::optional<InstalledSink> sink;
+        if (!options.quiet)
+            sink.emplace(standardError);
+        Reader reader(session.driver(), cancelled, selectionOf(options));
+        reader.ReadCurrentTransponder(model);
+    }
+    session.close();
+
+    Tree tree;
+    tree.rebuild(model);
+    printTree(std::cout, tree, options.format);
+    std::cout.flush();
+    if (!std::cout) {
+        complain("the output cannot be written");
+        return kExitWrongUsage;
+    }
+    return model.empty() ? kExitNothing : kExitStored;
+}
+
+} // namespace tessaview

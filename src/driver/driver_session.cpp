@@ -1,0 +1,108 @@
+#include "driver/driver_session.h"
+
+#include "component/bstr.h"
+
+#include <array>
+#include <cstdio>
+
+namespace tessaview {
+
+namespace {
+
+std::string withCode(const char* format, Status status)
+{
+    std::array<char, 64> text{};
+    std::snprintf(text.data(), text.size(), format, statusCode(status));
+    return text.data();
+}
+
+std::u16string driversBelow(const std::filesystem::path& folder)
+{
+    return toUtf16((folder / "drivers").string());
+}
+
+} // namespace
+
+Status DriverSession::open(const ClassRegistry& registry, const Guid& clsid,
+                           const DriverPlaces& places, ISatListManager* satellites,
+                           std::string& why)
+{
+    ComPtr<IDriverInfo> info;
+    Status result = registry.create(clsid, info, &why);
+    if (failed(result))
+        return result;
+    ComPtr<IDriverControl> control;
+    result = query(info, control);
+    if (failed(result)) {
+        why = withCode("the driver lacks its control interface: %#x", result);
+        return result;
+    }
+    const Bstr key(toUtf16(places.settingsKey + "\\drivers"));
+    const Bstr user(driversBelow(places.userFolder));
+    const Bstr common(driversBelow(places.commonFolder));
+    result = control->Initialize(key.get(), user.get(), common.get());
+    if (failed(result)) {
+        why = withCode("Initialize failed: %#x", result);
+        return result;
+    }
+    result = control->SetSatListManager(satellites);
+    if (failed(result)) {
+        why = withCode("SetSatListManager failed: %#x", result);
+        return result;
+    }
+    info_ = std::move(info);
+    control_ = std::move(control);
+    return result;
+}
+
+void DriverSession::close()
+{
+    if (control_)
+        control_->Shutdown();
+    control_.reset();
+    info_.reset();
+}
+
+std::string DriverProblem::message() const
+{
+    return step == Step::Create ? withCode("Failed to create driver instance: %08X", status)
+                                : withCode("Failed to get driver name: %08X", status);
+}
+
+DriverList listDrivers(const ClassRegistry& registry)
+{
+    DriverList list;
+    for (const ComponentClass& each : registry.classesOf(kDriverCategory)) {
+        std::string why;
+        ComPtr<IDriverInfo> info;
+        const Status created = registry.create(each.clsid, info, &why);
+        if (failed(created)) {
+            list.problems.push_back({.step = DriverProblem::Step::Create,
+                                     .status = created,
+                                     .detail = each.manifest.string() + ": " + why});
+            continue;
+        }
+        Bstr name;
+        const Status named = info->GetName(name.put());
+        if (failed(named)) {
+            list.problems.push_back({.step = DriverProblem::Step::GetName,
+                                     .status = named,
+                                     .detail = each.manifest.string()});
+            continue;
+        }
+        list.drivers.push_back({.name = name.utf8(), .clsid = each.clsid});
+    }
+    return list;
+}
+
+const DriverChoice* findDriver(const DriverList& list, std::string_view nameOrClass)
+{
+    const auto clsid = parseGuid(nameOrClass);
+    const DriverChoice* found = nullptr;
+    for (const DriverChoice& driver : list.drivers)
+        if (clsid ? driver.clsid == *clsid : driver.name == nameOrClass)
+            found = &driver;
+    return found;
+}
+
+} // namespace tessaview

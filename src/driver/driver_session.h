@@ -1,0 +1,72 @@
+#pragma once
+
+#include "component/class_registry.h"
+#include "driver/tuner_driver.h"
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tessaview {
+
+/// What a driver is told when it is initialised.
+struct DriverPlaces {
+    std::string settingsKey; ///< the system's own key; the driver gets it followed by "\drivers"
+    std::filesystem::path userFolder;   ///< the driver gets it followed by "/drivers"
+    std::filesystem::path commonFolder; ///< likewise
+};
+
+/// A tuner driver from its creation to its shutdown.
+class DriverSession {
+public:
+    DriverSession() = default;
+    DriverSession(const DriverSession&) = delete;
+    DriverSession& operator=(const DriverSession&) = delete;
+    ~DriverSession() { close(); }
+
+    /// Creates the driver of the class, initialises it and hands it the satellite list, which
+    /// may be null. A failure names its step in `why` and leaves the session empty.
+    Status open(const ClassRegistry& registry, const Guid& clsid, const DriverPlaces& places,
+                ISatListManager* satellites, std::string& why);
+    /// Shuts the driver down and lets go of it, control before driver. Without one, nothing.
+    void close();
+
+    IDriverInfo* driver() const { return info_.get(); }
+    IDriverControl* control() const { return control_.get(); }
+
+private:
+    ComPtr<IDriverInfo> info_;
+    ComPtr<IDriverControl> control_;
+};
+
+/// A driver that can be chosen.
+struct DriverChoice {
+    std::string name; ///< what the driver calls itself
+    Guid clsid;
+};
+
+/// A class of the driver category that could not be asked for its name.
+struct DriverProblem {
+    enum class Step { Create, GetName };
+    Step step;
+    Status status;
+    std::string detail; ///< the class and what went wrong with it
+
+    /// The text of the message box.
+    std::string message() const;
+};
+
+struct DriverList {
+    std::vector<DriverChoice> drivers; ///< in the order of enumeration
+    std::vector<DriverProblem> problems;
+};
+
+/// Asks every class of the driver category for its name, with an instance that lives only so long.
+DriverList listDrivers(const ClassRegistry& registry);
+
+/// The class that is meant by a driver's name or by its braced class identifier; the last of
+/// several with one name. Null when there is none.
+const DriverChoice* findDriver(const DriverList& list, std::string_view nameOrClass);
+
+} // namespace tessaview

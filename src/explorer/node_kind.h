@@ -1,0 +1,43 @@
+#pragma once
+
+#include "explorer/value_row.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+namespace tessaview {
+
+class Children;
+class NodeView;
+
+/// What the nodes of a kind carry for the value pane.
+enum class NodeItem : std::uint8_t {
+    None,  ///< selecting it leaves the value pane as it was
+    Plain, ///< selecting it empties the value pane
+    Filled ///< selecting it shows its rows
+};
+
+/// The menus that a right click on a node may open, by resource id.
+enum class ContextMenu : std::uint16_t {
+    None = 0,
+    CableDelivery = 139,
+    TerrestrialDelivery = 140,
+    Program = 144,
+    TransportStream = 145,
+    SatelliteDelivery = 148
+};
+
+/// A kind of tree node: one static object each.
+struct NodeKind {
+    const char* name; ///< for machines: "sdt-service", "service_descriptor"
+    std::string (*label)(const NodeView& node);
+    /// Adds the children of a node; null for a leaf.
+    void (*expand)(const NodeView& node, Children& children) = nullptr;
+    NodeItem item = NodeItem::Plain;
+    /// The rows of what the node stands for; null unless the item is Filled.
+    ValueRows (*fill)(const void* data, const DisplayContext& context) = nullptr;
+    ContextMenu menu = ContextMenu::None;
+};
+
+} // namespace tessaview

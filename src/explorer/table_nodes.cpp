@@ -1,0 +1,381 @@
+#include "explorer/table_nodes.h"
+
+#include "explorer/descriptor_nodes.h"
+#include "explorer/field_list.h"
+#include "explorer/list_nodes.h"
+#include "explorer/service_names.h"
+#include "explorer/stream_type_names.h"
+#include "explorer/tree.h"
+#include "model/network_map.h"
+#include "platform/format.h"
+#include "si/texts/registries.h"
+
+namespace tessaview {
+
+namespace {
+
+using namespace lib13818; // NOLINT(google-build-using-namespace): every table class is shown here
+
+/// A fixed label.
+template <Literal Text>
+std::string fixed(const NodeView& /*node*/)
+{
+    return Text.text;
+}
+
+/// A label of one number of what the node stands for.
+template <Literal Format, class T, auto Member>
+std::string numbered(const NodeView& node)
+{
+    return formatted(Format.text, static_cast<unsigned>(node.data<T>().*Member));
+}
+
+/// A label of the key of a map entry.
+template <Literal Format, class Map>
+std::string keyed(const NodeView& node)
+{
+    return formatted(Format.text, node.data<typename Map::value_type>().first);
+}
+
+std::string networkText(std::uint32_t original_network_id)
+{
+    return registryText(originalNetworkName(original_network_id));
+}
+
+/// A node per entry of a map of maps.
+template <class Map, const NodeKind& Kind>
+void addEntries(const Map& map, Children& children)
+{
+    for (const auto& entry : map)
+        children.add(Kind, &entry);
+}
+
+template <class Map, const NodeKind& Kind>
+void expandMap(const NodeView& node, Children& children)
+{
+    addEntries<Map, Kind>(node.data<Map>(), children);
+}
+
+/// The same for a node that stands for an entry of a map one level up.
+template <class Map, const NodeKind& Kind>
+void expandEntry(const NodeView& node, Children& children)
+{
+    using Entry = std::pair<const std::uint32_t, Map>;
+    addEntries<Map, Kind>(node.data<Entry>().second, children);
+}
+
+/// A node per decoded section of the innermost map.
+template <class Sections, const NodeKind& Kind>
+void expandSections(const NodeView& node, Children& children)
+{
+    using Entry = std::pair<const std::uint32_t, Sections>;
+    for (const auto& [number, section] : node.data<Entry>().second)
+        if (section.parsed)
+            children.add(Kind, &section);
+}
+
+/// A node per entry of a table's list, named by itself.
+template <class T, auto Member, const NodeKind& Kind>
+void expandList(const NodeView& node, Children& children)
+{
+    for (const auto& entry : node.data<T>().*Member)
+        children.add(Kind, &entry);
+}
+
+template <class T>
+void expandDescriptors(const NodeView& node, Children& children)
+{
+    addDescriptorLoop(node.data<T>().descriptors, children);
+}
+
+/// The descriptors of a table and then the heading over its streams.
+template <class T, const NodeKind& Heading>
+void expandDescriptorsAndStreams(const NodeView& node, Children& children)
+{
+    addDescriptorLoop(node.data<T>().descriptors, children);
+    children.add(Heading, &node.data<T>());
+}
+
+const Transponder& transponderOf(NodeView node)
+{
+    while (&node.kind() != &transportStreamKind())
+        node = node.parent();
+    return node.data<Transponder>();
+}
+
+std::string serviceName(const NodeView& node, std::uint32_t original_network_id,
+                        std::uint32_t transport_stream_id, std::uint32_t service_id)
+{
+    const auto name = lookupServiceName(transponderOf(node), original_network_id,
+                                        transport_stream_id, service_id);
+    return name ? shownText(*name, node.context()) : "<service not in SDT>";
+}
+
+// Kinds stand below the kinds of their children.
+
+// NIT
+
+constexpr NodeKind kNitStream{.name = "nit-transport-stream",
+                              .label = numbered<"%04X", TransportStreamEntry,
+                                                &TransportStreamEntry::transport_stream_id>,
+                              .expand = expandDescriptors<TransportStreamEntry>,
+                              .item = NodeItem::Filled,
+                              .fill = fillFields<TransportStreamEntry>};
+constexpr NodeKind kNitStreams{.name = "nit-transport-streams",
+                               .label = fixed<"STREAM_INFO">,
+                               .expand = expandList<Nit, &Nit::transportStreams, kNitStream>};
+constexpr NodeKind kNitSection{.name = "nit-section",
+                               .label = numbered<"SECTION %04X", Nit, &Nit::section_number>,
+                               .expand = expandDescriptorsAndStreams<Nit, kNitStreams>,
+                               .item = NodeItem::Filled,
+                               .fill = fillFields<Nit>};
+constexpr NodeKind kNitNetwork{.name = "nit-network",
+                               .label = keyed<"NID %04X", NitMap>,
+                               .expand = expandSections<NitSections, kNitSection>};
+constexpr NodeKind kNitActual{.name = "nit-actual",
+                              .label = fixed<"NIT - actual network">,
+                              .expand = expandMap<NitMap, kNitNetwork>};
+constexpr NodeKind kNitOther{.name = "nit-other",
+                             .label = fixed<"NIT - other network">,
+                             .expand = expandMap<NitMap, kNitNetwork>};
+
+// SDT
+
+constexpr NodeKind kSdtService{.name = "sdt-service",
+                               .label = numbered<"%04x", SdtService, &SdtService::service_id>,
+                               .expand = expandDescriptors<SdtService>,
+                               .item = NodeItem::Filled,
+                               .fill = fillFields<SdtService>};
+constexpr NodeKind kSdtSection{.name = "sdt-section",
+                               .label = numbered<"SECTION %04X", Sdt, &Sdt::section_number>,
+                               .expand = expandList<Sdt, &Sdt::services, kSdtService>,
+                               .item = NodeItem::Filled,
+                               .fill = fillFields<Sdt>};
+constexpr NodeKind kSdtStream{.name = "sdt-transport-stream",
+                              .label = keyed<"TID %04X", SdtStreams>,
+                              .expand = expandSections<SdtSections, kSdtSection>};
+constexpr NodeKind kSdtNetwork{.name = "sdt-network",
+                               .label = keyed<"ORIGINAL NID %04X", SdtMap>,
+                               .expand = expandEntry<SdtStreams, kSdtStream>};
+constexpr NodeKind kSdtActual{.name = "sdt-actual",
+                              .label = fixed<"SDT - actual transport stream">,
+                              .expand = expandMap<SdtMap, kSdtNetwork>};
+constexpr NodeKind kSdtOther{.name = "sdt-other",
+                             .label = fixed<"SDT - other transport stream">,
+                             .expand = expandMap<SdtMap, kSdtNetwork>};
+
+// CAT, BAT, PAT, RST, TDT, TOT
+
+constexpr NodeKind kCat{.name = "cat",
+                        .label = fixed<"CAT">,
+                        .expand = expandDescriptors<Cat>,
+                        .item = NodeItem::Filled,
+                        .fill = fillFields<Cat>};
+constexpr NodeKind kBat{.name = "bat",
+                        .label = fixed<"BAT">,
+                        .item = NodeItem::Filled,
+                        .fill = fillFields<Bat>};
+constexpr NodeKind kPatProgram{.name = "pat-program",
+                               .label = numbered<"%04X", PatProgram, &PatProgram::program_number>,
+                               .item = NodeItem::Filled,
+                               .fill = fillFields<PatProgram>};
+constexpr NodeKind kPat{.name = "pat",
+                        .label = fixed<"PAT">,
+                        .expand = expandList<Pat, &Pat::programs, kPatProgram>,
+                        .item = NodeItem::Filled,
+                        .fill = fillFields<Pat>};
+constexpr NodeKind kRst{.name = "rst",
+                        .label = fixed<"RST">,
+                        .expand = expandLists<Rst, EntryList<&Rst::entries, "ITEM">>,
+                        .item = NodeItem::Filled,
+                        .fill = fillFields<Rst>};
+constexpr NodeKind kTdt{.name = "tdt",
+                        .label = fixed<"TDT">,
+                        .item = NodeItem::Filled,
+                        .fill = fillFields<Tdt>};
+constexpr NodeKind kTot{.name = "tot",
+                        .label = fixed<"TOT">,
+                        .expand = expandDescriptors<Tot>,
+                        .item = NodeItem::Filled,
+                        .fill = fillFields<Tot>};
+
+// PMT
+
+constexpr NodeKind kPmtStream{.name = "pmt-stream",
+                              .label =
+                                  [](const NodeView& node) {
+                                      return std::string(
+                                          streamTypeName(node.data<StreamInfo>().stream_type));
+                                  },
+                              .expand = expandDescriptors<StreamInfo>,
+                              .item = NodeItem::Filled,
+                              .fill = fillFields<StreamInfo>};
+constexpr NodeKind kPmtStreams{.name = "pmt-streams",
+                               .label = fixed<"STREAM_INFO">,
+                               .expand = expandList<Pmt, &Pmt::streams, kPmtStream>};
+
+std::string programLabel(const NodeView& node)
+{
+    const auto program = static_cast<std::uint32_t>(node.data<Pmt>().table_id_extension);
+    const std::uint32_t network = node.context().original_network_id.value_or(0);
+    const std::uint32_t stream = transponderOf(node).transport_stream_id;
+    return formatted("%04X - %s", program, serviceName(node, network, stream, program).c_str());
+}
+
+constexpr NodeKind kProgram{.name = "pmt-program",
+                            .label = programLabel,
+                            .expand = expandDescriptorsAndStreams<Pmt, kPmtStreams>,
+                            .item = NodeItem::Filled,
+                            .fill = fillFields<Pmt>,
+                            .menu = ContextMenu::Program};
+
+void expandPmt(const NodeView& node, Children& children)
+{
+    for (const Pmt& pmt : node.data<Transponder>().pmts)
+        if (pmt.parsed)
+            children.add(kProgram, &pmt);
+}
+
+constexpr NodeKind kPmt{.name = "pmt", .label = fixed<"PMT">, .expand = expandPmt};
+
+// EIT
+
+constexpr NodeKind kEitEvent{.name = "eit-event",
+                             .label = numbered<"EID %04x", EitEvent, &EitEvent::event_id>,
+                             .expand = expandDescriptors<EitEvent>,
+                             .item = NodeItem::Filled,
+                             .fill = fillFields<EitEvent>};
+constexpr NodeKind kEitSection{.name = "eit-section",
+                               .label = numbered<"%04X", Eit, &Eit::section_number>,
+                               .expand = expandList<Eit, &Eit::events, kEitEvent>,
+                               .item = NodeItem::Filled,
+                               .fill = fillFields<Eit>};
+
+std::string eitServiceLabel(const NodeView& node)
+{
+    const std::uint32_t service = node.data<EitServices::value_type>().first;
+    const std::uint32_t stream = node.parent().data<EitStreams::value_type>().first;
+    const std::uint32_t network = node.parent().parent().data<EitMap::value_type>().first;
+    return formatted("SID %04X - %s", service,
+                     serviceName(node, network, stream, service).c_str());
+}
+
+constexpr NodeKind kEitService{.name = "eit-service",
+                               .label = eitServiceLabel,
+                               .expand = expandSections<EitSections, kEitSection>};
+constexpr NodeKind kEitStream{.name = "eit-transport-stream",
+                              .label = keyed<"TID %04X", EitStreams>,
+                              .expand = expandEntry<EitServices, kEitService>};
+
+std::string eitNetworkLabel(const NodeView& node)
+{
+    const std::uint32_t network = node.data<EitMap::value_type>().first;
+    return formatted("NID %04X - %s", network, networkText(network).c_str());
+}
+
+constexpr NodeKind kEitNetwork{.name = "eit-network",
+                               .label = eitNetworkLabel,
+                               .expand = expandEntry<EitStreams, kEitStream>};
+constexpr NodeKind kEitPfActual{.name = "eit-pf-actual",
+                                .label = fixed<"actual_transport_stream, present/following">,
+                                .expand = expandMap<EitMap, kEitNetwork>};
+constexpr NodeKind kEitPfOther{.name = "eit-pf-other",
+                               .label = fixed<"other_transport_stream, present/following">,
+                               .expand = expandMap<EitMap, kEitNetwork>};
+constexpr NodeKind kEitScheduleActual{.name = "eit-schedule-actual",
+                                      .label = fixed<"actual_transport_stream, schedule">,
+                                      .expand = expandMap<EitMap, kEitNetwork>};
+constexpr NodeKind kEitScheduleOther{.name = "eit-schedule-other",
+                                     .label = fixed<"other_transport_stream, schedule">,
+                                     .expand = expandMap<EitMap, kEitNetwork>};
+
+void expandEit(const NodeView& node, Children& children)
+{
+    const auto& transponder = node.data<Transponder>();
+    children.add(kEitPfActual, &transponder.eitPfActual);
+    children.add(kEitPfOther, &transponder.eitPfOther);
+    children.add(kEitScheduleActual, &transponder.eitScheduleActual);
+    children.add(kEitScheduleOther, &transponder.eitScheduleOther);
+}
+
+constexpr NodeKind kEit{
+    .name = "eit", .label = fixed<"EIT">, .expand = expandEit, .item = NodeItem::None};
+
+// The transport stream and what is above it
+
+void expandTransportStream(const NodeView& node, Children& children)
+{
+    const auto& t = node.data<Transponder>();
+    const auto add = [&](bool shown, const NodeKind& kind, const void* data) {
+        if (shown)
+            children.add(kind, data);
+    };
+    add(t.cat.parsed && !t.cat.descriptors.all<DescriptorCA>().empty(), kCat, &t.cat);
+    add(!t.nitActual.empty(), kNitActual, &t.nitActual);
+    add(!t.nitOther.empty(), kNitOther, &t.nitOther);
+    add(!t.sdtActual.empty(), kSdtActual, &t.sdtActual);
+    add(!t.sdtOther.empty(), kSdtOther, &t.sdtOther);
+    add(t.bat.parsed, kBat, &t.bat);
+    add(t.pat.parsed && !t.pat.programs.empty(), kPat, &t.pat);
+    add(t.rst.parsed, kRst, &t.rst);
+    add(t.tdt.parsed, kTdt, &t.tdt);
+    add(t.tot.parsed, kTot, &t.tot);
+    add(!t.pmts.empty(), kPmt, &t);
+    const bool hasEvents = !t.eitPfActual.empty() || !t.eitPfOther.empty() ||
+                           !t.eitScheduleActual.empty() || !t.eitScheduleOther.empty();
+    add(hasEvents, kEit, &t);
+}
+
+constexpr NodeKind kTransportStream{.name = "transport-stream",
+                                    .label =
+                                        [](const NodeView& node) {
+                                            return transponderText(node.data<Transponder>());
+                                        },
+                                    .expand = expandTransportStream,
+                                    .menu = ContextMenu::TransportStream};
+
+std::string networkLabel(const NodeView& node)
+{
+    const std::uint32_t network = node.data<Network>().original_network_id;
+    return formatted("%04X - %s", network, networkText(network).c_str());
+}
+
+void expandNetwork(const NodeView& node, Children& children)
+{
+    for (const auto& [id, transponder] : node.data<Network>().transponders)
+        children.add(kTransportStream, &transponder);
+}
+
+constexpr NodeKind kNetwork{.name = "network", .label = networkLabel, .expand = expandNetwork};
+
+void expandRoot(const NodeView& node, Children& children)
+{
+    for (const auto& [id, network] : node.data<NetworkMap>())
+        children.add(kNetwork, &network);
+}
+
+constexpr NodeKind kRoot{.name = "root", .label = fixed<"ALL NETWORKS">, .expand = expandRoot};
+
+} // namespace
+
+const NodeKind& rootKind()
+{
+    return kRoot;
+}
+
+const NodeKind& networkKind()
+{
+    return kNetwork;
+}
+
+const NodeKind& transportStreamKind()
+{
+    return kTransportStream;
+}
+
+const NodeKind& programKind()
+{
+    return kProgram;
+}
+
+} // namespace tessaview

@@ -1,0 +1,106 @@
+#include "explorer/tree.h"
+
+#include "explorer/table_nodes.h"
+#include "log/log_file.h"
+
+#include <limits>
+#include <stdexcept>
+
+namespace tessaview {
+
+const NodeKind& NodeView::kind() const
+{
+    return *tree_->nodes_[id_].kind;
+}
+
+const void* NodeView::address() const
+{
+    return tree_->nodes_[id_].data;
+}
+
+std::uint32_t NodeView::ordinal() const
+{
+    return tree_->nodes_[id_].ordinal;
+}
+
+ValueRows NodeView::rows() const
+{
+    const NodeKind& own = kind();
+    return own.fill ? own.fill(address(), context()) : ValueRows();
+}
+
+NodeView NodeView::parent() const
+{
+    return {*tree_, tree_->nodes_[id_].parent};
+}
+
+std::size_t NodeView::childCount() const
+{
+    return tree_->nodes_[id_].childCount;
+}
+
+NodeView NodeView::child(std::size_t row) const
+{
+    return {*tree_, tree_->nodes_[id_].firstChild + static_cast<NodeId>(row)};
+}
+
+std::size_t NodeView::row() const
+{
+    return isRoot() ? 0 : id_ - tree_->nodes_[tree_->nodes_[id_].parent].firstChild;
+}
+
+DisplayContext NodeView::context() const
+{
+    DisplayContext context{.rules = &tree_->charsets, .original_network_id = {}};
+    for (NodeView node = *this; !node.isRoot(); node = node.parent())
+        if (&node.kind() == &networkKind())
+            context.original_network_id = node.data<Network>().original_network_id;
+    return context;
+}
+
+void Children::add(const NodeKind& kind, const void* data, std::uint32_t ordinal)
+{
+    if (tree_.nodes_.size() == std::numeric_limits<NodeId>::max())
+        throw std::length_error("the tree has more nodes than it can number");
+    tree_.nodes_.push_back({.kind = &kind,
+                            .data = data,
+                            .parent = parent_,
+                            .firstChild = 0,
+                            .childCount = 0,
+                            .ordinal = ordinal});
+}
+
+void Tree::rebuild(const NetworkMap& model, const void* valuePane)
+{
+    clear();
+    nodes_.push_back({.kind = &rootKind(),
+                      .data = &model,
+                      .parent = 0,
+                      .firstChild = 0,
+                      .childCount = 0,
+                      .ordinal = Children::kOnly});
+    // Breadth first, so that the children of a node stand side by side.
+    for (NodeId id = 0; id < nodes_.size(); ++id) {
+        const auto first = static_cast<NodeId>(nodes_.size());
+        const NodeView node(*this, id);
+        Children children(*this, id);
+        if (const auto expand = node.kind().expand)
+            expand(node, children);
+        nodes_[id].firstChild = first;
+        nodes_[id].childCount = static_cast<std::uint32_t>(nodes_.size()) - first;
+    }
+    for (std::size_t i = 0; i < root().childCount(); ++i) {
+        const NodeView network = root().child(i);
+        LogPrint(g_log, 2, "NID=%#x", network.data<Network>().original_network_id);
+        LogPrint(g_log, 2, "CTransponderTableListPaneWnd::SetTable(%#x,Network&,%#zx)",
+                 network.id(), reinterpret_cast<std::size_t>(valuePane));
+    }
+    LogPrint(g_log, 2, "All networks processed");
+}
+
+void Tree::clear()
+{
+    nodes_.clear();
+}
+
+} // namespace tessaview

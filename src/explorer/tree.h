@@ -1,0 +1,106 @@
+#pragma once
+
+#include "explorer/node_kind.h"
+#include "model/network_map.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace tessaview {
+
+class Tree;
+
+/// The place of a node in its tree; the root is 0.
+using NodeId = std::uint32_t;
+
+/// One node of a tree, for as long as the tree is not rebuilt or cleared.
+class NodeView {
+public:
+    NodeView(const Tree& tree, NodeId id) : tree_(&tree), id_(id) {}
+
+    NodeId id() const { return id_; }
+    const NodeKind& kind() const;
+    /// What the node stands for, of the type its kind fixes.
+    template <class T>
+    const T& data() const
+    {
+        return *static_cast<const T*>(address());
+    }
+    const void* address() const;
+    /// The place among siblings of its list, or kOnly for the only one.
+    std::uint32_t ordinal() const;
+    std::string label() const { return kind().label(*this); }
+    /// What the value pane shows of it; none unless its kind's item is Filled.
+    ValueRows rows() const;
+
+    bool isRoot() const { return id_ == 0; }
+    NodeView parent() const;
+    std::size_t childCount() const;
+    NodeView child(std::size_t row) const;
+    /// The place among all children of the parent.
+    std::size_t row() const;
+
+    /// How texts of this node are read: the tree's rules, for the network it was found in.
+    DisplayContext context() const;
+
+private:
+    const Tree* tree_;
+    NodeId id_;
+};
+
+/// Takes the children of one node while it is expanded.
+class Children {
+public:
+    Children(Tree& tree, NodeId parent) : tree_(tree), parent_(parent) {}
+
+    /// A node of the kind that stands for `data`; null for a mere heading.
+    void add(const NodeKind& kind, const void* data, std::uint32_t ordinal = kOnly);
+
+    static constexpr std::uint32_t kOnly = 0xFFFFFFFF;
+
+private:
+    Tree& tree_;
+    NodeId parent_;
+};
+
+/// The whole model as one tree, free of any toolkit. Nodes are a few dozen bytes; labels and rows
+/// are made on demand. Nodes point into the model, so the tree is cleared before the model
+/// changes, always.
+class Tree {
+public:
+    Tree() = default;
+    Tree(const Tree&) = delete;
+    Tree& operator=(const Tree&) = delete;
+
+    /// Builds the tree anew in one pass and logs the networks. `valuePane` is only named in the
+    /// log. Throws std::length_error for more than 2^32 - 1 nodes.
+    void rebuild(const NetworkMap& model, const void* valuePane = nullptr);
+    /// Forgets all nodes.
+    void clear();
+
+    bool empty() const { return nodes_.empty(); }
+    std::size_t size() const { return nodes_.size(); }
+    NodeView root() const { return {*this, 0}; }
+
+    /// How texts are shown; read whenever a label or row is made.
+    CharsetRules charsets;
+
+private:
+    friend class NodeView;
+    friend class Children;
+
+    struct Node {
+        const NodeKind* kind;
+        const void* data;
+        NodeId parent;
+        NodeId firstChild;
+        std::uint32_t childCount;
+        std::uint32_t ordinal;
+    };
+
+    std::vector<Node> nodes_;
+};
+
+} // namespace tessaview
