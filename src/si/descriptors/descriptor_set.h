@@ -1,5 +1,8 @@
 #pragma once
 
+#include "si/descriptors/delivery_descriptors.h"
+#include "si/descriptors/mpeg_descriptors.h"
+#include "si/descriptors/network_descriptors.h"
 #include "si/descriptors/typed_lists.h"
 
 #include <cstdint>
@@ -11,6 +14,37 @@ namespace lib13818 {
 /// file and enter it here: dispatch, copies and the tree's check follow.
 // clang-format off
 struct DescriptorClasses : ClassList<
+    /* 0x02 */ DescriptorVideoStream,
+    /* 0x03 */ DescriptorAudioStream,
+    /* 0x04 */ DescriptorHierarchy,
+    /* 0x05 */ DescriptorRegistration,
+    /* 0x06 */ DescriptorDataStreamAlignment,
+    /* 0x07 */ DescriptorTargetBackgroundGrid,
+    /* 0x08 */ DescriptorVideoWindow,
+    /* 0x09 */ DescriptorCA,
+    /* 0x0A */ DescriptorISO639Language,
+    /* 0x0B */ DescriptorSystemClock,
+    /* 0x0C */ DescriptorMultiplexBufferUtilization,
+    /* 0x0D */ DescriptorCopyright,
+    /* 0x0E */ DescriptorMaximumBitrate,
+    /* 0x0F */ DescriptorPrivateDataIndicator,
+    /* 0x10 */ DescriptorSmoothingBuffer,
+    /* 0x11 */ DescriptorSTD,
+    /* 0x12 */ DescriptorIBP,
+    /* 0x40 */ DescriptorNetworkName,
+    /* 0x41 */ DescriptorServiceList,
+    /* 0x47 */ DescriptorBouquetName,
+    /* 0x48 */ DescriptorService,
+    /* 0x42 */ DescriptorStuffing,
+    /* 0x43 */ DescriptorSatelliteDeliverySystem,
+    /* 0x44 */ DescriptorCableDeliverySystem,
+    /* 0x49 */ DescriptorCountryAvailability,
+    /* 0x4A */ DescriptorLinkage,
+    /* 0x5A */ DescriptorTerrestrialDeliverySystem,
+    /* 0x5F */ DescriptorPrivateDataSpecifier,
+    /* 0x60 */ DescriptorServiceMove,
+    /* 0x62 */ DescriptorFrequencyList,
+    /* 0x53 */ DescriptorCAIdentifier,
     HighUserPrivate,
     LowUserPrivate> {};
 // clang-format on

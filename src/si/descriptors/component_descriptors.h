@@ -1,0 +1,92 @@
+#pragma once
+
+#include "si/descriptors/descriptor.h"
+
+#include <cstdint>
+#include <vector>
+
+// What the components of a service are: pictures, sound, teletext, subtitles and the lines of the
+// vertical blanking interval (EN 300 468, 6.2).
+
+namespace lib13818 {
+
+/// Each entry is kept raw; throws code 2 unless the entries end with the descriptor.
+class DescriptorVBIData final : public DescriptorOf<0x45, "VBI_data_descriptor"> {
+public:
+    explicit DescriptorVBIData(DescriptorReader in);
+
+    struct VBIDataService {
+        explicit VBIDataService(BitReader& in);
+
+        int data_service_id;
+        int data_service_descriptor_length;
+        std::vector<uint8_t> data_service_descriptor;
+    };
+    std::vector<VBIDataService> entries;
+};
+
+struct TeletextInfo {
+    explicit TeletextInfo(BitReader& in);
+
+    Code ISO_639_language_code;
+    int teletext_type;
+    int teletext_magazine_number; ///< 0 is magazine 8
+    int teletext_page_number;     ///< two hexadecimal digits
+};
+
+class DescriptorVBITeletext final : public DescriptorOf<0x46, "VBI_teletext_descriptor"> {
+public:
+    explicit DescriptorVBITeletext(DescriptorReader in);
+    void clear() override { entries.clear(); }
+
+    std::vector<TeletextInfo> entries;
+};
+
+class DescriptorComponent final : public DescriptorOf<0x50, "component_descriptor"> {
+public:
+    explicit DescriptorComponent(DescriptorReader in);
+    void dumpBody(std::ostream& out) const override;
+
+    int stream_content;
+    int component_type;
+    int component_tag;
+    Code ISO_639_language_code;
+    StrippedText text;
+};
+
+class DescriptorStreamIdentifier final : public DescriptorOf<0x52, "stream_identifier_descriptor"> {
+public:
+    explicit DescriptorStreamIdentifier(DescriptorReader in);
+    void dumpBody(std::ostream& out) const override;
+
+    int component_tag;
+};
+
+class DescriptorTeletext final : public DescriptorOf<0x56, "teletext_descriptor"> {
+public:
+    explicit DescriptorTeletext(DescriptorReader in);
+    void dumpBody(std::ostream& out) const override;
+    void clear() override { entries.clear(); }
+
+    std::vector<TeletextInfo> entries;
+};
+
+struct SubtitlingInfo {
+    explicit SubtitlingInfo(BitReader& in);
+
+    Code ISO_639_language_code;
+    int subtitling_type;
+    int composition_page_id;
+    int ancillary_page_id;
+};
+
+class DescriptorSubtitling final : public DescriptorOf<0x59, "subtitling_descriptor"> {
+public:
+    explicit DescriptorSubtitling(DescriptorReader in);
+    void dumpBody(std::ostream& out) const override;
+    void clear() override { entries.clear(); }
+
+    std::vector<SubtitlingInfo> entries;
+};
+
+} // namespace lib13818

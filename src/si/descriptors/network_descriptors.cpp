@@ -1,0 +1,152 @@
+#include "si/descriptors/network_descriptors.h"
+
+#include "si/dump.h"
+#include "si/error.h"
+
+namespace lib13818 {
+
+DescriptorNetworkName::DescriptorNetworkName(DescriptorReader in)
+    : DescriptorOf(in)
+    , network_name(in.restText())
+{
+}
+
+void DescriptorNetworkName::dumpBody(std::ostream& out) const
+{
+    line(out, "network_name: ", network_name);
+}
+
+DescriptorServiceList::DescriptorServiceList(DescriptorReader in) : DescriptorOf(in)
+{
+    in.requireRecordsOf(3);
+    while (!in.atEnd())
+        services.push_back({.service_id = in.u16(), .service_type = in.u8()});
+}
+
+void DescriptorServiceList::dumpBody(std::ostream& out) const
+{
+    for (const Info& service : services) {
+        line(out, "service_id ", service.service_id);
+        line(out, "service_type ", service.service_type);
+    }
+}
+
+DescriptorStuffing::DescriptorStuffing(DescriptorReader in)
+    : DescriptorOf(in)
+    , stuffing_byte(in.rest())
+{
+}
+
+void DescriptorStuffing::dumpBody(std::ostream& out) const
+{
+    if (stuffing_byte.empty())
+        return;
+    line(out, "stuffing_byte:", "");
+    hexDump(out, stuffing_byte);
+}
+
+DescriptorBouquetName::DescriptorBouquetName(DescriptorReader in)
+    : DescriptorOf(in)
+    , bouquet_name(in.restText())
+{
+}
+
+void DescriptorBouquetName::dumpBody(std::ostream& out) const
+{
+    line(out, "bouquet_name: ", bouquet_name);
+}
+
+DescriptorService::DescriptorService(DescriptorReader in)
+    : DescriptorOf(in)
+    , service_type(in.u8())
+    , provider_name(in.countedText())
+    , service_name(in.countedText())
+{
+}
+
+void DescriptorService::dumpBody(std::ostream& out) const
+{
+    line(out, "service_type ", service_type);
+    line(out, "provider_name ", provider_name);
+    line(out, "service_name ", service_name);
+}
+
+DescriptorCountryAvailability::DescriptorCountryAvailability(DescriptorReader in)
+    : DescriptorOf(in)
+    , country_availability_flag(in.bits(1))
+{
+    if ((in.length - 1) % 3 != 0)
+        throw error(kBadContent, "country_availability_descriptor");
+    in.skip(7);
+    while (!in.atEnd())
+        country_code.push_back(in.text(3));
+}
+
+void DescriptorCountryAvailability::dumpBody(std::ostream& out) const
+{
+    line(out, "country_availability_flag: ", country_availability_flag);
+    for (const std::string& code : country_code)
+        line(out, "country_code: ", code);
+}
+
+DescriptorLinkage::DescriptorLinkage(DescriptorReader in)
+    : DescriptorOf(in)
+    , transport_stream_id(in.u16())
+    , original_network_id(in.u16())
+    , service_id(in.u16())
+    , linkage_type(in.u8())
+    , private_data_byte(in.rest())
+{
+}
+
+void DescriptorLinkage::dumpBody(std::ostream& out) const
+{
+    line(out, "transport_stream_id: ", transport_stream_id);
+    line(out, "original_network_id: ", original_network_id);
+    line(out, "service_id: ", service_id);
+    line(out, "linkage_type: ", linkage_type);
+    if (private_data_byte.empty())
+        return;
+    line(out, "private_data_byte:", "");
+    hexDump(out, private_data_byte);
+}
+
+DescriptorCAIdentifier::DescriptorCAIdentifier(DescriptorReader in) : DescriptorOf(in)
+{
+    while (in.bytesLeft() >= 2)
+        CA_system_id.push_back(in.u16());
+}
+
+void DescriptorCAIdentifier::dumpBody(std::ostream& out) const
+{
+    for (const int id : CA_system_id)
+        line(out, "CA_system_id: ", id);
+}
+
+DescriptorPrivateDataSpecifier::DescriptorPrivateDataSpecifier(DescriptorReader in)
+    : DescriptorOf(in)
+    , private_data_specifier(in.u32())
+{
+}
+
+void DescriptorPrivateDataSpecifier::dumpBody(std::ostream& out) const
+{
+    line(out, "private_data_specifier: ", private_data_specifier);
+}
+
+DescriptorServiceMove::DescriptorServiceMove(DescriptorReader in)
+    : DescriptorOf(in)
+    , new_original_network_id(in.u16())
+    , new_transport_stream_id(in.u16())
+    , new_service_id(in.u16())
+{
+}
+
+void DescriptorServiceMove::dumpBody(std::ostream& out) const
+{
+    line(out, "new_original_network_id: ", new_original_network_id);
+    line(out, "new_transport_stream_id: ", new_transport_stream_id);
+    line(out, "new_service_id: ", new_service_id);
+}
+
+} // namespace lib13818

@@ -1,0 +1,113 @@
+#pragma once
+
+#include "si/descriptors/descriptor.h"
+
+#include <string>
+#include <vector>
+
+// Descriptors that name and link networks, bouquets and services (EN 300 468, 6.2). Texts are the
+// broadcast's own bytes, character table selector included.
+
+namespace lib13818 {
+
+class DescriptorNetworkName final : public DescriptorOf<0x40, "network_name_descriptor"> {
+public:
+    explicit DescriptorNetworkName(DescriptorReader in);
+    void dumpBody(std::ostream& out) const override;
+    void clear() override { network_name.clear(); }
+
+    std::string network_name;
+};
+
+class DescriptorServiceList final : public DescriptorOf<0x41, "service_list_descriptor"> {
+public:
+    explicit DescriptorServiceList(DescriptorReader in);
+    void dumpBody(std::ostream& out) const override;
+
+    struct Info {
+        int service_id;
+        int service_type;
+    };
+    std::vector<Info> services;
+};
+
+class DescriptorStuffing final : public DescriptorOf<0x42, "stuffing_descriptor"> {
+public:
+    explicit DescriptorStuffing(DescriptorReader in);
+    void dumpBody(std::ostream& out) const override;
+    void clear() override { stuffing_byte.clear(); }
+
+    std::vector<uint8_t> stuffing_byte;
+};
+
+class DescriptorBouquetName final : public DescriptorOf<0x47, "bouquet_name_descriptor"> {
+public:
+    explicit DescriptorBouquetName(DescriptorReader in);
+    void dumpBody(std::ostream& out) const override;
+    void clear() override { bouquet_name.clear(); }
+
+    std::string bouquet_name;
+};
+
+class DescriptorService final : public DescriptorOf<0x48, "service_descriptor"> {
+public:
+    explicit DescriptorService(DescriptorReader in);
+    void dumpBody(std::ostream& out) const override;
+
+    int service_type;
+    std::string provider_name;
+    std::string service_name;
+};
+
+class DescriptorCountryAvailability final
+    : public DescriptorOf<0x49, "country_availability_descriptor"> {
+public:
+    explicit DescriptorCountryAvailability(DescriptorReader in);
+    void dumpBody(std::ostream& out) const override;
+
+    int country_availability_flag;
+    std::vector<std::string> country_code; ///< three bytes each
+};
+
+class DescriptorLinkage final : public DescriptorOf<0x4A, "linkage_descriptor"> {
+public:
+    explicit DescriptorLinkage(DescriptorReader in);
+    void dumpBody(std::ostream& out) const override;
+    void clear() override { private_data_byte.clear(); }
+
+    int transport_stream_id;
+    int original_network_id;
+    int service_id;
+    int linkage_type;
+    std::vector<uint8_t> private_data_byte; ///< whatever the linkage type
+};
+
+class DescriptorCAIdentifier final : public DescriptorOf<0x53, "CA_system_id_descriptor"> {
+public:
+    explicit DescriptorCAIdentifier(DescriptorReader in);
+    void dumpBody(std::ostream& out) const override;
+    void clear() override { CA_system_id.clear(); }
+
+    std::vector<int> CA_system_id;
+};
+
+class DescriptorPrivateDataSpecifier final
+    : public DescriptorOf<0x5F, "private_data_specifier_descriptor"> {
+public:
+    explicit DescriptorPrivateDataSpecifier(DescriptorReader in);
+    void dumpBody(std::ostream& out) const override;
+
+    uint32_t private_data_specifier;
+};
+
+class DescriptorServiceMove final : public DescriptorOf<0x60, "service_move_descriptor"> {
+public:
+    explicit DescriptorServiceMove(DescriptorReader in);
+    void dumpBody(std::ostream& out) const override;
+
+    int new_original_network_id;
+    int new_transport_stream_id;
+    int new_service_id;
+};
+
+} // namespace lib13818
