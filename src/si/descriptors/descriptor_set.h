@@ -1,7 +1,13 @@
 #pragma once
 
+#include "si/descriptors/cell_descriptors.h"
+#include "si/descriptors/component_descriptors.h"
 #include "si/descriptors/delivery_descriptors.h"
+#include "si/descriptors/event_descriptors.h"
+#include "si/descriptors/further_descriptors.h"
+#include "si/descriptors/mosiac_descriptor.h"
 #include "si/descriptors/mpeg_descriptors.h"
+#include "si/descriptors/multilingual_descriptors.h"
 #include "si/descriptors/network_descriptors.h"
 #include "si/descriptors/typed_lists.h"
 
@@ -40,12 +46,48 @@ struct DescriptorClasses : ClassList<
     /* 0x44 */ DescriptorCableDeliverySystem,
     /* 0x49 */ DescriptorCountryAvailability,
     /* 0x4A */ DescriptorLinkage,
+    /* 0x4B */ DescriptorNVODReference,
+    /* 0x4C */ DescriptorTimeShiftedService,
+    /* 0x51 */ DescriptorMosiac,
+    /* 0x52 */ DescriptorStreamIdentifier,
+    /* 0x55 */ DescriptorParentalRating,
+    /* 0x57 */ DescriptorTelephone,
+    /* 0x59 */ DescriptorSubtitling,
     /* 0x5A */ DescriptorTerrestrialDeliverySystem,
+    /* 0x5B */ DescriptorMultilingualNetworkName,
+    /* 0x5C */ DescriptorMultilingualBouquetName,
+    /* 0x5D */ DescriptorMultilingualServiceName,
+    /* 0x5E */ DescriptorMultilingualComponent,
     /* 0x5F */ DescriptorPrivateDataSpecifier,
     /* 0x60 */ DescriptorServiceMove,
+    /* 0x61 */ DescriptorShortSmoothingBuffer,
+    /* 0x45 */ DescriptorVBIData,
+    /* 0x46 */ DescriptorVBITeletext,
     /* 0x62 */ DescriptorFrequencyList,
+    /* 0x63 */ DescriptorPartialTransportStream,
+    /* 0x64 */ DescriptorDataBroadcast,
+    /* 0x66 */ DescriptorDataBroadcastId,
+    /* 0x67 */ DescriptorTransportStream,
+    /* 0x68 */ DescriptorDSNG,
+    /* 0x69 */ DescriptorPDC,
+    /* 0x6A */ DescriptorAC3,
+    /* 0x6B */ DescriptorAncillaryData,
+    /* 0x6C */ DescriptorCellList,
+    /* 0x6D */ DescriptorCellFrequencyLink,
+    /* 0x6E */ DescriptorAnnouncementSupport,
+    /* 0x6F */ DescriptorApplicationSignalling,
+    /* 0x70 */ DescriptorAdaptationFieldData,
+    /* 0x71 */ DescriptorServiceIdentifier,
+    /* 0x72 */ DescriptorServiceAvailability,
     /* 0x53 */ DescriptorCAIdentifier,
+    /* 0x54 */ DescriptorContent,
     HighUserPrivate,
+    /* 0x4D */ DescriptorShortEvent,
+    /* 0x4E */ DescriptorExtendedEvent,
+    /* 0x4F */ DescriptorTimeShiftedEvent,
+    /* 0x50 */ DescriptorComponent,
+    /* 0x58 */ DescriptorLocalTimeOffset,
+    /* 0x56 */ DescriptorTeletext,
     LowUserPrivate> {};
 // clang-format on
 

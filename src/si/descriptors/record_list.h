@@ -4,9 +4,17 @@
 #include "si/error.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 namespace lib13818 {
+
+/// The next `length` bytes, cut at the end.
+inline std::vector<uint8_t> readBytes(BitReader& in, int length)
+{
+    const auto bytes = in.take(length);
+    return {bytes.begin(), bytes.end()};
+}
 
 /// The error of a range that is no whole number of records.
 struct Refusal {
