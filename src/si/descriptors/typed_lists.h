@@ -183,7 +183,8 @@ public:
     static constexpr std::array<uint8_t, 256> kListOfTag = [] {
         std::array<uint8_t, 256> lists{};
         for (std::size_t tag = 0; tag < lists.size(); ++tag)
-            lists[tag] = tag < 0x80 ? kIndex<LowUserPrivate> : kIndex<HighUserPrivate>;
+            lists[tag] = static_cast<uint8_t>(tag < 0x80 ? kIndex<LowUserPrivate>
+                                                         : kIndex<HighUserPrivate>);
         forEachType([&]<class List>() {
             if constexpr (requires { List::kTag; }) {
                 if (lists[List::kTag] != kIndex<LowUserPrivate>)
