@@ -95,8 +95,7 @@ void DescriptorCA::dumpBody(std::ostream& out) const
 {
     out << "sys_id: " << std::hex << std::setw(4) << CA_system_id;
     line(out, " ", caProviderText(CA_system_id));
-    out << "pid: " << std::setw(4);
-    line(out, "", CA_PID);
+    line(out, "pid: ", CA_PID, 4);
     if (private_data_byte.empty())
         return;
     line(out, "private data:", "");

@@ -1,0 +1,62 @@
+#include "si/network_table.h"
+
+#include "si/dump.h"
+
+#include <type_traits>
+
+namespace lib13818 {
+
+namespace {
+
+/// The part of a loop that consists of whole descriptors, of one kind with regard to its tag.
+template <class Take>
+void forEachDescriptor(std::span<const uint8_t> loop, Take take)
+{
+    for (; loop.size() >= 2 && loop.size() >= 2U + loop[1]; loop = loop.subspan(2U + loop[1]))
+        take(loop.data());
+}
+
+} // namespace
+
+static_assert(std::is_nothrow_move_constructible_v<TransportStreamEntry>);
+
+TransportStreamEntry::TransportStreamEntry(BitReader& loop)
+    : transport_stream_id(require(loop, 6).u16())
+    , original_network_id(loop.u16())
+    , transport_descriptors_length(loop.skip(4).bits(12))
+{
+    walkEntry(descriptors, loop.take(transport_descriptors_length));
+}
+
+void NetworkTable::clear()
+{
+    caDescriptors.clear();
+    transportStreams.clear();
+}
+
+void NetworkTable::parsePayload(const uint8_t* body)
+{
+    BitReader in = payload(body);
+    const int firstLoopLength = require(in, 2).skip(4).bits(12);
+    const auto firstLoop = require(in, firstLoopLength).take(firstLoopLength);
+    forEachDescriptor(firstLoop, [this](const uint8_t* descriptor) {
+        if (descriptor[0] == DescriptorCA::kTag)
+            caDescriptors.emplace_back(descriptor);
+        else
+            descriptors.add(descriptor);
+    });
+    const int streamLoopLength = require(in, 2).skip(4).bits(12);
+    BitReader loop = takeLoop(in, streamLoopLength);
+    while (!loop.atEnd())
+        transportStreams.emplace_back(loop);
+    requireExactEnd(loop);
+}
+
+void NetworkTable::dumpEntry(std::ostream& out, const TransportStreamEntry& entry)
+{
+    line(out, "stream_id ", entry.transport_stream_id);
+    line(out, "original_network_id ", entry.original_network_id);
+    dumpList<LowUserPrivate>(out, entry.descriptors);
+}
+
+} // namespace lib13818
