@@ -48,7 +48,8 @@ private:
     std::filesystem::path file_;
 };
 
-/// "tessaview3/settings.json" in the user's folder for configuration.
+/// "tessaview3/settings.json" in the user's folder for configuration; empty when there is no place
+/// for it.
 std::filesystem::path defaultSettingsFile();
 
 } // namespace tessaview

@@ -1,0 +1,216 @@
+#include "log/log_file.h"
+
+#include "log/log_line.h"
+
+#include <array>
+#include <cctype>
+#include <cstdarg>
+#include <cstdlib>
+#include <sys/time.h>
+#include <system_error>
+#include <unistd.h>
+
+namespace tessaview {
+
+constinit CLogFile g_log;
+
+namespace {
+
+constexpr std::size_t kBufferBytes = 1024;
+
+std::string formattedTime(const LogTime& time)
+{
+    // Unlike strftime, this form does not change with the user's language.
+    std::array<char, 64> text{};
+    if (!ctime_r(&time.seconds, text.data()))
+        return "??? ?? ??:??:??";
+    return {text.data() + 4, 15};
+}
+
+/// Milliseconds as "%.3lf" seconds, with a point in every locale.
+std::string formattedSeconds(long long milliseconds)
+{
+    const unsigned long long size = milliseconds < 0
+                                        ? 0ULL - static_cast<unsigned long long>(milliseconds)
+                                        : static_cast<unsigned long long>(milliseconds);
+    std::array<char, 32> text{};
+    std::snprintf(text.data(), text.size(), "%s%llu.%03llu", milliseconds < 0 ? "-" : "",
+                  size / 1000, size % 1000);
+    return text.data();
+}
+
+bool hasThreeLetterExtension(const std::string& path)
+{
+    const auto isLetter = [&](std::size_t fromEnd) {
+        return std::isalpha(static_cast<unsigned char>(path[path.size() - fromEnd])) != 0;
+    };
+    return path[path.size() - 4] == '.' && isLetter(3) && isLetter(2) && isLetter(1);
+}
+
+bool isWritable(const std::filesystem::path& file)
+{
+    if (::access(file.c_str(), F_OK) == 0)
+        return ::access(file.c_str(), W_OK) == 0;
+    const std::filesystem::path folder = file.parent_path();
+    return ::access(folder.empty() ? "." : folder.c_str(), W_OK) == 0;
+}
+
+/// The program's folder below the user's folder for state; empty when there is no place for it.
+std::filesystem::path stateFolder()
+{
+    std::filesystem::path base;
+    if (const char* given = std::getenv("XDG_STATE_HOME"); given && *given == '/')
+        base = given;
+    else if (const char* home = std::getenv("HOME"); home && *home == '/')
+        base = std::filesystem::path(home) / ".local/state";
+    else
+        return {};
+    std::filesystem::path folder = base / "tessaview3";
+    std::error_code failure;
+    std::filesystem::create_directories(folder, failure);
+    return folder;
+}
+
+template <class... Arguments>
+void append(std::string& line, const char* format, Arguments... arguments)
+{
+    std::array<char, 64> text{};
+    std::snprintf(text.data(), text.size(), format, arguments...);
+    line += text.data();
+}
+
+} // namespace
+
+LogTime currentTime()
+{
+    timeval now{};
+    gettimeofday(&now, nullptr);
+    return {.seconds = now.tv_sec, .milliseconds = static_cast<std::uint16_t>(now.tv_usec / 1000)};
+}
+
+int CLogFile::Open(const std::string& path, std::uint32_t openFlags, std::uint32_t prefixFlags,
+                   std::int32_t maxLevel)
+{
+    const std::lock_guard lock(mutex_);
+    if (isOpen_)
+        return 4;
+    if (openFlags == 0)
+        return 6;
+    prefixFlags_ = prefixFlags;
+    maxLevel_ = maxLevel;
+    lineNumber_ = 0;
+    start_ = clock_();
+    if (!(openFlags & log_open::kFile) && !(openFlags & log_open::kDebugger))
+        return 5;
+    if (openFlags & log_open::kFile) {
+        file_.reset(std::fopen(path.c_str(), "we"));
+        if (!file_)
+            return 1;
+    }
+    openFlags_ = openFlags;
+    isOpen_ = true;
+    return 0;
+}
+
+void CLogFile::SetLevel(std::int32_t maxLevel)
+{
+    const std::lock_guard lock(mutex_);
+    maxLevel_ = maxLevel;
+}
+
+bool CLogFile::accepts(std::int32_t level) const
+{
+    const std::lock_guard lock(mutex_);
+    return isAccepted(level);
+}
+
+bool CLogFile::isAccepted(std::int32_t level) const
+{
+    return isOpen_ && maxLevel_ >= 0 && level <= maxLevel_;
+}
+
+std::string CLogFile::prefixes(std::int32_t level) const
+{
+    const LogTime now = clock_();
+    std::string line;
+    if (prefixFlags_ & log_prefix::kLineNumber)
+        append(line, "%4ld - ", static_cast<long>(lineNumber_));
+    if (prefixFlags_ & log_prefix::kTime)
+        append(line, "%.15s.%3hu - ", formattedTime(now).c_str(), now.milliseconds);
+    if (prefixFlags_ & log_prefix::kElapsed) {
+        const long long elapsed = (static_cast<long long>(now.seconds) - start_.seconds) * 1000 +
+                                  now.milliseconds - start_.milliseconds;
+        append(line, "(%s) - ", formattedSeconds(elapsed).c_str());
+    }
+    if (prefixFlags_ & log_prefix::kLevel)
+        append(line, "<%ld> - ", static_cast<long>(level));
+    return line;
+}
+
+int CLogFile::WriteLine(std::string_view text, std::int32_t level)
+{
+    const std::lock_guard lock(mutex_);
+    if (!isAccepted(level))
+        return 0;
+    ++lineNumber_;
+    std::string line = prefixes(level);
+    const std::string message = asOneLine(text);
+    line += cutAtCharacter(message, kBufferBytes - 2 - line.size());
+    if (file_) {
+        static_cast<void>(std::fputs((line + "\r\n").c_str(), file_.get()));
+        static_cast<void>(std::fflush(file_.get()));
+    }
+    if (openFlags_ & log_open::kDebugger && std::getenv("TESSAVIEW_DEBUG"))
+        static_cast<void>(std::fputs((line + "\n").c_str(), stderr));
+    return 0;
+}
+
+int CLogFile::Close()
+{
+    const std::lock_guard lock(mutex_);
+    if (!isOpen_)
+        return 2;
+    const bool hadFile = file_ != nullptr;
+    file_.reset();
+    isOpen_ = false;
+    return hadFile ? 0 : 2;
+}
+
+int LogPrint(CLogFile& log, std::int32_t level, const char* format, ...)
+{
+    if (!log.accepts(level))
+        return 0;
+    std::array<char, kBufferBytes> message{};
+    std::va_list arguments;
+    va_start(arguments, format);
+    std::vsnprintf(message.data(), message.size(), format, arguments);
+    va_end(arguments);
+    return log.WriteLine(message.data(), level);
+}
+
+std::string logPathFor(const std::filesystem::path& executable)
+{
+    std::string path = executable.string();
+    if (path.size() < 5)
+        return "quorva.txt";
+    if (hasThreeLetterExtension(path))
+        path.replace(path.size() - 3, 3, "txt");
+    else
+        path += ".txt";
+    if (isWritable(path))
+        return path;
+    const std::filesystem::path folder = stateFolder();
+    return folder.empty() ? path : (folder / std::filesystem::path(path).filename()).string();
+}
+
+int openApplicationLog(const std::string& path)
+{
+    const int status = g_log.Open(
+        path, log_open::kFile | log_open::kDebugger,
+        log_prefix::kTime | log_prefix::kElapsed | log_prefix::kLevel | log_prefix::kLineNumber, 0);
+    g_log.SetLevel(log_level::kDetail);
+    LogPrint(g_log, log_level::kInformation, "Starting Tessaview 3");
+    return status;
+}
+
+} // namespace tessaview

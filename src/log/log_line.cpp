@@ -1,0 +1,41 @@
+#include "log/log_line.h"
+
+namespace tessaview {
+
+std::string_view cutAtCharacter(std::string_view text, std::size_t limit)
+{
+    if (text.size() <= limit)
+        return text;
+    const auto continues = [&](std::size_t i) {
+        return (static_cast<unsigned char>(text[i]) & 0xC0) == 0x80;
+    };
+    // A character has at most three bytes after its first; what goes on longer is no UTF-8.
+    std::size_t end = limit;
+    while (end > 0 && limit - end < 3 && continues(end))
+        --end;
+    return text.substr(0, continues(end) ? limit : end);
+}
+
+std::string asOneLine(std::string_view text)
+{
+    std::string line;
+    line.reserve(text.size());
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const auto c = static_cast<unsigned char>(text[i]);
+        const auto next = static_cast<unsigned char>(i + 1 < text.size() ? text[i + 1] : 0);
+        if (c < 0x20) {
+            line += "\xE2\x90";
+            line += static_cast<char>(0x80 + c);
+        } else if (c == 0x7F) {
+            line += "\xE2\x90\xA1";
+        } else if (c == 0xC2 && next >= 0x80 && next <= 0x9F) {
+            line += "\xEF\xBF\xBD";
+            ++i;
+        } else {
+            line += text[i];
+        }
+    }
+    return line;
+}
+
+} // namespace tessaview
