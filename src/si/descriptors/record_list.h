@@ -46,6 +46,7 @@ std::vector<Record> readRecordsToEnd(BitReader& in, Refusal refusal)
         records.emplace_back(in);
     if (!in.exactlyAtEnd())
         throw error(refusal.code, refusal.message);
+    records.shrink_to_fit(); // an event keeps its items for as long as the model lives
     return records;
 }
 
