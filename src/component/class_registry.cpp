@@ -16,7 +16,7 @@ namespace {
 using Json = nlohmann::json;
 using EntryPoint = Status (*)(const Guid* clsid, const Guid* iid, void** object);
 
-constexpr std::size_t kMaxManifestBytes = 64U * 1024U;
+constexpr std::size_t kMaxManifestBytes = 1U << 16U;
 
 std::string contentOf(const std::filesystem::path& file)
 {
@@ -165,11 +165,11 @@ Status ClassRegistry::createInstance(const Guid& clsid, const Guid& iid, void** 
         return status::kClassNotRegistered;
     }
     Status result = status::kOk;
-    const EntryPoint create = entryPointOf(found->library, reason, result);
-    if (!create)
+    const EntryPoint enter = entryPointOf(found->library, reason, result);
+    if (!enter)
         return result;
     void* created = nullptr;
-    result = guarded([&] { return create(&clsid, &iid, &created); });
+    result = guarded([&] { return enter(&clsid, &iid, &created); });
     if (failed(result)) {
         reason = found->library.string() + " did not create an object";
         return result;

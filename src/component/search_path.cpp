@@ -20,20 +20,26 @@ void appendPathList(std::vector<std::filesystem::path>& folders, std::string_vie
     }
 }
 
+/// The environment variable when it holds an absolute path, else null. Nothing here sets any.
+const char* absolutePath(const char* variable)
+{
+    const char* const value = std::getenv(variable); // NOLINT(concurrency-mt-unsafe): only read
+    return value && *value == '/' ? value : nullptr;
+}
+
 } // namespace
 
 std::vector<std::filesystem::path> componentSearchPath()
 {
     std::vector<std::filesystem::path> folders;
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): only read
     if (const char* list = std::getenv("TESSAVIEW_COMPONENT_PATH"))
         appendPathList(folders, list);
 
-    const char* const data = std::getenv("XDG_DATA_HOME");
-    const char* const home = std::getenv("HOME");
     const std::filesystem::path below = "Tessaview 3/components";
-    if (data && *data == '/')
+    if (const char* data = absolutePath("XDG_DATA_HOME"))
         folders.push_back(data / below);
-    else if (home && *home == '/')
+    else if (const char* home = absolutePath("HOME"))
         folders.push_back(std::filesystem::path(home) / ".local/share" / below);
 
     std::error_code failure;

@@ -55,13 +55,20 @@ bool isWritable(const std::filesystem::path& file)
     return ::access(folder.empty() ? "." : folder.c_str(), W_OK) == 0;
 }
 
+/// The environment variable when it holds an absolute path, else null. Nothing here sets any.
+const char* absolutePath(const char* variable)
+{
+    const char* const value = std::getenv(variable); // NOLINT(concurrency-mt-unsafe): only read
+    return value && *value == '/' ? value : nullptr;
+}
+
 /// The program's folder below the user's folder for state; empty when there is no place for it.
 std::filesystem::path stateFolder()
 {
     std::filesystem::path base;
-    if (const char* given = std::getenv("XDG_STATE_HOME"); given && *given == '/')
+    if (const char* given = absolutePath("XDG_STATE_HOME"))
         base = given;
-    else if (const char* home = std::getenv("HOME"); home && *home == '/')
+    else if (const char* home = absolutePath("HOME"))
         base = std::filesystem::path(home) / ".local/state";
     else
         return {};
@@ -107,7 +114,8 @@ int CLogFile::Open(const std::string& path, std::uint32_t openFlags, std::uint32
         if (!file_)
             return 1;
     }
-    openFlags_ = openFlags;
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): only read
+    isMirrored_ = (openFlags & log_open::kDebugger) && std::getenv("TESSAVIEW_DEBUG");
     isOpen_ = true;
     return 0;
 }
@@ -160,7 +168,7 @@ int CLogFile::WriteLine(std::string_view text, std::int32_t level)
         static_cast<void>(std::fputs((line + "\r\n").c_str(), file_.get()));
         static_cast<void>(std::fflush(file_.get()));
     }
-    if (openFlags_ & log_open::kDebugger && std::getenv("TESSAVIEW_DEBUG"))
+    if (isMirrored_)
         static_cast<void>(std::fputs((line + "\n").c_str(), stderr));
     return 0;
 }

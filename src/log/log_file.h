@@ -72,7 +72,7 @@ private:
     LogTime (*clock_)();
     std::unique_ptr<std::FILE, FileCloser> file_;
     bool isOpen_ = false;
-    std::uint32_t openFlags_ = 0;
+    bool isMirrored_ = false;
     std::uint32_t prefixFlags_ = 0;
     std::int32_t maxLevel_ = 0;
     std::int32_t lineNumber_ = 0;

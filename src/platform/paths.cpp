@@ -10,9 +10,16 @@ namespace tessaview {
 
 namespace {
 
+/// The environment variable when it holds an absolute path, else null. Nothing here sets any.
+const char* absolutePath(const char* variable)
+{
+    const char* const value = std::getenv(variable); // NOLINT(concurrency-mt-unsafe): only read
+    return value && *value == '/' ? value : nullptr;
+}
+
 std::filesystem::path homeFolder()
 {
-    if (const char* home = std::getenv("HOME"); home && *home == '/')
+    if (const char* home = absolutePath("HOME"))
         return home;
     passwd entry{};
     passwd* found = nullptr;
@@ -27,7 +34,7 @@ std::filesystem::path homeFolder()
 
 std::filesystem::path userBaseFolder(const char* variable, const char* belowHome)
 {
-    if (const char* given = std::getenv(variable); given && *given == '/')
+    if (const char* given = absolutePath(variable))
         return given;
     const std::filesystem::path home = homeFolder();
     return home.empty() ? home : home / belowHome;
