@@ -8,10 +8,16 @@ namespace tessaview {
 /// above success. Callers test only the sign and report the value.
 using Status = std::int32_t;
 
-constexpr bool failed(Status status) { return status < 0; }
+constexpr bool failed(Status status)
+{
+    return status < 0;
+}
 
 /// The value as the "%#x" and "%08X" of messages print it.
-constexpr unsigned statusCode(Status status) { return static_cast<unsigned>(status); }
+constexpr unsigned statusCode(Status status)
+{
+    return static_cast<unsigned>(status);
+}
 
 namespace status {
 constexpr Status kOk = 0;
