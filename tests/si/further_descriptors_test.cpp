@@ -47,9 +47,10 @@ TEST(TelephoneDescriptor, clearEmptiesItsFiveTexts)
 
 TEST(ShortSmoothingBufferDescriptor, dumpsReservedBytesOnlyWhenItHasSome)
 {
+    const std::string fourteenGaps(42, ' ');
     EXPECT_EQ(dumpOf("61 03 A1 41 FF"), "descriptor_tag: 61 short_smoothing_buffer_descriptor\n"
                                         "sb_size: 2\nsb_leak_rate: 21\nDVB_reserved:\n41 ff " +
-                                            std::string(3 * 14, ' ') + " : A.\n");
+                                            fourteenGaps + " : A.\n");
     const std::string bare = "sb_size: 1\nsb_leak_rate: 3f\n";
     EXPECT_EQ(dumpOf("61 01 7F"), "descriptor_tag: 61 short_smoothing_buffer_descriptor\n" + bare);
     EXPECT_EQ(test::clearedDump<DescriptorShortSmoothingBuffer>("61 02 7F 41"), bare);

@@ -94,9 +94,9 @@ public:
 protected:
     using Descriptor::Descriptor;
     DescriptorOf(const DescriptorOf&) = default;
-    DescriptorOf(DescriptorOf&&) = default;
+    DescriptorOf(DescriptorOf&&) noexcept = default;
     DescriptorOf& operator=(const DescriptorOf&) = default;
-    DescriptorOf& operator=(DescriptorOf&&) = default;
+    DescriptorOf& operator=(DescriptorOf&&) noexcept = default;
     ~DescriptorOf() = default;
 };
 

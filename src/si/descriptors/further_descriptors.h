@@ -96,7 +96,7 @@ class DescriptorAC3 final : public DescriptorOf<0x6A, "AC3_descriptor"> {
 public:
     explicit DescriptorAC3(DescriptorReader in);
 
-    const char* componentTypeText() const { return "to be implemented"; }
+    static const char* componentTypeText() { return "to be implemented"; }
 
     int component_type_flag;
     int bsid_flag;
