@@ -1,0 +1,87 @@
+#include "drivers/capture/tuning_match.h"
+
+#include <algorithm>
+
+namespace tessaview {
+
+namespace {
+
+constexpr std::uint32_t kSatelliteTolerance = 300; // 10 kHz
+constexpr std::uint32_t kCableTolerance = 5000;    // 100 Hz
+constexpr std::uint32_t kTerrestrialTolerance = 50000; // 10 Hz
+
+std::uint32_t frequencyOf(const SatelliteTuning& tuning)
+{
+    return tuning.frequency;
+}
+
+std::uint32_t frequencyOf(const CableTuning& tuning)
+{
+    return tuning.frequency;
+}
+
+std::uint32_t frequencyOf(const TerrestrialTuning& tuning)
+{
+    return tuning.centre_frequency;
+}
+
+/// The capture nearest in frequency among those that `fits(capture, its tuning)` admits.
+template <class Tuning, class Fits>
+std::optional<std::size_t> nearest(std::span<const Capture> captures, const Tuning& tuning,
+                                   std::uint32_t tolerance, Fits fits)
+{
+    std::optional<std::size_t> found;
+    std::uint32_t distance = tolerance;
+    for (std::size_t i = 0; i < captures.size(); ++i) {
+        const auto* const own = std::get_if<Tuning>(&captures[i].tuning);
+        if (!own || !fits(captures[i], *own))
+            continue;
+        const std::uint32_t a = frequencyOf(*own);
+        const std::uint32_t b = frequencyOf(tuning);
+        const std::uint32_t apart = std::max(a, b) - std::min(a, b);
+        if (apart < distance || (apart == distance && !found)) {
+            found = i;
+            distance = apart;
+        }
+    }
+    return found;
+}
+
+bool sameOrbit(const SatelliteTuning& a, const SatelliteTuning& b)
+{
+    if (a.orbital_position == 0 || b.orbital_position == 0)
+        return true;
+    return a.orbital_position == b.orbital_position && a.west_east_flag == b.west_east_flag;
+}
+
+} // namespace
+
+std::optional<std::size_t> findCapture(std::span<const Capture> captures,
+                                       std::string_view satellite, const SatelliteTuning& tuning)
+{
+    const bool isKnown =
+        !satellite.empty() &&
+        std::any_of(captures.begin(), captures.end(),
+                    [&](const Capture& capture) { return capture.satellite == satellite; });
+    return nearest(captures, tuning, kSatelliteTolerance,
+                   [&](const Capture& capture, const SatelliteTuning& own) {
+                       return (!isKnown || capture.satellite == satellite) &&
+                              own.polarization == tuning.polarization && sameOrbit(own, tuning);
+                   });
+}
+
+std::optional<std::size_t> findCapture(std::span<const Capture> captures,
+                                       const CableTuning& tuning)
+{
+    return nearest(captures, tuning, kCableTolerance,
+                   [](const Capture&, const CableTuning&) { return true; });
+}
+
+std::optional<std::size_t> findCapture(std::span<const Capture> captures,
+                                       const TerrestrialTuning& tuning)
+{
+    return nearest(captures, tuning, kTerrestrialTolerance,
+                   [](const Capture&, const TerrestrialTuning&) { return true; });
+}
+
+} // namespace tessaview
