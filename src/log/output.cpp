@@ -1,24 +1,60 @@
 #include "log/output.h"
 
+#include <condition_variable>
 #include <cstdarg>
 #include <cstdio>
+#include <memory>
 #include <mutex>
-#include <shared_mutex>
 #include <string>
+#include <utility>
 
 namespace tessaview {
 
 namespace {
 
-std::shared_mutex installing;
-OutputSink* installed = nullptr; // guarded by installing
+/// A sink from its installation until its last call has returned.
+struct Installation {
+    OutputSink* sink = nullptr;
+    int running = 0; ///< calls
+};
+
+std::mutex installing;
+std::condition_variable callEnded;
+std::shared_ptr<Installation> installed; // guarded by installing, as are its calls
+
+/// The right to call the installed sink, if there is one.
+class Call {
+public:
+    Call()
+    {
+        const std::lock_guard lock(installing);
+        installation_ = installed;
+        if (installation_)
+            ++installation_->running;
+    }
+    Call(const Call&) = delete;
+    Call& operator=(const Call&) = delete;
+    ~Call()
+    {
+        if (!installation_)
+            return;
+        const std::lock_guard lock(installing);
+        --installation_->running;
+        callEnded.notify_all();
+    }
+
+    OutputSink* sink() const { return installation_ ? installation_->sink : nullptr; }
+
+private:
+    std::shared_ptr<Installation> installation_;
+};
 
 } // namespace
 
 void OutputPrint(const char* format, ...)
 {
-    const std::shared_lock lock(installing);
-    if (!installed)
+    const Call call;
+    if (!call.sink())
         return;
     std::va_list arguments;
     va_start(arguments, format);
@@ -29,20 +65,23 @@ void OutputPrint(const char* format, ...)
     std::string line(length > 0 ? static_cast<std::size_t>(length) : 0, '\0');
     std::vsnprintf(line.data(), line.size() + 1, format, again);
     va_end(again);
-    installed->print(line);
+    call.sink()->print(line);
 }
 
 void OutputClear()
 {
-    const std::shared_lock lock(installing);
-    if (installed)
-        installed->clear();
+    const Call call;
+    if (call.sink())
+        call.sink()->clear();
 }
 
 void installOutputSink(OutputSink* sink)
 {
-    const std::unique_lock lock(installing);
-    installed = sink;
+    auto next = sink ? std::make_shared<Installation>(Installation{.sink = sink}) : nullptr;
+    std::unique_lock lock(installing);
+    const auto former = std::exchange(installed, std::move(next));
+    if (former)
+        callEnded.wait(lock, [&] { return former->running == 0; });
 }
 
 } // namespace tessaview

@@ -1,0 +1,116 @@
+#include "component/bstr.h"
+
+#include <cstring>
+#include <limits>
+
+#include <gtest/gtest.h>
+
+using namespace tessaview;
+
+namespace {
+
+struct Conversion {
+    const char* rule;
+    std::string utf8;
+    std::u16string utf16;
+};
+
+void PrintTo(const Conversion& conversion, std::ostream* out)
+{
+    *out << conversion.rule;
+}
+
+class WellFormed : public testing::TestWithParam<Conversion> {};
+
+TEST_P(WellFormed, textGoesBothWays)
+{
+    EXPECT_EQ(toUtf16(GetParam().utf8), GetParam().utf16);
+    EXPECT_EQ(toUtf8(GetParam().utf16), GetParam().utf8);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Bstr, WellFormed,
+    testing::Values(
+        Conversion{"empty", "", u""},
+        Conversion{"outermost of one byte", {"\0\x7F", 2}, {u"\u0000\u007F", 2}},
+        Conversion{"outermost of two bytes", "\xC2\x80\xDF\xBF", u"\u0080\u07FF"},
+        Conversion{"outermost of three bytes", "\xE0\xA0\x80\xEF\xBF\xBF", u"\u0800\uFFFF"},
+        Conversion{"around the surrogates", "\xED\x9F\xBF\xEE\x80\x80", u"\uD7FF\uE000"},
+        Conversion{"outermost of four bytes", "\xF0\x90\x80\x80\xF4\x8F\xBF\xBF",
+                   u"\U00010000\U0010FFFF"}));
+
+struct IllFormed {
+    const char* rule;
+    std::string utf8;
+    std::u16string utf16;
+};
+
+void PrintTo(const IllFormed& text, std::ostream* out)
+{
+    *out << text.rule;
+}
+
+class IllFormedUtf8 : public testing::TestWithParam<IllFormed> {};
+
+TEST_P(IllFormedUtf8, everyStrayByteIsReplaced)
+{
+    EXPECT_EQ(toUtf16(GetParam().utf8), GetParam().utf16);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Bstr, IllFormedUtf8,
+    testing::Values(IllFormed{"lone continuation", "a\x80z", u"a\uFFFDz"},
+                    IllFormed{"cut at the end", "a\xE2\x82", u"a\uFFFD\uFFFD"},
+                    IllFormed{"cut by another character", "\xE2\x82z", u"\uFFFD\uFFFDz"},
+                    IllFormed{"overlong slash", "\xC0\xAF", u"\uFFFD\uFFFD"},
+                    IllFormed{"overlong in three", "\xE0\x9F\xBF", u"\uFFFD\uFFFD\uFFFD"},
+                    IllFormed{"surrogate", "\xED\xA0\x80", u"\uFFFD\uFFFD\uFFFD"},
+                    IllFormed{"beyond the last", "\xF4\x90\x80\x80", u"\uFFFD\uFFFD\uFFFD\uFFFD"},
+                    IllFormed{"never a byte", "\xFE\xFF", u"\uFFFD\uFFFD"}));
+
+TEST(Bstr, replacesUnpairedSurrogates)
+{
+    const std::u16string swapped{0xDC00, 0xD800, u'z', 0xDBFF};
+    EXPECT_EQ(toUtf8(swapped), "\xEF\xBF\xBD\xEF\xBF\xBDz\xEF\xBF\xBD");
+}
+
+TEST(Bstr, hasItsLengthInBytesInFrontAndAZeroBehind)
+{
+    const Bstr text(std::u16string_view(u"a\0b", 3));
+    std::uint32_t length = 0;
+    std::memcpy(&length, reinterpret_cast<const char*>(text.get()) - sizeof length, sizeof length);
+    EXPECT_EQ(length, 6U);
+    EXPECT_EQ(text.get()[3], 0);
+    EXPECT_EQ(text.view(), std::u16string_view(u"a\0b", 3));
+}
+
+TEST(Bstr, isClearedWhenItIsToBeFilledIn)
+{
+    char16_t* const text = TessaviewBstrAlloc(nullptr, 4);
+    ASSERT_NE(text, nullptr);
+    EXPECT_EQ(std::u16string_view(text, TessaviewBstrLength(text)), std::u16string(4, u'\0'));
+    TessaviewBstrFree(text);
+}
+
+TEST(Bstr, refusesALengthThatDoesNotFit)
+{
+    EXPECT_EQ(TessaviewBstrAlloc(nullptr, std::numeric_limits<std::size_t>::max()), nullptr);
+    EXPECT_EQ(TessaviewBstrAlloc(nullptr, 0x80000000U), nullptr);
+}
+
+TEST(Bstr, takesNullForEmpty)
+{
+    EXPECT_EQ(bstrToUtf8(nullptr), "");
+    EXPECT_EQ(Bstr().utf8(), "");
+    TessaviewBstrFree(nullptr);
+}
+
+TEST(Bstr, releasesWhatItHeldWhenItIsFilledAnew)
+{
+    Bstr text("old");
+    *text.put() = TessaviewBstrAlloc(u"new", 3);
+    Bstr moved = std::move(text);
+    EXPECT_EQ(moved.utf8(), "new"); // the leak check sees the rest
+}
+
+} // namespace
