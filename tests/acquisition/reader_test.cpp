@@ -1,0 +1,398 @@
+#include "acquisition/reader.h"
+
+#include "component/task_memory.h"
+#include "tests/acquisition/recorder.h"
+#include "tests/acquisition/scripted_driver.h"
+#include "tests/acquisition/task_memory_watch.h"
+#include "tests/multiplex/descriptors.h"
+#include "tests/multiplex/sections.h"
+#include "tests/support/bytes.h"
+
+#include <functional>
+#include <future>
+#include <gmock/gmock.h>
+#include <thread>
+
+namespace {
+
+using namespace tessaview; // NOLINT(google-build-using-namespace)
+using test::Bytes;
+using test::Lines;
+using test::ScriptedDriver;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+const Bytes kSatellite = test::satelliteDelivery(
+    {.frequency = 1175725, .orbitalPosition = 192, .polarization = 1, .fecInner = 5});
+
+/// A satellite's transport stream 0451 of network 0001 with every table.
+test::Air wholeAir()
+{
+    const test::ListedStream stream{
+        .stream = 0x0451, .network = 0x0001, .descriptors = {kSatellite}};
+    return {
+        {{0x0000, 0x00}, {test::pat(0x0451, {{0, 0x0010}, {0xFFFE, 0x1FFE}, {2, 0x0200}})}},
+        {{0x0010, 0x40}, {test::nit(0x40, 0x3001, {}, {stream})}},
+        {{0x0011, 0x42}, {test::sdt(0x42, 0x0451, 0x0001, {})}},
+        {{0x0001, 0x01}, {test::cat({test::conditionalAccess(0x0500, 0x0123)})}},
+        {{0x0011, 0x4A}, {test::bat(0xF0F1, {}, {})}},
+        {{0x0014, 0x70}, {test::tdt(0xC079, 124500)}},
+        {{0x0014, 0x73}, {test::tot(0xC079, 124500, {})}},
+        {{0x0013, 0x71}, {test::rst({{0x0451, 0x0001, 0x0002, 0x0003, 4}})}},
+        {{0x0010, 0x41},
+         {test::nit(0x41, 0x3002, {}, {}), test::nit(0x41, 0xFFFF, {}, {}, {.number = 0xFF})}},
+        {{0x0011, 0x46}, {test::sdt(0x46, 0xFFFF, 0xFFFE, {}, {.number = 0xFF})}},
+        {{0x0012, 0x4E}, {test::eit(0x4E, 0x0002, 0x0451, 0x0001, {})}},
+        {{0x0012, 0x4F}, {test::eit(0x4F, 0xFFFC, 0xFFFD, 0xFFFE, {}, {.number = 0xFF})}},
+        {{0x0012, 0x50}, {test::eit(0x50, 0x0003, 0x0451, 0x0001, {})}},
+        {{0x0012, 0x60}, {test::eit(0x60, 0x0004, 0x0452, 0x0001, {})}},
+        {{0x1FFE, 0x02, 0xFFFE}, {test::pmt(0xFFFE, 0x1FFE, {}), test::pmt(0xFFFE, 0x0064, {})}},
+        {{0x0200, 0x02, 0x0002}, {test::pmt(0x0002, 0x0064, {})}},
+    };
+}
+
+/// The same section with a bit flipped, so that its CRC_32 fails.
+Bytes damaged(Bytes section)
+{
+    section.back() ^= 1;
+    return section;
+}
+
+struct Reading : testing::Test {
+    ReadOutcome read(SiTableMask tables = 0)
+    {
+        Reader reader(static_cast<IDriverInfo*>(driver.get()), cancelled,
+                      TableSelection::fixed(tables));
+        return reader.ReadCurrentTransponder(model);
+    }
+    const Transponder* stored() const { return model.find(0x0001, 0x0451); }
+
+    Reading() { driver->air = wholeAir(); }
+
+    void TearDown() override
+    {
+        EXPECT_EQ(test::liveTaskBlocks(), blocksBefore) << "something was not released";
+        EXPECT_EQ(test::wrongReleases(), 0);
+    }
+
+    std::size_t blocksBefore = test::liveTaskBlocks();
+    std::atomic<bool> cancelled = false;
+    NetworkMap model;
+    test::Recorder recorder;
+    ComPtr<ScriptedDriver> driver = ScriptedDriver::make();
+};
+
+TEST_F(Reading, storesEveryTableWhereItBelongs)
+{
+    ASSERT_EQ(read(kAllTables), ReadOutcome::Stored);
+    ASSERT_TRUE(stored());
+    const Transponder& t = *stored();
+
+    EXPECT_EQ(model.begin()->second.original_network_id, 0x0001);
+    EXPECT_EQ(t.transport_stream_id, 0x0451);
+    EXPECT_EQ(t.pat.programs.size(), 3);
+    EXPECT_TRUE(t.nitActual.at(0x3001).at(0x00).parsed);
+    EXPECT_TRUE(t.nitOther.at(0x3002).at(0x00).parsed && t.nitOther.at(0xFFFF).at(0xFF).parsed);
+    EXPECT_TRUE(t.sdtActual.at(0x0001).at(0x0451).at(0x00).parsed);
+    EXPECT_TRUE(t.sdtOther.at(0xFFFE).at(0xFFFF).at(0xFF).parsed);
+    EXPECT_TRUE(t.cat.parsed && t.rst.parsed && t.tot.parsed && t.tdt.parsed);
+    EXPECT_EQ(t.bat.table_id_extension, 0xF0F1);
+    EXPECT_TRUE(t.eitPfActual.at(0x0001).at(0x0451).at(0x0002).at(0x00).parsed);
+    EXPECT_TRUE(t.eitPfOther.at(0xFFFE).at(0xFFFD).at(0xFFFC).at(0xFF).parsed);
+    EXPECT_TRUE(t.eitScheduleActual.at(0x0001).at(0x0451).at(0x0003).at(0x00).parsed);
+    EXPECT_TRUE(t.eitScheduleOther.at(0x0001).at(0x0452).at(0x0004).at(0x00).parsed);
+    ASSERT_THAT(t.pmts, SizeIs(2));
+    EXPECT_EQ(t.pmts[0].PCR_PID, 0x1FFE) << "the first section counts";
+    EXPECT_EQ(t.pmts[1].table_id_extension, 0x0002);
+    EXPECT_EQ(transponderText(t), "0451 - 11757V 7/8 27500");
+}
+
+TEST_F(Reading, tellsEveryStep)
+{
+    read(kAllTables);
+    EXPECT_THAT(
+        recorder.printed(),
+        ElementsAre("Got SI tables", "Got 1 PAT sections", "Got 1 NIT sections",
+                    "Got 1 SDT sections", "Got 1 CAT sections", "Got 1 RST sections",
+                    "Got 1 TOT sections", "Got 1 TDT sections", "Got 1 BAT sections",
+                    "Got 2 NIT 0x41 sections", "Got 1 SDT 0x46 sections", "Got 1 EIT 0x4e sections",
+                    "Got 1 EIT 0x4f sections", "Got 1 EIT 0x50 sections", "Got 1 EIT 0x60 sections",
+                    "Got 2 PMT section(s) for SID FFFE", "Got 1 PMT section(s) for SID 0002"));
+    EXPECT_THAT(recorder.logged(),
+                ElementsAre("<4> - Got 1 EIT 0x4e sections", "<4> - 4E B0 0F 00",
+                            "<4> - Got 1 EIT 0x4f sections", "<4> - Got 1 EIT 0x50 sections",
+                            "<4> - Got 1 EIT 0x60 sections"));
+}
+
+TEST_F(Reading, asksForTheFirstBatchAndThenForThePrograms)
+{
+    read(si_table::kPmt);
+    EXPECT_THAT(driver->calls, ElementsAre("ReadTables", "GetTunerType", "ReadTables"));
+    EXPECT_THAT(driver->waitLimits, ElementsAre(30, 30));
+    EXPECT_THAT(driver->batches, ElementsAre(SizeIs(3), SizeIs(2)));
+}
+
+TEST_F(Reading, asksForNoProgramsUnlessPmtIsChosen)
+{
+    EXPECT_EQ(read(kAllTables & ~si_table::kPmt), ReadOutcome::Stored);
+    EXPECT_THAT(driver->batches, SizeIs(1));
+    EXPECT_THAT(stored()->pmts, IsEmpty());
+}
+
+TEST_F(Reading, asksForAnEmptyBatchWhenThereIsNoProgram)
+{
+    driver->air[{0x0000, 0x00}] = {test::pat(0x0451, {{0, 0x0010}})};
+    EXPECT_EQ(read(si_table::kPmt), ReadOutcome::Stored);
+    EXPECT_THAT(driver->batches, ElementsAre(SizeIs(3), IsEmpty()));
+    EXPECT_THAT(stored()->pmts, IsEmpty());
+}
+
+struct Ending {
+    const char* name;
+    std::function<void(Reading&)> script;
+    ReadOutcome outcome;
+    Lines printed;
+    Lines logged = {};
+};
+
+struct ReadingThatEnds : Reading, testing::WithParamInterface<Ending> {};
+
+TEST_P(ReadingThatEnds, saysSoAndStoresAccordingly)
+{
+    GetParam().script(*this);
+    EXPECT_EQ(read(si_table::kPmt), GetParam().outcome);
+    EXPECT_EQ(recorder.printed(), GetParam().printed);
+    EXPECT_EQ(recorder.logged(), GetParam().logged);
+    EXPECT_EQ(stored() != nullptr, GetParam().outcome == ReadOutcome::Stored);
+}
+
+std::function<void(Reading&)> answering(test::Wanted wanted, std::vector<Bytes> sections)
+{
+    return [=](Reading& reading) { reading.driver->air[wanted] = sections; };
+}
+
+std::function<void(Reading&)> cancelDuring(int call)
+{
+    return [=](Reading& reading) {
+        reading.driver->duringCall = [&reading, call](std::string_view operation, int time) {
+            if (operation == "ReadTables" && time == call)
+                reading.cancelled = true;
+        };
+    };
+}
+
+const Lines kGotTables{"Got SI tables", "Got 1 PAT sections", "Got 1 NIT sections",
+                       "Got 1 SDT sections"};
+
+Lines after(Lines lines, const Lines& more)
+{
+    lines.insert(lines.end(), more.begin(), more.end());
+    return lines;
+}
+
+const std::vector<Ending> kEndings{
+    {.name = "batchFails",
+     .script = [](Reading& r) { r.driver->failAt("ReadTables", status::kFail); },
+     .outcome = ReadOutcome::ReadFailed,
+     .printed = {"Failed to read SI: 0x80004005"}},
+    {.name = "noReaderInterface",
+     .script = [](Reading& r) { r.driver->missing = {ISectionReader::kId}; },
+     .outcome = ReadOutcome::ReadFailed,
+     .printed = {"Failed to read SI: 0x80004002"}},
+    {.name = "cancelledInFirstBatch",
+     .script = cancelDuring(0),
+     .outcome = ReadOutcome::Cancelled,
+     .printed = {}},
+    {.name = "cancelledInFailingBatch",
+     .script =
+         [](Reading& r) {
+             cancelDuring(0)(r);
+             r.driver->failAt("ReadTables", status::kFail);
+         },
+     .outcome = ReadOutcome::Cancelled,
+     .printed = {}},
+    {.name = "noPat",
+     .script = answering({0x0000, 0x00}, {}),
+     .outcome = ReadOutcome::NoPat,
+     .printed = {"Got SI tables", "Got 0 PAT sections"}},
+    {.name = "noPatDecodes",
+     .script = answering({0x0000, 0x00}, {damaged(test::pat(0x0451, {}))}),
+     .outcome = ReadOutcome::NoPat,
+     .printed = {"Got SI tables", "Got 1 PAT sections", "Error parsing PAT section"}},
+    {.name = "noNit",
+     .script = answering({0x0010, 0x40}, {}),
+     .outcome = ReadOutcome::NoNit,
+     .printed = {"Got SI tables", "Got 1 PAT sections", "Got 0 NIT sections"}},
+    {.name = "noSdt",
+     .script = answering({0x0011, 0x42}, {}),
+     .outcome = ReadOutcome::NoSdt,
+     .printed = {"Got SI tables", "Got 1 PAT sections", "Got 1 NIT sections",
+                 "Got 0 SDT sections"}},
+    {.name = "noSdtDecodes",
+     .script = answering({0x0011, 0x42}, {damaged(test::sdt(0x42, 0x0451, 1, {}))}),
+     .outcome = ReadOutcome::NoSdt,
+     .printed = after(kGotTables, {"Error parsing SDT section"})},
+    {.name = "tunerTypeFails",
+     .script = [](Reading& r) { r.driver->failAt("GetTunerType", status::kNotReady); },
+     .outcome = ReadOutcome::TunerFailed,
+     .printed = kGotTables},
+    {.name = "noControlInterface",
+     .script = [](Reading& r) { r.driver->missing = {IDriverControl::kId}; },
+     .outcome = ReadOutcome::TunerFailed,
+     .printed = kGotTables},
+    {.name = "cancelledInProgramBatch",
+     .script = cancelDuring(1),
+     .outcome = ReadOutcome::Cancelled,
+     .printed = kGotTables},
+    {.name = "programBatchFails",
+     .script = [](Reading& r) { r.driver->failAt("ReadTables", status::kFail, 1); },
+     .outcome = ReadOutcome::Stored,
+     .printed = kGotTables},
+    {.name = "noNitDecodes",
+     .script = answering({0x0010, 0x40}, {damaged(test::nit(0x40, 1, {}, {}))}),
+     .outcome = ReadOutcome::Stored,
+     .printed = {"Got SI tables", "Got 1 PAT sections", "Got 1 NIT sections",
+                 "Error parsing NIT section", "Got 1 SDT sections",
+                 "current TS not found in NIT - using tuner parameters",
+                 "Got 2 PMT section(s) for SID FFFE", "Got 1 PMT section(s) for SID 0002"},
+     .logged = {"<2> - current TS not found in NIT - using tuner parameters"}},
+    {.name = "onePmtMissingOneDamaged",
+     .script =
+         [](Reading& r) {
+             r.driver->air.erase({0x1FFE, 0x02, 0xFFFE});
+             r.driver->air[{0x0200, 0x02, 0x0002}] = {damaged(test::pmt(2, 100, {})),
+                                                      test::pmt(2, 100, {})};
+         },
+     .outcome = ReadOutcome::Stored,
+     .printed =
+         after(kGotTables, {"Got 0 PMT section(s) for SID FFFE",
+                            "Got 2 PMT section(s) for SID 0002", "Error parsing PMT section"})},
+};
+
+INSTANTIATE_TEST_SUITE_P(, ReadingThatEnds, testing::ValuesIn(kEndings),
+                         [](const auto& ending) { return ending.param.name; });
+
+TEST_F(Reading, leavesAStreamThatIsAlreadyThereAlone)
+{
+    ASSERT_EQ(read(), ReadOutcome::Stored);
+    const Transponder* const first = stored();
+    EXPECT_EQ(read(kAllTables), ReadOutcome::AlreadyThere);
+    EXPECT_EQ(stored(), first);
+    EXPECT_FALSE(first->cat.parsed);
+    EXPECT_EQ(recorder.printed(), after(kGotTables, kGotTables)) << "without a message";
+    EXPECT_THAT(driver->batches, SizeIs(2)) << "its programs are not read again";
+}
+
+TEST_F(Reading, keepsOneStreamIdentifierOfTwoNetworksApart)
+{
+    read();
+    driver->air[{0x0011, 0x42}] = {test::sdt(0x42, 0x0451, 0xFFFE, {})};
+    EXPECT_EQ(read(), ReadOutcome::Stored);
+    EXPECT_EQ(model.size(), 2);
+    EXPECT_TRUE(model.find(0xFFFE, 0x0451));
+}
+
+TEST_F(Reading, takesTheFirstPatThatDecodesAndTheNetworkOfTheLastSdt)
+{
+    driver->air[{0x0000, 0x00}] = {damaged(test::pat(0x0450, {})), test::pat(0x0451, {{1, 0x0100}}),
+                                   test::pat(0x0452, {{2, 0x0200}}, {.number = 1})};
+    driver->air[{0x0011, 0x42}] = {test::sdt(0x42, 0x0451, 2, {}),
+                                   test::sdt(0x42, 0x0451, 1, {}, {.number = 1}),
+                                   damaged(test::sdt(0x42, 0x0451, 3, {}))};
+    EXPECT_EQ(read(), ReadOutcome::Stored);
+    ASSERT_TRUE(stored());
+    EXPECT_THAT(stored()->pat.programs, SizeIs(1));
+    EXPECT_THAT(stored()->sdtActual, SizeIs(2));
+}
+
+TEST_F(Reading, countsADamagedSectionOnlyAgainstItself)
+{
+    for (auto& [wanted, sections] : driver->air)
+        if (wanted.table_id >= 0x40 && wanted.table_id < 0x70)
+            sections.push_back(damaged(sections.front()));
+    driver->air[{0x0001, 0x01}] = {damaged(test::cat({}))};
+    driver->air[{0x0014, 0x70}] = {test::hex("71 70 05 C0 79 12 45 00")};
+    driver->air[{0x0012, 0x50}].push_back(test::hex("50 30 00"));
+    ASSERT_EQ(read(kAllTables), ReadOutcome::Stored);
+    EXPECT_FALSE(stored()->cat.parsed || stored()->tdt.parsed);
+    EXPECT_TRUE(stored()->rst.parsed && stored()->bat.parsed);
+    EXPECT_THAT(stored()->eitPfOther, SizeIs(1));
+
+    Lines errors;
+    for (const std::string& line : recorder.printed())
+        if (line.starts_with("Error"))
+            errors.push_back(line);
+    EXPECT_THAT(
+        errors,
+        ElementsAre("Error parsing NIT section", "Error parsing SDT section",
+                    "Error parsing CAT section", "Error parsing TDT section",
+                    "Error parsing NIT 0x41 section", "Error parsing SDT 0x46 section",
+                    "Error parsing EIT 0x4e section: -1", "Error parsing EIT 0x4f section: -1",
+                    "Error parsing EIT 0x50 section: -1", "Error parsing EIT 0x50 section: -1",
+                    "Error parsing EIT 0x60 section: -1"));
+    EXPECT_THAT(recorder.logged(), testing::Contains("<1> - Error parsing EIT 0x4f section: -1"));
+}
+
+TEST_F(Reading, replacesAnEarlierSectionOfTheSameScheduleAndNumber)
+{
+    driver->air[{0x0012, 0x50}] = {test::eit(0x50, 3, 0x0451, 1, {}),
+                                   test::eit(0x51, 3, 0x0451, 1, {}),
+                                   test::eit(0x50, 3, 0x0451, 1, {}, {.number = 1})};
+    read(si_table::kEitScheduleActual);
+    const EitSections& sections = stored()->eitScheduleActual.at(0x0001).at(0x0451).at(0x0003);
+    EXPECT_THAT(sections, SizeIs(2));
+    EXPECT_EQ(sections.at(0).table_id, 0x51);
+}
+
+TEST_F(Reading, survivesAnswersThatAreNotTrue)
+{
+    driver->spoil = [](std::span<SectionList> answers) {
+        if (answers.size() == 2)
+            return;
+        TessaviewTaskMemFree(answers[3].sections[0]);
+        answers[3].sections[0] = nullptr; // CAT: a section that is missing
+        for (std::int32_t i = 0; i < answers[4].count; ++i)
+            TessaviewTaskMemFree(answers[4].sections[i]);
+        answers[4].count = -7; // BAT: an array, but a count below zero
+    };
+    EXPECT_EQ(read(si_table::kCat | si_table::kBat | si_table::kPmt), ReadOutcome::Stored);
+    EXPECT_THAT(recorder.printed(),
+                testing::IsSupersetOf(
+                    {"Got 1 CAT sections", "Error parsing CAT section", "Got -7 BAT sections"}));
+}
+
+TEST_F(Reading, letsGoOfTheDriver)
+{
+    read(kAllTables);
+    driver->AddRef();
+    EXPECT_EQ(driver->Release(), 1);
+}
+
+/// The flag of another thread, raised while the driver is busy.
+TEST_F(Reading, endsWhenAnotherThreadCancels)
+{
+    for (const int batch : {0, 1}) {
+        std::promise<void> inCall;
+        std::promise<void> raised;
+        cancelled = false;
+        driver = ScriptedDriver::make();
+        driver->air = wholeAir();
+        driver->duringCall = [&](std::string_view operation, int time) {
+            if (operation != "ReadTables" || time != batch)
+                return;
+            inCall.set_value();
+            raised.get_future().wait();
+        };
+        ReadOutcome outcome{};
+        std::jthread worker([&] { outcome = read(kAllTables); });
+        inCall.get_future().wait();
+        cancelled = true;
+        raised.set_value();
+        worker.join();
+        EXPECT_EQ(outcome, ReadOutcome::Cancelled);
+        EXPECT_TRUE(model.empty());
+    }
+}
+
+} // namespace
