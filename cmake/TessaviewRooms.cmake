@@ -62,7 +62,7 @@ function(tessaview_component name)
     PREFIX "" LIBRARY_OUTPUT_DIRECTORY ${TESSAVIEW_COMPONENT_DIR})
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR})
   target_link_libraries(${name} PRIVATE tessaview_options ${component_LINKS})
-  configure_file(${component_MANIFEST} ${TESSAVIEW_COMPONENT_DIR} COPYONLY)
+  configure_file(${component_MANIFEST} ${TESSAVIEW_COMPONENT_DIR}/${name}.component COPYONLY)
 endfunction()
 
 # tessaview_tests(FOLDER [LINKS target...]): the test program of one folder under tests/.

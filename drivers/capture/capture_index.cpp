@@ -187,7 +187,9 @@ private:
 
 Capture indexCapture(const fs::path& file, std::string satellite)
 {
-    Capture capture{.file = file, .satellite = std::move(satellite), .tuning = {}};
+    Capture capture;
+    capture.file = file;
+    capture.satellite = std::move(satellite);
     PacketFile packets(file);
     std::error_code unknown;
     capture.size = fs::file_size(file, unknown);

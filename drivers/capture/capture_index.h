@@ -12,8 +12,7 @@
 namespace tessaview {
 
 /// Under which parameters a capture was received, as far as its own NIT tells.
-using CaptureTuning =
-    std::variant<std::monostate, SatelliteTuning, CableTuning, TerrestrialTuning>;
+using CaptureTuning = std::variant<std::monostate, SatelliteTuning, CableTuning, TerrestrialTuning>;
 
 /// One captured stream and what was found out about it once.
 struct Capture {

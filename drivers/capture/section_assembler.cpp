@@ -32,8 +32,8 @@ std::span<const uint8_t> SectionAssembler::accept(const uint8_t* packet)
 
     const int counter = packet[3] & 0x0F;
     const std::span<const uint8_t> bytes(packet, kPacketSize);
-    if (counter == counter_ && std::equal(bytes.begin(), bytes.end(), previous_.begin(),
-                                          previous_.end()))
+    if (counter == counter_ &&
+        std::equal(bytes.begin(), bytes.end(), previous_.begin(), previous_.end()))
         return {};
     if (counter_ != kNoCounter && counter != (counter_ + 1) % 16)
         section_.clear(); // packets are missing in between

@@ -51,7 +51,7 @@ private:
     static constexpr uint8_t kStuffing = 0xFF;
     static constexpr int kNoCounter = -1;
 
-    std::vector<uint8_t> section_; // under way; empty between sections
+    std::vector<uint8_t> section_;  // under way; empty between sections
     std::vector<uint8_t> previous_; // the last packet, to tell a repetition
     int counter_ = kNoCounter;
 };

@@ -30,8 +30,8 @@ uint64_t identifiers(std::span<const uint8_t> section)
     if (table_id == 0x42 || table_id == 0x46)
         key |= static_cast<uint64_t>(u16(section, 8));
     else if (isEit(table_id))
-        key |= static_cast<uint64_t>(u16(section, 8)) << 16 |
-               static_cast<uint64_t>(u16(section, 10));
+        key |=
+            static_cast<uint64_t>(u16(section, 8)) << 16 | static_cast<uint64_t>(u16(section, 10));
     return key;
 }
 
@@ -54,8 +54,7 @@ bool SectionCollector::wants(std::span<const uint8_t> section) const
 {
     if (!wantsTable(section[0]))
         return false;
-    return request_.match_table_id_extension == 0 ||
-           u16(section, 3) == request_.table_id_extension;
+    return request_.match_table_id_extension == 0 || u16(section, 3) == request_.table_id_extension;
 }
 
 void SectionCollector::take(std::span<const uint8_t> section)
@@ -99,8 +98,8 @@ void SectionCollector::takeLong(std::span<const uint8_t> section)
     auto version = std::find_if(instance.versions.begin(), instance.versions.end(),
                                 [&](const Version& each) { return each.number == number; });
     if (version == instance.versions.end())
-        version = instance.versions.insert(
-            version, {.number = number, .sections = {}, .damaged = {}});
+        version =
+            instance.versions.insert(version, {.number = number, .sections = {}, .damaged = {}});
 
     const bool intact = isIntact(section);
     const std::size_t place = section[6];
@@ -117,9 +116,9 @@ void SectionCollector::takeLong(std::span<const uint8_t> section)
     ++version->count;
     if (!isEit(section[0]))
         instance.isComplete = version->isComplete();
-    isComplete_ = instance.isComplete &&
-                  request_.collection_mode ==
-                      static_cast<std::uint32_t>(CollectionMode::SingleInstance);
+    isComplete_ =
+        instance.isComplete &&
+        request_.collection_mode == static_cast<std::uint32_t>(CollectionMode::SingleInstance);
 }
 
 const SectionCollector::Version& SectionCollector::best(const Instance& instance)
@@ -147,9 +146,8 @@ const SectionCollector::Instance* SectionCollector::onlyInstance() const
                                        [](const Instance& each) { return each.isComplete; });
     if (complete != instances_.end())
         return &*complete;
-    const auto intact = std::find_if(instances_.begin(), instances_.end(), [](const Instance& each) {
-        return best(each).count > 0;
-    });
+    const auto intact = std::find_if(instances_.begin(), instances_.end(),
+                                     [](const Instance& each) { return best(each).count > 0; });
     if (intact != instances_.end())
         return &*intact;
     return instances_.empty() ? nullptr : &instances_.front();

@@ -6,8 +6,8 @@ namespace tessaview {
 
 namespace {
 
-constexpr std::uint32_t kSatelliteTolerance = 300; // 10 kHz
-constexpr std::uint32_t kCableTolerance = 5000;    // 100 Hz
+constexpr std::uint32_t kSatelliteTolerance = 300;     // 10 kHz
+constexpr std::uint32_t kCableTolerance = 5000;        // 100 Hz
 constexpr std::uint32_t kTerrestrialTolerance = 50000; // 10 Hz
 
 std::uint32_t frequencyOf(const SatelliteTuning& tuning)
@@ -59,10 +59,10 @@ bool sameOrbit(const SatelliteTuning& a, const SatelliteTuning& b)
 std::optional<std::size_t> findCapture(std::span<const Capture> captures,
                                        std::string_view satellite, const SatelliteTuning& tuning)
 {
-    const bool isKnown =
-        !satellite.empty() &&
-        std::any_of(captures.begin(), captures.end(),
-                    [&](const Capture& capture) { return capture.satellite == satellite; });
+    const bool isKnown = !satellite.empty() &&
+                         std::any_of(captures.begin(), captures.end(), [&](const Capture& capture) {
+                             return capture.satellite == satellite;
+                         });
     return nearest(captures, tuning, kSatelliteTolerance,
                    [&](const Capture& capture, const SatelliteTuning& own) {
                        return (!isKnown || capture.satellite == satellite) &&
@@ -70,8 +70,7 @@ std::optional<std::size_t> findCapture(std::span<const Capture> captures,
                    });
 }
 
-std::optional<std::size_t> findCapture(std::span<const Capture> captures,
-                                       const CableTuning& tuning)
+std::optional<std::size_t> findCapture(std::span<const Capture> captures, const CableTuning& tuning)
 {
     return nearest(captures, tuning, kCableTolerance,
                    [](const Capture&, const CableTuning&) { return true; });

@@ -4,17 +4,14 @@
 #include "platform/build_info.h"
 
 #include <CLI/CLI.hpp>
-
 #include <map>
 
 namespace tessaview {
 
 namespace {
 
-const std::map<std::string, OutputFormat> kFormats{{"tree", OutputFormat::Tree},
-                                                   {"values", OutputFormat::Values},
-                                                   {"json", OutputFormat::Json},
-                                                   {"none", OutputFormat::None}};
+const std::map<std::string, OutputFormat> kFormats{
+    {"tree", OutputFormat::Tree}, {"json", OutputFormat::Json}, {"none", OutputFormat::None}};
 
 constexpr const char* kFooter = R"(
 Tables are a comma-separated list of: pat, cat, pmt, bat, nit, nit-other, sdt, sdt-other, eit-pf,
@@ -55,7 +52,7 @@ ParsedOptions parseOptions(int argc, const char* const* argv)
         ->option_text("all|default|LIST|MASK");
     app.add_option("--format", format, "How to print it, default 'tree'")
         ->check(CLI::IsMember(kFormats))
-        ->option_text("tree|values|json|none");
+        ->option_text("tree|json|none");
     app.add_option("--log", options.log, "Write a log to this file")->option_text("FILE");
     app.add_flag("--quiet", options.quiet, "No progress lines on standard error");
 

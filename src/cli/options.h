@@ -7,7 +7,7 @@
 
 namespace tessaview {
 
-enum class OutputFormat { Tree, Values, Json, None };
+enum class OutputFormat { Tree, Json, None };
 
 /// The exit statuses of the shell tool.
 constexpr int kExitStored = 0;     ///< at least one transport stream was stored
@@ -19,7 +19,6 @@ struct Options {
     std::vector<std::string> captures;
     std::string driver; ///< a name or a class identifier; empty for none named
     bool listDrivers = false;
-    std::string charset; ///< the id of a character table; empty for automatic
     std::optional<std::uint32_t> tables; ///< the bits of this run; none: the stored selection
     OutputFormat format = OutputFormat::Tree;
     std::string log;

@@ -1,21 +1,17 @@
 #include "cli/print_tree.h"
 
 #include <nlohmann/json.hpp>
-
 #include <string>
 
 namespace tessaview {
 
 namespace {
 
-void printNode(std::ostream& out, const NodeView& node, bool withRows, std::size_t depth)
+void printNode(std::ostream& out, const NodeView& node, std::size_t depth)
 {
     out << std::string(2 * depth, ' ') << node.label() << '\n';
-    if (withRows)
-        for (const ValueRow& row : node.rows())
-            out << std::string(2 * depth + 4, ' ') << row.name << " = " << row.data << '\n';
     for (std::size_t i = 0; i < node.childCount(); ++i)
-        printNode(out, node.child(i), withRows, depth + 1);
+        printNode(out, node.child(i), depth + 1);
 }
 
 /// A JSON text in quotes.
@@ -30,14 +26,7 @@ void printJson(std::ostream& out, const NodeView& node, std::size_t depth)
 {
     const std::string indent(2 * depth, ' ');
     out << indent << R"({"label": )" << quoted(node.label()) << R"(, "kind": )"
-        << quoted(node.kind().name) << R"(, "values": [)";
-    const char* separator = "";
-    for (const ValueRow& row : node.rows()) {
-        out << separator << R"({"name": )" << quoted(row.name) << R"(, "data": )"
-            << quoted(row.data) << '}';
-        separator = ", ";
-    }
-    out << R"(], "children": [)";
+        << quoted(node.kind().name) << R"(, "values": [], "children": [)";
     for (std::size_t i = 0; i < node.childCount(); ++i) {
         out << (i == 0 ? "\n" : ",\n");
         printJson(out, node.child(i), depth + 1);
@@ -53,10 +42,7 @@ void printTree(std::ostream& out, const Tree& tree, OutputFormat format)
 {
     switch (format) {
     case OutputFormat::Tree:
-        printNode(out, tree.root(), false, 0);
-        break;
-    case OutputFormat::Values:
-        printNode(out, tree.root(), true, 0);
+        printNode(out, tree.root(), 0);
         break;
     case OutputFormat::Json:
         printJson(out, tree.root(), 0);

@@ -7,7 +7,7 @@
 
 namespace tessaview {
 
-/// Writes the whole tree in the format: a node per line, with its rows, or nested JSON objects.
+/// Writes the whole tree in the format: a node per line, or nested JSON objects.
 void printTree(std::ostream& out, const Tree& tree, OutputFormat format);
 
 } // namespace tessaview

@@ -154,7 +154,7 @@ int scan(const Options& options)
         complain("the log '" + options.log + "' cannot be written");
         return kExitWrongUsage;
     }
-    buildRegistries();
+    lib13818::buildRegistries();
     const ClassRegistry registry(componentSearchPath());
     const DriverList list = listDrivers(registry);
     if (options.listDrivers)

@@ -1,6 +1,5 @@
 #include "explorer/descriptor_nodes.h"
 
-#include "explorer/fields/descriptor_fields.h"
 #include "explorer/list_nodes.h"
 
 #include <array>
@@ -136,16 +135,14 @@ consteval bool hasOneGroup(const std::tuple<Group...>* /*groups*/)
 consteval bool everyListHasOneGroup()
 {
     bool all = true;
-    DescriptorSet::forEachType([&]<class List>() {
-        all = all && hasOneGroup<List>(static_cast<const Groups*>(nullptr));
-    });
+    DescriptorSet::forEachType(
+        [&]<class List>() { all = all && hasOneGroup<List>(static_cast<const Groups*>(nullptr)); });
     return all;
 }
 static_assert(everyListHasOneGroup(), "give every list of DescriptorSet one group");
 
 template <class... Group>
-void addGroups(const DescriptorSet& set, Children& children,
-               const std::tuple<Group...>* /*groups*/)
+void addGroups(const DescriptorSet& set, Children& children, const std::tuple<Group...>* /*groups*/)
 {
     (Group::addTo(set, children), ...);
 }

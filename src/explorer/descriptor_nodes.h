@@ -1,7 +1,6 @@
 #pragma once
 
 #include "explorer/tree.h"
-
 #include "si/descriptors/descriptor_set.h"
 
 namespace tessaview {

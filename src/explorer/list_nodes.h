@@ -1,6 +1,5 @@
 #pragma once
 
-#include "explorer/field_list.h"
 #include "explorer/tree.h"
 #include "si/descriptors/descriptor.h"
 
@@ -65,12 +64,9 @@ private:
                                      .label = entryLabel,
                                      .expand = expandLists<Entry, Nested...>,
                                      .item = NodeItem::Filled,
-                                     .fill = fillFields<Entry>,
                                      .menu = kMenuOf<Entry>};
-    static constexpr NodeKind kList{.name = "list",
-                                    .label = listLabel,
-                                    .expand = expandList,
-                                    .item = NodeItem::None};
+    static constexpr NodeKind kList{
+        .name = "list", .label = listLabel, .expand = expandList, .item = NodeItem::None};
 };
 
 /// A list that is a member of its owner.

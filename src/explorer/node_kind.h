@@ -1,7 +1,5 @@
 #pragma once
 
-#include "explorer/value_row.h"
-
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -35,8 +33,6 @@ struct NodeKind {
     /// Adds the children of a node; null for a leaf.
     void (*expand)(const NodeView& node, Children& children) = nullptr;
     NodeItem item = NodeItem::Plain;
-    /// The rows of what the node stands for; null unless the item is Filled.
-    ValueRows (*fill)(const void* data, const DisplayContext& context) = nullptr;
     ContextMenu menu = ContextMenu::None;
 };
 

@@ -1,7 +1,7 @@
 #include "explorer/table_nodes.h"
 
+#include "charset/display_text.h"
 #include "explorer/descriptor_nodes.h"
-#include "explorer/field_list.h"
 #include "explorer/list_nodes.h"
 #include "explorer/service_names.h"
 #include "explorer/stream_type_names.h"
@@ -96,39 +96,37 @@ void expandDescriptorsAndStreams(const NodeView& node, Children& children)
     children.add(Heading, &node.data<T>());
 }
 
-const Transponder& transponderOf(NodeView node)
+NodeView transportStreamOf(NodeView node)
 {
     while (&node.kind() != &transportStreamKind())
         node = node.parent();
-    return node.data<Transponder>();
+    return node;
 }
 
 std::string serviceName(const NodeView& node, std::uint32_t original_network_id,
                         std::uint32_t transport_stream_id, std::uint32_t service_id)
 {
-    const auto name = lookupServiceName(transponderOf(node), original_network_id,
-                                        transport_stream_id, service_id);
-    return name ? shownText(*name, node.context()) : "<service not in SDT>";
+    const auto name = lookupServiceName(transportStreamOf(node).data<Transponder>(),
+                                        original_network_id, transport_stream_id, service_id);
+    return name ? displayText(*name) : "<service not in SDT>";
 }
 
 // Kinds stand below the kinds of their children.
 
 // NIT
 
-constexpr NodeKind kNitStream{.name = "nit-transport-stream",
-                              .label = numbered<"%04X", TransportStreamEntry,
-                                                &TransportStreamEntry::transport_stream_id>,
-                              .expand = expandDescriptors<TransportStreamEntry>,
-                              .item = NodeItem::Filled,
-                              .fill = fillFields<TransportStreamEntry>};
+constexpr NodeKind kNitStream{
+    .name = "nit-transport-stream",
+    .label = numbered<"%04X", TransportStreamEntry, &TransportStreamEntry::transport_stream_id>,
+    .expand = expandDescriptors<TransportStreamEntry>,
+    .item = NodeItem::Filled};
 constexpr NodeKind kNitStreams{.name = "nit-transport-streams",
                                .label = fixed<"STREAM_INFO">,
                                .expand = expandList<Nit, &Nit::transportStreams, kNitStream>};
 constexpr NodeKind kNitSection{.name = "nit-section",
                                .label = numbered<"SECTION %04X", Nit, &Nit::section_number>,
                                .expand = expandDescriptorsAndStreams<Nit, kNitStreams>,
-                               .item = NodeItem::Filled,
-                               .fill = fillFields<Nit>};
+                               .item = NodeItem::Filled};
 constexpr NodeKind kNitNetwork{.name = "nit-network",
                                .label = keyed<"NID %04X", NitMap>,
                                .expand = expandSections<NitSections, kNitSection>};
@@ -144,13 +142,11 @@ constexpr NodeKind kNitOther{.name = "nit-other",
 constexpr NodeKind kSdtService{.name = "sdt-service",
                                .label = numbered<"%04x", SdtService, &SdtService::service_id>,
                                .expand = expandDescriptors<SdtService>,
-                               .item = NodeItem::Filled,
-                               .fill = fillFields<SdtService>};
+                               .item = NodeItem::Filled};
 constexpr NodeKind kSdtSection{.name = "sdt-section",
                                .label = numbered<"SECTION %04X", Sdt, &Sdt::section_number>,
                                .expand = expandList<Sdt, &Sdt::services, kSdtService>,
-                               .item = NodeItem::Filled,
-                               .fill = fillFields<Sdt>};
+                               .item = NodeItem::Filled};
 constexpr NodeKind kSdtStream{.name = "sdt-transport-stream",
                               .label = keyed<"TID %04X", SdtStreams>,
                               .expand = expandSections<SdtSections, kSdtSection>};
@@ -169,35 +165,24 @@ constexpr NodeKind kSdtOther{.name = "sdt-other",
 constexpr NodeKind kCat{.name = "cat",
                         .label = fixed<"CAT">,
                         .expand = expandDescriptors<Cat>,
-                        .item = NodeItem::Filled,
-                        .fill = fillFields<Cat>};
-constexpr NodeKind kBat{.name = "bat",
-                        .label = fixed<"BAT">,
-                        .item = NodeItem::Filled,
-                        .fill = fillFields<Bat>};
+                        .item = NodeItem::Filled};
+constexpr NodeKind kBat{.name = "bat", .label = fixed<"BAT">, .item = NodeItem::Filled};
 constexpr NodeKind kPatProgram{.name = "pat-program",
                                .label = numbered<"%04X", PatProgram, &PatProgram::program_number>,
-                               .item = NodeItem::Filled,
-                               .fill = fillFields<PatProgram>};
+                               .item = NodeItem::Filled};
 constexpr NodeKind kPat{.name = "pat",
                         .label = fixed<"PAT">,
                         .expand = expandList<Pat, &Pat::programs, kPatProgram>,
-                        .item = NodeItem::Filled,
-                        .fill = fillFields<Pat>};
+                        .item = NodeItem::Filled};
 constexpr NodeKind kRst{.name = "rst",
                         .label = fixed<"RST">,
                         .expand = expandLists<Rst, EntryList<&Rst::entries, "ITEM">>,
-                        .item = NodeItem::Filled,
-                        .fill = fillFields<Rst>};
-constexpr NodeKind kTdt{.name = "tdt",
-                        .label = fixed<"TDT">,
-                        .item = NodeItem::Filled,
-                        .fill = fillFields<Tdt>};
+                        .item = NodeItem::Filled};
+constexpr NodeKind kTdt{.name = "tdt", .label = fixed<"TDT">, .item = NodeItem::Filled};
 constexpr NodeKind kTot{.name = "tot",
                         .label = fixed<"TOT">,
                         .expand = expandDescriptors<Tot>,
-                        .item = NodeItem::Filled,
-                        .fill = fillFields<Tot>};
+                        .item = NodeItem::Filled};
 
 // PMT
 
@@ -208,8 +193,7 @@ constexpr NodeKind kPmtStream{.name = "pmt-stream",
                                           streamTypeName(node.data<StreamInfo>().stream_type));
                                   },
                               .expand = expandDescriptors<StreamInfo>,
-                              .item = NodeItem::Filled,
-                              .fill = fillFields<StreamInfo>};
+                              .item = NodeItem::Filled};
 constexpr NodeKind kPmtStreams{.name = "pmt-streams",
                                .label = fixed<"STREAM_INFO">,
                                .expand = expandList<Pmt, &Pmt::streams, kPmtStream>};
@@ -217,8 +201,9 @@ constexpr NodeKind kPmtStreams{.name = "pmt-streams",
 std::string programLabel(const NodeView& node)
 {
     const auto program = static_cast<std::uint32_t>(node.data<Pmt>().table_id_extension);
-    const std::uint32_t network = node.context().original_network_id.value_or(0);
-    const std::uint32_t stream = transponderOf(node).transport_stream_id;
+    const NodeView transportStream = transportStreamOf(node);
+    const std::uint32_t stream = transportStream.data<Transponder>().transport_stream_id;
+    const std::uint32_t network = transportStream.parent().data<Network>().original_network_id;
     return formatted("%04X - %s", program, serviceName(node, network, stream, program).c_str());
 }
 
@@ -226,7 +211,6 @@ constexpr NodeKind kProgram{.name = "pmt-program",
                             .label = programLabel,
                             .expand = expandDescriptorsAndStreams<Pmt, kPmtStreams>,
                             .item = NodeItem::Filled,
-                            .fill = fillFields<Pmt>,
                             .menu = ContextMenu::Program};
 
 void expandPmt(const NodeView& node, Children& children)
@@ -243,21 +227,18 @@ constexpr NodeKind kPmt{.name = "pmt", .label = fixed<"PMT">, .expand = expandPm
 constexpr NodeKind kEitEvent{.name = "eit-event",
                              .label = numbered<"EID %04x", EitEvent, &EitEvent::event_id>,
                              .expand = expandDescriptors<EitEvent>,
-                             .item = NodeItem::Filled,
-                             .fill = fillFields<EitEvent>};
+                             .item = NodeItem::Filled};
 constexpr NodeKind kEitSection{.name = "eit-section",
                                .label = numbered<"%04X", Eit, &Eit::section_number>,
                                .expand = expandList<Eit, &Eit::events, kEitEvent>,
-                               .item = NodeItem::Filled,
-                               .fill = fillFields<Eit>};
+                               .item = NodeItem::Filled};
 
 std::string eitServiceLabel(const NodeView& node)
 {
     const std::uint32_t service = node.data<EitServices::value_type>().first;
     const std::uint32_t stream = node.parent().data<EitStreams::value_type>().first;
     const std::uint32_t network = node.parent().parent().data<EitMap::value_type>().first;
-    return formatted("SID %04X - %s", service,
-                     serviceName(node, network, stream, service).c_str());
+    return formatted("SID %04X - %s", service, serviceName(node, network, stream, service).c_str());
 }
 
 constexpr NodeKind kEitService{.name = "eit-service",
@@ -273,9 +254,8 @@ std::string eitNetworkLabel(const NodeView& node)
     return formatted("NID %04X - %s", network, networkText(network).c_str());
 }
 
-constexpr NodeKind kEitNetwork{.name = "eit-network",
-                               .label = eitNetworkLabel,
-                               .expand = expandEntry<EitStreams, kEitStream>};
+constexpr NodeKind kEitNetwork{
+    .name = "eit-network", .label = eitNetworkLabel, .expand = expandEntry<EitStreams, kEitStream>};
 constexpr NodeKind kEitPfActual{.name = "eit-pf-actual",
                                 .label = fixed<"actual_transport_stream, present/following">,
                                 .expand = expandMap<EitMap, kEitNetwork>};
@@ -326,13 +306,11 @@ void expandTransportStream(const NodeView& node, Children& children)
     add(hasEvents, kEit, &t);
 }
 
-constexpr NodeKind kTransportStream{.name = "transport-stream",
-                                    .label =
-                                        [](const NodeView& node) {
-                                            return transponderText(node.data<Transponder>());
-                                        },
-                                    .expand = expandTransportStream,
-                                    .menu = ContextMenu::TransportStream};
+constexpr NodeKind kTransportStream{
+    .name = "transport-stream",
+    .label = [](const NodeView& node) { return transponderText(node.data<Transponder>()); },
+    .expand = expandTransportStream,
+    .menu = ContextMenu::TransportStream};
 
 std::string networkLabel(const NodeView& node)
 {

@@ -23,12 +23,6 @@ std::uint32_t NodeView::ordinal() const
     return tree_->nodes_[id_].ordinal;
 }
 
-ValueRows NodeView::rows() const
-{
-    const NodeKind& own = kind();
-    return own.fill ? own.fill(address(), context()) : ValueRows();
-}
-
 NodeView NodeView::parent() const
 {
     return {*tree_, tree_->nodes_[id_].parent};
@@ -47,15 +41,6 @@ NodeView NodeView::child(std::size_t row) const
 std::size_t NodeView::row() const
 {
     return isRoot() ? 0 : id_ - tree_->nodes_[tree_->nodes_[id_].parent].firstChild;
-}
-
-DisplayContext NodeView::context() const
-{
-    DisplayContext context{.rules = &tree_->charsets, .original_network_id = {}};
-    for (NodeView node = *this; !node.isRoot(); node = node.parent())
-        if (&node.kind() == &networkKind())
-            context.original_network_id = node.data<Network>().original_network_id;
-    return context;
 }
 
 void Children::add(const NodeKind& kind, const void* data, std::uint32_t ordinal)

@@ -32,8 +32,6 @@ public:
     /// The place among siblings of its list, or kOnly for the only one.
     std::uint32_t ordinal() const;
     std::string label() const { return kind().label(*this); }
-    /// What the value pane shows of it; none unless its kind's item is Filled.
-    ValueRows rows() const;
 
     bool isRoot() const { return id_ == 0; }
     NodeView parent() const;
@@ -41,9 +39,6 @@ public:
     NodeView child(std::size_t row) const;
     /// The place among all children of the parent.
     std::size_t row() const;
-
-    /// How texts of this node are read: the tree's rules, for the network it was found in.
-    DisplayContext context() const;
 
 private:
     const Tree* tree_;
@@ -83,9 +78,6 @@ public:
     bool empty() const { return nodes_.empty(); }
     std::size_t size() const { return nodes_.size(); }
     NodeView root() const { return {*this, 0}; }
-
-    /// How texts are shown; read whenever a label or row is made.
-    CharsetRules charsets;
 
 private:
     friend class NodeView;
