@@ -15,6 +15,8 @@ namespace {
 constexpr std::size_t kBlockSize = std::size_t{1} << 20;
 // Sync bytes in a row that make a stream; chance makes four only once in 2^32.
 constexpr std::size_t kConvincing = 5;
+// How much of a file is looked at to find out how packets stand in it.
+constexpr std::size_t kDetectionBytes = std::size_t{256} << 10;
 
 struct Framing {
     std::size_t stride;
@@ -34,13 +36,26 @@ bool packetsFrom(std::span<const uint8_t> bytes, std::size_t offset, std::size_t
     return found > 0;
 }
 
-/// A short file convinces only when it is packets from its start.
-bool isConvincing(std::span<const uint8_t> bytes, std::size_t offset, const Framing& framing)
+/// How many packets stand in a row in this framing at most, wherever the row starts.
+std::size_t longestRow(std::span<const uint8_t> bytes, std::size_t stride)
 {
-    if (!packetsFrom(bytes, offset, framing.stride))
-        return false;
-    return offset == framing.before ||
-           offset + (kConvincing - 1) * framing.stride + kPacketSize <= bytes.size();
+    std::vector<std::size_t> rows(stride); // by phase: the row that ends here
+    std::size_t longest = 0;
+    for (std::size_t offset = 0; offset + kPacketSize <= bytes.size(); ++offset) {
+        std::size_t& row = rows[offset % stride];
+        row = bytes[offset] == kSyncByte ? row + 1 : 0;
+        longest = std::max(longest, row);
+    }
+    return longest;
+}
+
+/// The first place from which packets follow each other; the size of `bytes` if there is none.
+std::size_t firstPacket(std::span<const uint8_t> bytes, std::size_t from, std::size_t stride)
+{
+    for (; from + kPacketSize <= bytes.size(); ++from)
+        if (packetsFrom(bytes, from, stride))
+            return from;
+    return bytes.size();
 }
 
 std::string reason(int error)
@@ -52,14 +67,20 @@ std::string reason(int error)
 
 PacketLayout detectPackets(std::span<const uint8_t> start)
 {
-    for (std::size_t offset = 0; offset + kPacketSize <= start.size(); ++offset) {
-        if (start[offset] != kSyncByte)
+    start = start.first(std::min(start.size(), kDetectionBytes));
+    PacketLayout best;
+    std::size_t bestRow = 0;
+    for (const Framing& framing : kFramings) {
+        const std::size_t row = longestRow(start, framing.stride);
+        // A file too short to convince must be packets from its start.
+        const bool isConvincing =
+            row >= kConvincing || packetsFrom(start, framing.before, framing.stride);
+        if (!isConvincing || row <= bestRow)
             continue;
-        for (const Framing& framing : kFramings)
-            if (isConvincing(start, offset, framing))
-                return {.stride = framing.stride, .firstPacket = offset};
+        bestRow = row;
+        best = {.stride = framing.stride, .firstPacket = firstPacket(start, 0, framing.stride)};
     }
-    return {};
+    return best;
 }
 
 PacketFile::PacketFile(const std::filesystem::path& file)
@@ -105,10 +126,11 @@ bool PacketFile::findPacket()
     }
 }
 
-/// Keeps what is not taken yet and reads on behind it.
+/// Keeps what is not taken yet, and the packet before it, and reads on behind it.
 void PacketFile::refill()
 {
-    const std::size_t taken = std::min(position_, filled_);
+    std::size_t taken = std::min(position_, filled_);
+    taken -= std::min(taken, layout_.stride);
     std::memmove(buffer_.data(), buffer_.data() + taken, filled_ - taken);
     filled_ -= taken;
     position_ -= taken;
@@ -129,10 +151,16 @@ void PacketFile::refill()
 /// To the next place from which packets follow each other.
 void PacketFile::resynchronise()
 {
+    const std::size_t stride = layout_.stride;
+    if (!atEnd_ && position_ + (kConvincing + 1) * stride > filled_)
+        refill();
     const std::span<const uint8_t> bytes = std::span(buffer_).first(filled_);
-    for (++position_; position_ + kPacketSize <= filled_; ++position_)
-        if (bytes[position_] == kSyncByte && packetsFrom(bytes, position_, layout_.stride))
-            return;
+    if (packetsFrom(bytes, position_ + stride, stride)) {
+        position_ += stride; // only this packet's sync byte is damaged
+        return;
+    }
+    // When bytes are missing, the next packet starts inside the one before.
+    position_ = firstPacket(bytes, position_ - std::min(position_, stride - 1), stride);
 }
 
 } // namespace tessaview

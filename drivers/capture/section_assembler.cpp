@@ -11,13 +11,12 @@ namespace {
 
 constexpr std::size_t kHeaderSize = 3;
 
-/// What follows header and adaptation field.
-std::span<const uint8_t> payloadOf(const uint8_t* packet)
+/// Where the payload starts, behind header and adaptation field; beyond the packet when the
+/// field's length is wrong.
+std::size_t payloadStart(const uint8_t* packet)
 {
-    const std::span<const uint8_t> bytes(packet, kPacketSize);
     const bool hasAdaptationField = (packet[3] & 0x20) != 0;
-    const std::size_t start = hasAdaptationField ? 5U + packet[4] : 4U;
-    return bytes.subspan(std::min(start, kPacketSize));
+    return hasAdaptationField ? 5U + packet[4] : 4U;
 }
 
 } // namespace
@@ -39,11 +38,12 @@ std::span<const uint8_t> SectionAssembler::accept(const uint8_t* packet)
         section_.clear(); // packets are missing in between
     counter_ = counter;
     previous_.assign(bytes.begin(), bytes.end());
-    if (isScrambled) {
+    const std::size_t start = payloadStart(packet);
+    if (isScrambled || start > kPacketSize) {
         section_.clear();
         return {};
     }
-    return payloadOf(packet);
+    return bytes.subspan(start);
 }
 
 std::size_t SectionAssembler::missing() const

@@ -53,7 +53,9 @@ ParsedOptions parseOptions(int argc, const char* const* argv)
     app.add_option("--format", format, "How to print it, default 'tree'")
         ->check(CLI::IsMember(kFormats))
         ->option_text("tree|json|none");
-    app.add_option("--log", options.log, "Write a log to this file")->option_text("FILE");
+    app.add_option("--log", options.log,
+                   "Write the log to this file instead of the one beside the program")
+        ->option_text("FILE");
     app.add_flag("--quiet", options.quiet, "No progress lines on standard error");
 
     try {

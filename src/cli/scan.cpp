@@ -15,6 +15,7 @@
 #include <csignal>
 #include <filesystem>
 #include <iostream>
+#include <sstream>
 
 namespace tessaview {
 
@@ -31,9 +32,12 @@ void cancelOnInterrupt()
     });
 }
 
+/// One or more lines on standard error.
 void complain(const std::string& what)
 {
-    std::cerr << "tessaview3-scan: " << what << '\n';
+    std::istringstream lines(what);
+    for (std::string line; std::getline(lines, line);)
+        std::cerr << "tessaview3-scan: " << line << '\n';
 }
 
 class StandardError : public OutputSink {
@@ -141,16 +145,51 @@ bool openDriver(const Options& options, const ClassRegistry& registry, const Dri
     return false;
 }
 
+/// Why there is nothing to show.
+const char* reasonFor(ReadOutcome outcome)
+{
+    switch (outcome) {
+    case ReadOutcome::NoPat:
+        return "the stream carries no PAT that can be decoded";
+    case ReadOutcome::NoNit:
+        return "the stream carries no NIT of the actual network";
+    case ReadOutcome::NoSdt:
+        return "the stream carries no SDT of the actual transport stream that can be decoded";
+    case ReadOutcome::TunerFailed:
+        return "the driver does not tell what kind of tuner it has";
+    case ReadOutcome::ReadFailed:
+        return "the driver could not read the stream";
+    case ReadOutcome::Cancelled:
+        return "cancelled";
+    case ReadOutcome::Stored:
+    case ReadOutcome::AlreadyThere:
+        break;
+    }
+    return nullptr;
+}
+
 TableSelection selectionOf(const Options& options)
 {
     return options.tables ? TableSelection::fixed(*options.tables) : TableSelection::stored();
+}
+
+ReadOutcome read(const Options& options, const DriverSession& session, NetworkMap& model)
+{
+    StandardError standardError;
+    std::optional<InstalledSink> sink;
+    if (!options.quiet)
+        sink.emplace(standardError);
+    Reader reader(session.driver(), cancelled, selectionOf(options));
+    return reader.ReadCurrentTransponder(model);
 }
 
 } // namespace
 
 int scan(const Options& options)
 {
-    if (!options.log.empty() && openApplicationLog(options.log) != 0) {
+    const bool isLogNamed = !options.log.empty();
+    const int opened = openApplicationLog(isLogNamed ? options.log : logPathFor(executablePath()));
+    if (isLogNamed && opened != 0) {
         complain("the log '" + options.log + "' cannot be written");
         return kExitWrongUsage;
     }
@@ -166,14 +205,9 @@ int scan(const Options& options)
 
     NetworkMap model;
     cancelOnInterrupt();
-    {
-        StandardError standardError;
-        std::optional<InstalledSink> sink;
-        if (!options.quiet)
-            sink.emplace(standardError);
-        Reader reader(session.driver(), cancelled, selectionOf(options));
-        reader.ReadCurrentTransponder(model);
-    }
+    const ReadOutcome outcome = read(options, session, model);
+    if (const char* const reason = reasonFor(outcome))
+        complain(std::string("nothing was stored: ") + reason);
     session.close();
 
     Tree tree;

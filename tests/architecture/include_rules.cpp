@@ -82,7 +82,8 @@ Arrows parseArrows(std::string_view markdown)
         RoomRule rule;
         for (const std::string& name : quotedNames(cells[2])) {
             if (!arrows.contains(name))
-                throw std::runtime_error(room + " may not include " + name + " from further up");
+                throw std::runtime_error("the row of " + room +
+                                         " names a room further up: " + name);
             rule.rooms.insert(name);
         }
         rule.mayUseQt = cells[3].str().find("yes") != std::string::npos;

@@ -11,6 +11,8 @@
 
 namespace test {
 
+using Bytes = std::vector<uint8_t>;
+
 /// The bytes of a hexadecimal text; blanks are for the reader.
 inline std::vector<uint8_t> hex(std::string_view text)
 {

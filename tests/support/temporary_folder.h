@@ -51,6 +51,8 @@ inline std::string readFile(const std::filesystem::path& file)
     return {std::istreambuf_iterator<char>(in), {}};
 }
 
+// NOLINTBEGIN(concurrency-mt-unsafe): tests change the environment while no other thread runs
+
 /// An environment variable with another value for as long as this lives; null: not set.
 class Environment {
 public:
@@ -79,5 +81,7 @@ private:
     std::string old_;
     bool hadValue_ = false;
 };
+
+// NOLINTEND(concurrency-mt-unsafe)
 
 } // namespace test

@@ -1,0 +1,188 @@
+#include "tests/capture/loaded_driver.h"
+#include "tests/multiplex/sections.h"
+#include "tests/multiplex/stream_builder.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+// What becomes of sections on their way through packets, good and bad. Every section is a table
+// of its own, so that each that arrives whole is handed over.
+
+namespace {
+
+using namespace test;
+using tessaview::CollectionMode;
+
+constexpr unsigned kPid = 0x1ABC;
+constexpr unsigned kOtherPid = 0x1FFE;
+
+/// A section of so many bytes, told from others by its extension; no byte of it looks like
+/// stuffing or a packet's start.
+Bytes section(unsigned extension, std::size_t size)
+{
+    Bytes body(size - 12);
+    for (std::size_t i = 0; i < body.size(); ++i)
+        body[i] = static_cast<uint8_t>(i % 61 + extension);
+    return longSection(0x46, 0xFF00 + extension, body);
+}
+
+const Bytes kFirst = section(1, 400); // three packets when it stands alone
+const Bytes kSecond = section(2, 30);
+const Bytes kThird = section(3, 4096);
+
+Bytes putAll()
+{
+    StreamBuilder stream;
+    stream.put(kPid, kFirst).nullPackets(1).put(kPid, kSecond).put(kPid, kThird);
+    return stream.build();
+}
+
+/// Packet `index` once more, right behind itself.
+Bytes repeated(Bytes stream, std::size_t index)
+{
+    const auto at = stream.begin() + static_cast<std::ptrdiff_t>(index * kPacketSize);
+    const Bytes packet(at, at + kPacketSize);
+    stream.insert(at, packet.begin(), packet.end());
+    return stream;
+}
+
+Bytes erased(Bytes stream, std::size_t offset, std::size_t count)
+{
+    const auto at = stream.begin() + static_cast<std::ptrdiff_t>(offset);
+    stream.erase(at, at + static_cast<std::ptrdiff_t>(count));
+    return stream;
+}
+
+/// The stream of putAll with one byte of a packet set.
+Bytes spoilt(std::size_t index, std::size_t byte, unsigned value)
+{
+    Bytes stream = putAll();
+    stream[index * kPacketSize + byte] = static_cast<uint8_t>(value);
+    return stream;
+}
+
+Bytes packed(const std::vector<Bytes>& sections)
+{
+    return StreamBuilder().putPacked(kPid, sections).build();
+}
+
+Bytes interleaved()
+{
+    StreamBuilder wanted;
+    wanted.put(kPid, kThird);
+    StreamBuilder stream;
+    for (std::size_t i = 0; i < wanted.packetCount(); ++i) {
+        stream.put(kPid, {}); // a packet's place
+        std::copy(wanted.packet(i).begin(), wanted.packet(i).end(),
+                  stream.packet(stream.packetCount() - 1).begin());
+        stream.put(kOtherPid, kSecond).nullPackets(i % 3);
+    }
+    return stream.build();
+}
+
+/// Between the first and the second packet of a section one that has no payload and so does not
+/// count.
+Bytes withAdaptationFieldOnly()
+{
+    Bytes stream = repeated(putAll(), 0);
+    stream[kPacketSize + 1] &= 0x1F;
+    stream[kPacketSize + 3] = 0x20;
+    stream[kPacketSize + 4] = 183;
+    return stream;
+}
+
+/// The second packet of a section says that its adaptation field is longer than the packet.
+Bytes withAdaptationFieldTooLong()
+{
+    Bytes stream = spoilt(1, 3, 0x31);
+    stream[kPacketSize + 4] = 184;
+    return stream;
+}
+
+struct Case {
+    const char* name;
+    Bytes stream;
+    std::vector<Bytes> seen;
+};
+
+std::vector<Case> cases()
+{
+    const std::vector<Bytes> all{kFirst, kSecond, kThird};
+    const std::vector<Bytes> notFirst{kSecond, kThird};
+    return {
+        {"oneToAPacketAndMore", putAll(), all},
+        {"severalInOnePacket",
+         StreamBuilder().put(kPid, joined({kSecond, section(4, 15), section(5, 12)})).build(),
+         {kSecond, section(4, 15), section(5, 12)}},
+        {"oneBehindTheOther", packed({kFirst, kSecond, kThird}), all},
+        {"startInTheLastPayloadByte", packed({section(4, 182), kSecond}), {section(4, 182), kSecond}},
+        {"headerSplitAfterTwoBytes", packed({section(4, 181), kSecond}), {section(4, 181), kSecond}},
+        {"headerEndsThePacket", packed({section(4, 180), kSecond}), {section(4, 180), kSecond}},
+        {"pushedOutOfTheLastByteByThePointer",
+         packed({section(4, 183 + 183), kSecond}),
+         {section(4, 183 + 183), kSecond}},
+        {"packetsFilledExactly", packed({section(4, 183 + 184), kSecond}),
+         {section(4, 183 + 184), kSecond}},
+        {"oneByteBesideTheAdaptationField", StreamBuilder().put(kPid, kFirst, 182).build(),
+         {kFirst}},
+        {"packetWithoutPayloadBetween", withAdaptationFieldOnly(), all},
+        {"otherPidsBetween", interleaved(), {kThird}},
+        {"packetsTwice", repeated(repeated(repeated(putAll(), 7), 1), 0), all},
+        {"lostFirstPacket", erased(putAll(), 0, kPacketSize), notFirst},
+        {"lostMiddlePacket", erased(putAll(), kPacketSize, kPacketSize), notFirst},
+        {"lostLastPacket", erased(putAll(), 2 * kPacketSize, kPacketSize), notFirst},
+        {"sameCounterOtherPayload", spoilt(1, 3, 0x10), notFirst},
+        {"scrambled", spoilt(1, 3, 0x80 | 0x11), notFirst},
+        {"transportError", spoilt(1, 1, 0x80 | kPid >> 8), notFirst},
+        {"adaptationFieldTooLong", withAdaptationFieldTooLong(), notFirst},
+        {"pointerOutOfThePacket", spoilt(0, 4, 184), notFirst},
+        {"syncByteDamaged", spoilt(1, 0, 0x46), notFirst},
+        {"bytesMissing", erased(putAll(), kPacketSize + 50, 77), notFirst},
+        {"cutInMidPacket", erased(putAll(), putAll().size() - 100, 100), {kFirst, kSecond}},
+        {"shorterThanItSays",
+         StreamBuilder().put(kPid, std::span(kFirst).first(20)).put(kPid, kSecond).build(),
+         {kSecond}},
+    };
+}
+
+TEST(CapturePackets, deliverEverySectionThatIsWhole)
+{
+    const LoadedDriver driver;
+    const auto wanted = request(kPid, 0x46, CollectionMode::OtherStreams);
+    for (const Case& each : cases())
+        EXPECT_EQ(driver.sectionsOf(each.stream, wanted), each.seen) << each.name;
+}
+
+TEST(CapturePackets, areFoundInEveryFramingBehindRubbish)
+{
+    const LoadedDriver driver;
+    StreamBuilder stream;
+    stream.put(kPid, kFirst).put(kPid, kSecond).put(kPid, kThird);
+    for (const std::size_t size : {188U, 192U, 204U})
+        for (const std::size_t rubbish : {0U, 1U, 187U, 1000U}) {
+            Bytes bytes(rubbish, 0x47);
+            const Bytes packets = stream.build(size);
+            bytes.insert(bytes.end(), packets.begin(), packets.end());
+            EXPECT_EQ(driver.sectionsOf(bytes, request(kPid, 0x46, CollectionMode::OtherStreams)),
+                      (std::vector<Bytes>{kFirst, kSecond, kThird}))
+                << size << " behind " << rubbish;
+        }
+}
+
+TEST(CapturePackets, ofAFileLargerThanABlockAreAllSeen)
+{
+    StreamBuilder stream;
+    std::vector<Bytes> sections;
+    for (unsigned i = 0; i < 40; ++i) {
+        sections.push_back(section(i, 3000 + i));
+        stream.put(kPid, sections.back()).nullPackets(500);
+    }
+    const LoadedDriver driver;
+    for (const std::size_t size : {188U, 192U, 204U})
+        EXPECT_EQ(driver.sectionsOf(stream.build(size),
+                                    request(kPid, 0x46, CollectionMode::OtherStreams)),
+                  sections);
+}
+
+} // namespace

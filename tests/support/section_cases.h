@@ -1,0 +1,68 @@
+#pragma once
+
+#include "si/error.h"
+#include "tests/multiplex/sections.h"
+#include "tests/support/bytes.h"
+
+#include <sstream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace test {
+
+/// Decodes a section that stands in a block of exactly its size.
+template <class Table>
+Table parsed(std::span<const uint8_t> section)
+{
+    Table table;
+    table.parse(exactly(section).get());
+    return table;
+}
+
+/// The table over a body in hexadecimal, with a header and a correct CRC_32.
+template <class Table>
+Table parsedBody(unsigned tableId, std::string_view body)
+{
+    return parsed<Table>(longSection(tableId, 0x1234, hex(body)));
+}
+
+/// What a section's decoding throws, as "code: message"; "" when it decodes.
+template <class Table>
+std::string failureOf(std::span<const uint8_t> section)
+{
+    Table table;
+    try {
+        table.parse(exactly(section).get());
+    } catch (const lib13818::error& failure) {
+        EXPECT_FALSE(table.parsed);
+        return std::to_string(failure.code) + ": " + failure.what();
+    }
+    EXPECT_TRUE(table.parsed);
+    return "";
+}
+
+struct FailingBody {
+    const char* body;
+    const char* failure;
+};
+
+template <class Table>
+void expectFailures(unsigned tableId, const std::vector<FailingBody>& cases)
+{
+    for (const FailingBody& each : cases)
+        EXPECT_EQ(failureOf<Table>(longSection(tableId, 0x1234, hex(each.body))), each.failure)
+            << each.body;
+}
+
+template <class Table>
+std::string dumpOfTable(const Table& table)
+{
+    std::ostringstream out;
+    table.dump(out);
+    return out.str();
+}
+
+} // namespace test
