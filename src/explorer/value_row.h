@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tessaview {
+
+class NodeView;
+
+/// What a row of the value pane can do beside showing its texts.
+enum class RowItem : std::uint8_t {
+    None,
+    Bytes, ///< its bytes show in the hex view
+    Pid    ///< it has the menu of a PID
+};
+
+/// The menu that a right click on a PID row opens, by resource id, and its command.
+inline constexpr std::uint16_t kPidMenu = 146;
+inline constexpr std::uint16_t kPidStreamingCommand = 32794;
+
+/// One row of the value pane, for as long as the model does not change.
+struct ValueRow {
+    std::string_view name; ///< as stored
+    std::string data;      ///< valid UTF-8 without control characters
+    RowItem item = RowItem::None;
+    std::span<const std::uint8_t> bytes = {}; ///< of a Bytes row, all of them
+    int pid = 0;                              ///< of a Pid row
+    std::string remark = {}; ///< for a tooltip: which character table a text was read with, and why
+};
+
+/// The rows of a node; none for a node that empties the value pane.
+std::vector<ValueRow> valueRows(const NodeView& node);
+
+} // namespace tessaview
