@@ -52,6 +52,11 @@ struct BadInclude {
     const char* file;
     const char* line;
     const char* problem;
+
+    friend std::ostream& operator<<(std::ostream& out, const BadInclude& bad)
+    {
+        return out << bad.file << ": " << bad.line;
+    }
 };
 
 class Refused : public testing::TestWithParam<BadInclude> {};

@@ -1,0 +1,94 @@
+#include "tests/cli/program.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <system_error>
+
+namespace test {
+
+namespace {
+
+constexpr const char* kProgram = TESSAVIEW_BUILD_DIR "/bin/tessaview3-scan";
+
+/// The array that `exec` takes, over texts that stay where they are.
+std::vector<char*> pointersTo(std::vector<std::string>& texts)
+{
+    std::vector<char*> pointers;
+    for (std::string& text : texts)
+        pointers.push_back(text.data());
+    pointers.push_back(nullptr);
+    return pointers;
+}
+
+/// Standard streams of a program that is to be started.
+class Redirections {
+public:
+    Redirections(const std::string& out, const std::string& err)
+    {
+        posix_spawn_file_actions_init(&actions_);
+        posix_spawn_file_actions_addopen(&actions_, 0, "/dev/null", O_RDONLY, 0);
+        posix_spawn_file_actions_addopen(&actions_, 1, out.c_str(), kWrite, 0600);
+        posix_spawn_file_actions_addopen(&actions_, 2, err.c_str(), kWrite, 0600);
+    }
+    Redirections(const Redirections&) = delete;
+    Redirections& operator=(const Redirections&) = delete;
+    ~Redirections() { posix_spawn_file_actions_destroy(&actions_); }
+
+    const posix_spawn_file_actions_t* get() const { return &actions_; }
+
+private:
+    static constexpr int kWrite = O_WRONLY | O_CREAT | O_TRUNC;
+    posix_spawn_file_actions_t actions_{};
+};
+
+} // namespace
+
+ShellTool::ShellTool()
+{
+    const std::string home = folder_.path();
+    environment_ = {"HOME=" + home,
+                    "PATH=/usr/bin:/bin",
+                    "LC_ALL=C.UTF-8",
+                    "XDG_CONFIG_HOME=" + home + "/config",
+                    "XDG_DATA_HOME=" + home + "/data",
+                    "XDG_STATE_HOME=" + home + "/state"};
+}
+
+Outcome ShellTool::run(const std::vector<std::string>& arguments) const
+{
+    const std::string out = folder_ / "standard-output";
+    Outcome run = runInto(out, arguments);
+    run.out = readFile(out);
+    return run;
+}
+
+Outcome ShellTool::runInto(const std::string& output, const std::vector<std::string>& arguments) const
+{
+    const std::string err = folder_ / "standard-error";
+    const Redirections redirections(output, err);
+    std::vector<std::string> words{kProgram};
+    words.insert(words.end(), arguments.begin(), arguments.end());
+    std::vector<std::string> environment = environment_;
+    pid_t child = -1;
+    const int error = posix_spawn(&child, kProgram, redirections.get(), nullptr,
+                                  pointersTo(words).data(), pointersTo(environment).data());
+    if (error != 0)
+        throw std::system_error(error, std::generic_category(), kProgram);
+    int status = 0;
+    while (waitpid(child, &status, 0) < 0)
+        if (errno != EINTR)
+            throw std::system_error(errno, std::generic_category(), "waitpid");
+    return {
+        .status = WIFEXITED(status) ? WEXITSTATUS(status) : -1, .out = {}, .err = readFile(err)};
+}
+
+std::string ShellTool::file(const std::string& name, const Bytes& content) const
+{
+    const std::filesystem::path path = folder_ / name;
+    writeFile(path, std::string(content.begin(), content.end()));
+    return path;
+}
+
+} // namespace test

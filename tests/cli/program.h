@@ -1,0 +1,37 @@
+#pragma once
+
+#include "tests/multiplex/bytes_writer.h"
+#include "tests/support/temporary_folder.h"
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace test {
+
+/// What a run of the shell tool left behind.
+struct Outcome {
+    int status = -1; ///< the exit status; -1 when a signal ended it
+    std::string out;
+    std::string err;
+};
+
+/// The shell tool as a user finds it: the real program with its real drivers, in a home of its own.
+class ShellTool {
+public:
+    ShellTool();
+
+    Outcome run(const std::vector<std::string>& arguments) const;
+    /// The same with standard output going to a file or device.
+    Outcome runInto(const std::string& output, const std::vector<std::string>& arguments) const;
+
+    /// Writes a file into the current folder of the runs and gives its path.
+    std::string file(const std::string& name, const Bytes& content) const;
+    const std::filesystem::path& folder() const { return folder_.path(); }
+
+private:
+    TemporaryFolder folder_;
+    std::vector<std::string> environment_;
+};
+
+} // namespace test
