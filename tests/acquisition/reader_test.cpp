@@ -167,7 +167,7 @@ TEST_P(ReadingThatEnds, saysSoAndStoresAccordingly)
     EXPECT_EQ(stored() != nullptr, GetParam().outcome == ReadOutcome::Stored);
 }
 
-std::function<void(Reading&)> answering(test::Wanted wanted, std::vector<Bytes> sections)
+std::function<void(Reading&)> answering(test::Wanted wanted, const std::vector<Bytes>& sections)
 {
     return [=](Reading& reading) { reading.driver->air[wanted] = sections; };
 }
