@@ -10,8 +10,10 @@ namespace tessaview {
 
 namespace {
 
-const std::map<std::string, OutputFormat> kFormats{
-    {"tree", OutputFormat::Tree}, {"json", OutputFormat::Json}, {"none", OutputFormat::None}};
+const std::map<std::string, OutputFormat> kFormats{{"tree", OutputFormat::Tree},
+                                                   {"values", OutputFormat::Values},
+                                                   {"json", OutputFormat::Json},
+                                                   {"none", OutputFormat::None}};
 
 constexpr const char* kFooter = R"(
 Tables are a comma-separated list of: pat, cat, pmt, bat, nit, nit-other, sdt, sdt-other, eit-pf,
@@ -52,7 +54,7 @@ ParsedOptions parseOptions(int argc, const char* const* argv)
         ->option_text("all|default|LIST|MASK");
     app.add_option("--format", format, "How to print it, default 'tree'")
         ->check(CLI::IsMember(kFormats))
-        ->option_text("tree|json|none");
+        ->option_text("tree|values|json|none");
     app.add_option("--log", options.log,
                    "Write the log to this file instead of the one beside the program")
         ->option_text("FILE");

@@ -7,7 +7,7 @@
 
 namespace tessaview {
 
-enum class OutputFormat { Tree, Json, None };
+enum class OutputFormat { Tree, Values, Json, None };
 
 /// The exit statuses of the shell tool.
 constexpr int kExitStored = 0;     ///< at least one transport stream was stored

@@ -7,7 +7,8 @@
 
 namespace tessaview {
 
-/// Writes the whole tree in the format: a node per line, or nested JSON objects.
+/// Writes the whole tree in the format: a node per line, the same with the rows
+/// under each node, or nested JSON objects.
 void printTree(std::ostream& out, const Tree& tree, OutputFormat format);
 
 } // namespace tessaview

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "explorer/fields/field_list.h"
 #include "explorer/tree.h"
 #include "si/descriptors/descriptor.h"
 
 #include <cstdint>
 #include <string>
+#include <type_traits>
 
 // The one rule of lists in the tree: no entry, no node; one entry, a node with the singular label;
 // more, numbered nodes under a node with the plural label.
@@ -23,11 +25,14 @@ void expandLists(const NodeView& node, Children& children)
 }
 
 /// The node kinds of one list. `Source` tells whose the list is (`Owner`), what is in it (`Entry`)
-/// and where (`entries(owner)`); `Nested` are the lists under each entry.
-template <class Source, lib13818::Literal Singular, class... Nested>
+/// and where (`entries(owner)`); `Fields` is the field list of an entry; `Nested` are the lists
+/// under each entry.
+template <class Source, lib13818::Literal Singular, const auto& Fields, class... Nested>
 struct ListNodes {
     using Owner = typename Source::Owner;
     using Entry = typename Source::Entry;
+    static_assert(std::is_same_v<Entry, typename std::remove_cvref_t<decltype(Fields)>::Object>,
+                  "give every list of the tree the field list of its entries");
 
     static void addTo(const Owner& owner, Children& children)
     {
@@ -63,7 +68,7 @@ private:
     static constexpr NodeKind kEntry{.name = Singular.text,
                                      .label = entryLabel,
                                      .expand = expandLists<Entry, Nested...>,
-                                     .item = NodeItem::Filled,
+                                     .fill = fillFrom<Fields>,
                                      .menu = kMenuOf<Entry>};
     static constexpr NodeKind kList{
         .name = "list", .label = listLabel, .expand = expandList, .item = NodeItem::None};
@@ -81,7 +86,7 @@ struct MemberList<Member> {
 };
 
 /// The nodes of a member list, with the label of a single one.
-template <auto Member, lib13818::Literal Singular, class... Nested>
-using EntryList = ListNodes<MemberList<Member>, Singular, Nested...>;
+template <auto Member, lib13818::Literal Singular, const auto& Fields, class... Nested>
+using EntryList = ListNodes<MemberList<Member>, Singular, Fields, Nested...>;
 
 } // namespace tessaview

@@ -3,11 +3,13 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace tessaview {
 
 class Children;
 class NodeView;
+struct ValueRow;
 
 /// What the nodes of a kind carry for the value pane.
 enum class NodeItem : std::uint8_t {
@@ -32,7 +34,9 @@ struct NodeKind {
     std::string (*label)(const NodeView& node);
     /// Adds the children of a node; null for a leaf.
     void (*expand)(const NodeView& node, Children& children) = nullptr;
-    NodeItem item = NodeItem::Plain;
+    /// Adds the rows of a node; null for a kind without fields.
+    void (*fill)(const NodeView& node, std::vector<ValueRow>& rows) = nullptr;
+    NodeItem item = fill ? NodeItem::Filled : NodeItem::Plain;
     ContextMenu menu = ContextMenu::None;
 };
 

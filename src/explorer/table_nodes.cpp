@@ -2,6 +2,7 @@
 
 #include "charset/display_text.h"
 #include "explorer/descriptor_nodes.h"
+#include "explorer/fields/table_fields.h"
 #include "explorer/list_nodes.h"
 #include "explorer/service_names.h"
 #include "explorer/stream_type_names.h"
@@ -119,14 +120,14 @@ constexpr NodeKind kNitStream{
     .name = "nit-transport-stream",
     .label = numbered<"%04X", TransportStreamEntry, &TransportStreamEntry::transport_stream_id>,
     .expand = expandDescriptors<TransportStreamEntry>,
-    .item = NodeItem::Filled};
+    .fill = fillFrom<kNitStreamFields>};
 constexpr NodeKind kNitStreams{.name = "nit-transport-streams",
                                .label = fixed<"STREAM_INFO">,
                                .expand = expandList<Nit, &Nit::transportStreams, kNitStream>};
 constexpr NodeKind kNitSection{.name = "nit-section",
                                .label = numbered<"SECTION %04X", Nit, &Nit::section_number>,
                                .expand = expandDescriptorsAndStreams<Nit, kNitStreams>,
-                               .item = NodeItem::Filled};
+                               .fill = fillFrom<kNitFields>};
 constexpr NodeKind kNitNetwork{.name = "nit-network",
                                .label = keyed<"NID %04X", NitMap>,
                                .expand = expandSections<NitSections, kNitSection>};
@@ -142,11 +143,11 @@ constexpr NodeKind kNitOther{.name = "nit-other",
 constexpr NodeKind kSdtService{.name = "sdt-service",
                                .label = numbered<"%04x", SdtService, &SdtService::service_id>,
                                .expand = expandDescriptors<SdtService>,
-                               .item = NodeItem::Filled};
+                               .fill = fillFrom<kSdtServiceFields>};
 constexpr NodeKind kSdtSection{.name = "sdt-section",
                                .label = numbered<"SECTION %04X", Sdt, &Sdt::section_number>,
                                .expand = expandList<Sdt, &Sdt::services, kSdtService>,
-                               .item = NodeItem::Filled};
+                               .fill = fillFrom<kSdtFields>};
 constexpr NodeKind kSdtStream{.name = "sdt-transport-stream",
                               .label = keyed<"TID %04X", SdtStreams>,
                               .expand = expandSections<SdtSections, kSdtSection>};
@@ -165,24 +166,25 @@ constexpr NodeKind kSdtOther{.name = "sdt-other",
 constexpr NodeKind kCat{.name = "cat",
                         .label = fixed<"CAT">,
                         .expand = expandDescriptors<Cat>,
-                        .item = NodeItem::Filled};
-constexpr NodeKind kBat{.name = "bat", .label = fixed<"BAT">, .item = NodeItem::Filled};
+                        .fill = fillFrom<kCatFields>};
+constexpr NodeKind kBat{.name = "bat", .label = fixed<"BAT">, .fill = fillFrom<kBatFields>};
 constexpr NodeKind kPatProgram{.name = "pat-program",
                                .label = numbered<"%04X", PatProgram, &PatProgram::program_number>,
-                               .item = NodeItem::Filled};
+                               .fill = fillFrom<kPatProgramFields>};
 constexpr NodeKind kPat{.name = "pat",
                         .label = fixed<"PAT">,
                         .expand = expandList<Pat, &Pat::programs, kPatProgram>,
-                        .item = NodeItem::Filled};
+                        .fill = fillFrom<kPatFields>};
 constexpr NodeKind kRst{.name = "rst",
                         .label = fixed<"RST">,
-                        .expand = expandLists<Rst, EntryList<&Rst::entries, "ITEM">>,
-                        .item = NodeItem::Filled};
-constexpr NodeKind kTdt{.name = "tdt", .label = fixed<"TDT">, .item = NodeItem::Filled};
+                        .expand =
+                            expandLists<Rst, EntryList<&Rst::entries, "ITEM", kRstEntryFields>>,
+                        .fill = fillFrom<kRstFields>};
+constexpr NodeKind kTdt{.name = "tdt", .label = fixed<"TDT">, .fill = fillFrom<kTdtFields>};
 constexpr NodeKind kTot{.name = "tot",
                         .label = fixed<"TOT">,
                         .expand = expandDescriptors<Tot>,
-                        .item = NodeItem::Filled};
+                        .fill = fillFrom<kTotFields>};
 
 // PMT
 
@@ -193,7 +195,7 @@ constexpr NodeKind kPmtStream{.name = "pmt-stream",
                                           streamTypeName(node.data<StreamInfo>().stream_type));
                                   },
                               .expand = expandDescriptors<StreamInfo>,
-                              .item = NodeItem::Filled};
+                              .fill = fillFrom<kPmtStreamFields>};
 constexpr NodeKind kPmtStreams{.name = "pmt-streams",
                                .label = fixed<"STREAM_INFO">,
                                .expand = expandList<Pmt, &Pmt::streams, kPmtStream>};
@@ -210,7 +212,7 @@ std::string programLabel(const NodeView& node)
 constexpr NodeKind kProgram{.name = "pmt-program",
                             .label = programLabel,
                             .expand = expandDescriptorsAndStreams<Pmt, kPmtStreams>,
-                            .item = NodeItem::Filled,
+                            .fill = fillFrom<kPmtFields>,
                             .menu = ContextMenu::Program};
 
 void expandPmt(const NodeView& node, Children& children)
@@ -227,11 +229,11 @@ constexpr NodeKind kPmt{.name = "pmt", .label = fixed<"PMT">, .expand = expandPm
 constexpr NodeKind kEitEvent{.name = "eit-event",
                              .label = numbered<"EID %04x", EitEvent, &EitEvent::event_id>,
                              .expand = expandDescriptors<EitEvent>,
-                             .item = NodeItem::Filled};
+                             .fill = fillFrom<kEitEventFields>};
 constexpr NodeKind kEitSection{.name = "eit-section",
                                .label = numbered<"%04X", Eit, &Eit::section_number>,
                                .expand = expandList<Eit, &Eit::events, kEitEvent>,
-                               .item = NodeItem::Filled};
+                               .fill = fillFrom<kEitFields>};
 
 std::string eitServiceLabel(const NodeView& node)
 {

@@ -1,0 +1,39 @@
+#include "explorer/fields/cell_fields.h"
+
+#include <variant>
+
+namespace tessaview {
+
+namespace {
+
+using lib13818::DescriptorMosiac;
+
+std::string textOf(const DescriptorMosiac::BouquetInfo& bouquet)
+{
+    return formatted("bouquet %04X", static_cast<unsigned>(bouquet.bouquet_id));
+}
+
+std::string textOf(const DescriptorMosiac::ServiceInfo& service)
+{
+    return formatted("service %04X of transport stream %04X, network %04X",
+                     static_cast<unsigned>(service.service_id),
+                     static_cast<unsigned>(service.transport_stream_id),
+                     static_cast<unsigned>(service.original_network_id));
+}
+
+std::string textOf(const DescriptorMosiac::EventInfo& event)
+{
+    return formatted("event %04X of service %04X, transport stream %04X, network %04X",
+                     static_cast<unsigned>(event.event_id), static_cast<unsigned>(event.service_id),
+                     static_cast<unsigned>(event.transport_stream_id),
+                     static_cast<unsigned>(event.original_network_id));
+}
+
+} // namespace
+
+std::string linkageText(const DescriptorMosiac::CellInfo& cell)
+{
+    return std::visit([](const auto& linkage) { return textOf(linkage); }, cell.linkage);
+}
+
+} // namespace tessaview

@@ -1,0 +1,69 @@
+#include "explorer/fields/field_text.h"
+
+#include "explorer/tree.h"
+#include "platform/format.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace tessaview {
+
+std::string numberText(const char* format, std::uint32_t number, const char* words)
+{
+    const std::string_view text(format);
+    if (text.find("ld") != std::string_view::npos || text.find("lu") != std::string_view::npos)
+        return formatted(format, static_cast<unsigned long>(number));
+    return formatted(format, number, words);
+}
+
+std::string realText(const char* format, double value)
+{
+    return formatted(format, value);
+}
+
+std::string timeText(const char* format, const lib13818::DateTime& time)
+{
+    return formatted(format, time.day, time.month, time.year, time.hour, time.minute, time.second);
+}
+
+std::string bytesText(std::span<const std::uint8_t> bytes)
+{
+    constexpr std::size_t kShown = 100;
+    std::string text;
+    for (const std::uint8_t byte : bytes.first(std::min(bytes.size(), kShown)))
+        text += formatted(text.empty() ? "%02X" : " %02X", unsigned{byte});
+    return text;
+}
+
+void fillText(const std::string& broadcast, const NodeView& /*node*/, ValueRow& row)
+{
+    row.data = displayText(broadcast);
+}
+
+void fillText(const lib13818::StrippedText& broadcast, const NodeView& node, ValueRow& row)
+{
+    std::string text;
+    if (broadcast.selector)
+        text += static_cast<char>(*broadcast.selector);
+    fillText(text + broadcast.text, node, row);
+}
+
+void fillText(const lib13818::Code& code, const NodeView& /*node*/, ValueRow& row)
+{
+    row.data = registryText(code.data());
+}
+
+void fillBytes(std::span<const std::uint8_t> bytes, ValueRow& row)
+{
+    row.data = bytesText(bytes);
+    row.item = RowItem::Bytes;
+    row.bytes = bytes;
+}
+
+void fillPid(int pid, ValueRow& row)
+{
+    row.item = RowItem::Pid;
+    row.pid = pid;
+}
+
+} // namespace tessaview
