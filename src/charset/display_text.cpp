@@ -1,96 +1,12 @@
 #include "charset/display_text.h"
 
-#include "charset/iso6937.h"
-
 #include <algorithm>
 #include <array>
-#include <cstdint>
-#include <iconv.h>
-#include <memory>
-#include <string>
-#include <type_traits>
+#include <cstdio>
 
 namespace tessaview {
 
 namespace {
-
-constexpr char32_t kReplacement = 0xFFFD;
-
-/// What a text's first bytes select: the bytes that do, and the name of the table for iconv; null
-/// for the default table, "" for one that is reserved.
-struct Selected {
-    std::size_t length;
-    const char* table;
-};
-
-// Selector 0x01 and up, and the third byte behind 0x10 0x00.
-constexpr std::array kSingleBytes{"",           "ISO-8859-5",  "ISO-8859-6",  "ISO-8859-7",
-                                  "ISO-8859-8", "ISO-8859-9",  "ISO-8859-10", "ISO-8859-11",
-                                  "",           "ISO-8859-13", "ISO-8859-14", "ISO-8859-15"};
-constexpr std::array kIsoParts{"",           "ISO-8859-1",  "ISO-8859-2",  "ISO-8859-3",
-                               "ISO-8859-4", "ISO-8859-5",  "ISO-8859-6",  "ISO-8859-7",
-                               "ISO-8859-8", "ISO-8859-9",  "ISO-8859-10", "ISO-8859-11",
-                               "",           "ISO-8859-13", "ISO-8859-14", "ISO-8859-15"};
-// Selector 0x11 and up.
-constexpr std::array kMultiBytes{"UTF-16BE", "EUC-KR", "GB2312", "UTF-16BE", "UTF-8"};
-
-Selected selected(std::string_view text)
-{
-    const auto at = [&](std::size_t i) {
-        return i < text.size() ? static_cast<unsigned char>(text[i]) : 0xFFU;
-    };
-    const unsigned first = at(0);
-    if (text.empty() || first >= 0x20)
-        return {.length = 0, .table = nullptr};
-    if (first >= 1 && first < kSingleBytes.size())
-        return {.length = 1, .table = kSingleBytes[first]};
-    if (first == 0x10) {
-        const bool isKnown = at(1) == 0 && at(2) < kIsoParts.size();
-        return {.length = std::min<std::size_t>(3, text.size()),
-                .table = isKnown ? kIsoParts[at(2)] : ""};
-    }
-    if (first >= 0x11 && first - 0x11 < kMultiBytes.size())
-        return {.length = 1, .table = kMultiBytes[first - 0x11]};
-    // 0x1F names a registered encoding in its second byte, of which none is public.
-    return {.length = std::min<std::size_t>(first == 0x1F ? 2 : 1, text.size()), .table = ""};
-}
-
-struct ConverterCloser {
-    void operator()(iconv_t converter) const { iconv_close(converter); }
-};
-using Converter = std::unique_ptr<std::remove_pointer_t<iconv_t>, ConverterCloser>;
-
-Converter openConverter(const char* table)
-{
-    const iconv_t converter = iconv_open("UTF-32LE", table);
-    return Converter(converter == reinterpret_cast<iconv_t>(-1) ? nullptr : converter);
-}
-
-/// Through iconv; what it cannot read becomes U+FFFD, one for each byte.
-std::u32string converted(std::string_view text, const char* table)
-{
-    const Converter converter = openConverter(table);
-    if (!converter)
-        return std::u32string(text.size(), kReplacement);
-    std::u32string out;
-    std::string input(text);
-    char* from = input.data();
-    std::size_t left = input.size();
-    while (left > 0) {
-        std::array<char32_t, 256> block{};
-        char* to = reinterpret_cast<char*>(block.data());
-        std::size_t room = sizeof(block);
-        const std::size_t result = iconv(converter.get(), &from, &left, &to, &room);
-        out.append(block.data(), (sizeof(block) - room) / sizeof(char32_t));
-        if (result != static_cast<std::size_t>(-1) || room < sizeof(char32_t))
-            continue;
-        out.push_back(kReplacement);
-        ++from;
-        --left;
-        iconv(converter.get(), nullptr, nullptr, nullptr, nullptr);
-    }
-    return out;
-}
 
 void appendUtf8(std::string& out, char32_t c)
 {
@@ -153,26 +69,99 @@ bool isPlain(std::string_view text)
     return std::all_of(text.begin(), text.end(), [](char c) { return c >= 0x20 && c < 0x7F; });
 }
 
+/// How one text is read.
+struct Reading {
+    Selection selection;         ///< by its own first bytes
+    const CharacterTable* table; ///< by the rule too; null: only its ASCII can be read
+    std::string_view body;       ///< without the selector
+    bool isByRule;
+};
+
+Reading readingOf(const BroadcastText& broadcast, const CharsetRule& rule)
+{
+    std::string_view body = broadcast.text;
+    Selection selection{};
+    if (broadcast.selector) {
+        // Only the first byte was taken off: operands are still in the text.
+        const std::string front =
+            static_cast<char>(*broadcast.selector) + std::string(body.substr(0, 2));
+        selection = selectionOf(front);
+        body.remove_prefix(static_cast<std::size_t>(std::max(selection.length, 1) - 1));
+    } else {
+        selection = selectionOf(body);
+        body.remove_prefix(static_cast<std::size_t>(selection.length));
+    }
+    const bool isByRule = rule.table && (rule.beatsSelector || selection.length == 0);
+    return {.selection = selection,
+            .table = isByRule ? rule.table : selection.table,
+            .body = body,
+            .isByRule = isByRule};
+}
+
+/// What is plain can be read without knowing the table.
+std::u32string asciiOf(std::string_view text)
+{
+    std::u32string out;
+    for (const char c : text)
+        out.push_back(static_cast<unsigned char>(c) < 0x80 ? static_cast<char32_t>(c)
+                                                           : kReplacement);
+    return out;
+}
+
+std::string numbered(const char* format, unsigned number)
+{
+    std::array<char, 64> text{};
+    std::snprintf(text.data(), text.size(), format, number);
+    return text.data();
+}
+
 } // namespace
+
+std::string displayText(const BroadcastText& broadcast, const CharsetRule& rule)
+{
+    if (!broadcast.selector && isPlain(broadcast.text))
+        return std::string(broadcast.text);
+    const Reading reading = readingOf(broadcast, rule);
+    return shown(reading.table ? reading.table->decode(reading.body, *reading.table)
+                               : asciiOf(reading.body));
+}
 
 std::string displayText(std::string_view broadcast)
 {
-    if (isPlain(broadcast))
-        return std::string(broadcast);
-    const Selected selection = selected(broadcast);
-    const std::string_view text = broadcast.substr(selection.length);
-    if (!selection.table)
-        return shown(fromIso6937(text));
-    if (*selection.table == '\0') // a table nobody knows: what is plain can still be read
-        return shown(converted(text, "ASCII"));
-    return shown(converted(text, selection.table));
+    return displayText(BroadcastText{.text = broadcast});
+}
+
+std::string charsetRemark(const BroadcastText& broadcast, const CharsetRule& rule)
+{
+    const Reading reading = readingOf(broadcast, rule);
+    const std::string table = reading.table ? reading.table->name : "unknown table";
+    if (reading.isByRule) {
+        const std::string beaten = rule.beatsSelector ? " to beat the selector" : "";
+        return table + ", set" + beaten +
+               (rule.original_network_id
+                    ? numbered(" for network 0x%04X", *rule.original_network_id)
+                    : std::string(beaten.empty() ? " for texts without a selector" : ""));
+    }
+    if (reading.selection.length == 0)
+        return table + ", no selector";
+    const unsigned selector = broadcast.selector
+                                  ? *broadcast.selector
+                                  : static_cast<unsigned char>(broadcast.text.front());
+    return table + numbered(", by the text's selector 0x%02X", selector);
+}
+
+std::string codeText(std::string_view code)
+{
+    const CharacterTable& latin = *findTable("iso-8859-1");
+    return shown(latin.decode(code.substr(0, code.find('\0')), latin));
 }
 
 std::string registryText(std::string_view text)
 {
     if (isPlain(text))
         return std::string(text);
-    return shown(converted(text, "WINDOWS-1252"));
+    const CharacterTable& windows = *findTable("windows-1252");
+    return shown(windows.decode(text, windows));
 }
 
 } // namespace tessaview

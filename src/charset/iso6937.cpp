@@ -1,5 +1,7 @@
 #include "charset/iso6937.h"
 
+#include "charset/character_table.h"
+
 #include <algorithm>
 #include <array>
 #include <cstdint>
@@ -8,7 +10,6 @@ namespace tessaview {
 
 namespace {
 
-constexpr char32_t kReplacement = 0xFFFD;
 constexpr char32_t kNone = kReplacement;
 
 // 0xA0 to 0xBF and 0xD0 to 0xFF; 0xC0 to 0xCF are marks.

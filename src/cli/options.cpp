@@ -30,6 +30,41 @@ std::string checkTables(const std::string& text)
     return problem;
 }
 
+std::string checkCharset(const std::string& text)
+{
+    std::string problem;
+    static_cast<void>(parseCharsetRule(text, problem));
+    return problem;
+}
+
+constexpr const char* kCharsetHelp = R"(
+
+A character table is used for texts that do not select one themselves, or with ',always' for all
+texts. It may be for one network, named by its original_network_id, and the option be repeated:
+--charset iso-8859-2 --charset 0x0085=iso-8859-9,always. 'auto' goes by EN 300 468. Tables:
+)";
+
+std::string charsetHelp()
+{
+    std::string text = kCharsetHelp;
+    for (const CharacterTable& table : selectableTables())
+        text.append("  ")
+            .append(table.key)
+            .append(14 - std::string(table.key).size(), ' ')
+            .append(std::string(table.name) + " (" + table.use + ")\n");
+    return text;
+}
+
+CharsetPolicy charsetPolicy(const std::vector<std::string>& rules)
+{
+    CharsetPolicy policy;
+    std::string problem;
+    for (const std::string& text : rules)
+        if (const auto rule = parseCharsetRule(text, problem))
+            policy.set(*rule);
+    return policy;
+}
+
 } // namespace
 
 ParsedOptions parseOptions(int argc, const char* const* argv)
@@ -38,9 +73,10 @@ ParsedOptions parseOptions(int argc, const char* const* argv)
     std::string format = "tree";
     std::string tables = "all";
     std::string mode = "current";
+    std::vector<std::string> charsets;
 
     CLI::App app("Shows the DVB service information of a multiplex.", "tessaview3-scan");
-    app.footer(kFooter);
+    app.footer(kFooter + charsetHelp());
     app.set_version_flag("--version", std::string("tessaview3-scan ") + kVersionText);
     app.add_option("CAPTURE", options.captures,
                    "Captured transport streams, or folders of them; the first is the one read");
@@ -55,6 +91,10 @@ ParsedOptions parseOptions(int argc, const char* const* argv)
     app.add_option("--format", format, "How to print it, default 'tree'")
         ->check(CLI::IsMember(kFormats))
         ->option_text("tree|values|json|none");
+    app.add_option("--charset", charsets, "Read texts with this character table, default 'auto'")
+        ->check(CLI::Validator(checkCharset, "", "charset"))
+        ->allow_extra_args(false)
+        ->option_text("[NETWORK=]TABLE[,always]");
     app.add_option("--log", options.log,
                    "Write the log to this file instead of the one beside the program")
         ->option_text("FILE");
@@ -70,6 +110,7 @@ ParsedOptions parseOptions(int argc, const char* const* argv)
     options.format = kFormats.at(format);
     std::string problem;
     options.tables = parseTableList(tables, problem);
+    options.charsets = charsetPolicy(charsets);
     return {.options = options};
 }
 

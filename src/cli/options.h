@@ -1,5 +1,7 @@
 #pragma once
 
+#include "charset/charset_policy.h"
+
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -21,6 +23,7 @@ struct Options {
     bool listDrivers = false;
     std::optional<std::uint32_t> tables; ///< the bits of this run; none: the stored selection
     OutputFormat format = OutputFormat::Tree;
+    CharsetPolicy charsets; ///< what texts are read with
     std::string log;
     bool quiet = false;
 };

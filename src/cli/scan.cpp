@@ -211,6 +211,7 @@ int scan(const Options& options)
     session.close();
 
     Tree tree;
+    tree.setCharsetPolicy(options.charsets);
     tree.rebuild(model);
     printTree(std::cout, tree, options.format);
     std::cout.flush();

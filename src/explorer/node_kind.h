@@ -38,6 +38,8 @@ struct NodeKind {
     void (*fill)(const NodeView& node, std::vector<ValueRow>& rows) = nullptr;
     NodeItem item = fill ? NodeItem::Filled : NodeItem::Plain;
     ContextMenu menu = ContextMenu::None;
+    /// The network that a node and all below it belong to; null for a kind that does not say.
+    std::uint32_t (*originalNetworkId)(const NodeView& node) = nullptr;
 };
 
 } // namespace tessaview

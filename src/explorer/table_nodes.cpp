@@ -4,6 +4,7 @@
 #include "explorer/descriptor_nodes.h"
 #include "explorer/fields/table_fields.h"
 #include "explorer/list_nodes.h"
+#include "explorer/node_text.h"
 #include "explorer/service_names.h"
 #include "explorer/stream_type_names.h"
 #include "explorer/tree.h"
@@ -31,11 +32,24 @@ std::string numbered(const NodeView& node)
     return formatted(Format.text, static_cast<unsigned>(node.data<T>().*Member));
 }
 
+/// The key of a map entry.
+template <class Map>
+std::uint32_t keyOf(const NodeView& node)
+{
+    return node.data<typename Map::value_type>().first;
+}
+
 /// A label of the key of a map entry.
 template <Literal Format, class Map>
 std::string keyed(const NodeView& node)
 {
-    return formatted(Format.text, node.data<typename Map::value_type>().first);
+    return formatted(Format.text, keyOf<Map>(node));
+}
+
+template <class T>
+std::uint32_t originalNetworkIdOf(const NodeView& node)
+{
+    return static_cast<std::uint32_t>(node.data<T>().original_network_id);
 }
 
 std::string networkText(std::uint32_t original_network_id)
@@ -109,7 +123,8 @@ std::string serviceName(const NodeView& node, std::uint32_t original_network_id,
 {
     const auto name = lookupServiceName(transportStreamOf(node).data<Transponder>(),
                                         original_network_id, transport_stream_id, service_id);
-    return name ? displayText(*name) : "<service not in SDT>";
+    return name ? displayText(BroadcastText{.text = *name}, charsetRuleOf(node))
+                : "<service not in SDT>";
 }
 
 // Kinds stand below the kinds of their children.
@@ -120,7 +135,8 @@ constexpr NodeKind kNitStream{
     .name = "nit-transport-stream",
     .label = numbered<"%04X", TransportStreamEntry, &TransportStreamEntry::transport_stream_id>,
     .expand = expandDescriptors<TransportStreamEntry>,
-    .fill = fillFrom<kNitStreamFields>};
+    .fill = fillFrom<kNitStreamFields>,
+    .originalNetworkId = originalNetworkIdOf<TransportStreamEntry>};
 constexpr NodeKind kNitStreams{.name = "nit-transport-streams",
                                .label = fixed<"STREAM_INFO">,
                                .expand = expandList<Nit, &Nit::transportStreams, kNitStream>};
@@ -153,7 +169,8 @@ constexpr NodeKind kSdtStream{.name = "sdt-transport-stream",
                               .expand = expandSections<SdtSections, kSdtSection>};
 constexpr NodeKind kSdtNetwork{.name = "sdt-network",
                                .label = keyed<"ORIGINAL NID %04X", SdtMap>,
-                               .expand = expandEntry<SdtStreams, kSdtStream>};
+                               .expand = expandEntry<SdtStreams, kSdtStream>,
+                               .originalNetworkId = keyOf<SdtMap>};
 constexpr NodeKind kSdtActual{.name = "sdt-actual",
                               .label = fixed<"SDT - actual transport stream">,
                               .expand = expandMap<SdtMap, kSdtNetwork>};
@@ -237,9 +254,9 @@ constexpr NodeKind kEitSection{.name = "eit-section",
 
 std::string eitServiceLabel(const NodeView& node)
 {
-    const std::uint32_t service = node.data<EitServices::value_type>().first;
-    const std::uint32_t stream = node.parent().data<EitStreams::value_type>().first;
-    const std::uint32_t network = node.parent().parent().data<EitMap::value_type>().first;
+    const std::uint32_t service = keyOf<EitServices>(node);
+    const std::uint32_t stream = keyOf<EitStreams>(node.parent());
+    const std::uint32_t network = keyOf<EitMap>(node.parent().parent());
     return formatted("SID %04X - %s", service, serviceName(node, network, stream, service).c_str());
 }
 
@@ -252,12 +269,14 @@ constexpr NodeKind kEitStream{.name = "eit-transport-stream",
 
 std::string eitNetworkLabel(const NodeView& node)
 {
-    const std::uint32_t network = node.data<EitMap::value_type>().first;
+    const std::uint32_t network = keyOf<EitMap>(node);
     return formatted("NID %04X - %s", network, networkText(network).c_str());
 }
 
-constexpr NodeKind kEitNetwork{
-    .name = "eit-network", .label = eitNetworkLabel, .expand = expandEntry<EitStreams, kEitStream>};
+constexpr NodeKind kEitNetwork{.name = "eit-network",
+                               .label = eitNetworkLabel,
+                               .expand = expandEntry<EitStreams, kEitStream>,
+                               .originalNetworkId = keyOf<EitMap>};
 constexpr NodeKind kEitPfActual{.name = "eit-pf-actual",
                                 .label = fixed<"actual_transport_stream, present/following">,
                                 .expand = expandMap<EitMap, kEitNetwork>};
@@ -316,7 +335,7 @@ constexpr NodeKind kTransportStream{
 
 std::string networkLabel(const NodeView& node)
 {
-    const std::uint32_t network = node.data<Network>().original_network_id;
+    const std::uint32_t network = originalNetworkIdOf<Network>(node);
     return formatted("%04X - %s", network, networkText(network).c_str());
 }
 
@@ -326,7 +345,10 @@ void expandNetwork(const NodeView& node, Children& children)
         children.add(kTransportStream, &transponder);
 }
 
-constexpr NodeKind kNetwork{.name = "network", .label = networkLabel, .expand = expandNetwork};
+constexpr NodeKind kNetwork{.name = "network",
+                            .label = networkLabel,
+                            .expand = expandNetwork,
+                            .originalNetworkId = originalNetworkIdOf<Network>};
 
 void expandRoot(const NodeView& node, Children& children)
 {

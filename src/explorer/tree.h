@@ -1,11 +1,13 @@
 #pragma once
 
+#include "charset/charset_policy.h"
 #include "explorer/node_kind.h"
 #include "model/network_map.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace tessaview {
@@ -21,6 +23,7 @@ public:
     NodeView(const Tree& tree, NodeId id) : tree_(&tree), id_(id) {}
 
     NodeId id() const { return id_; }
+    const Tree& tree() const { return *tree_; }
     const NodeKind& kind() const;
     /// What the node stands for, of the type its kind fixes.
     template <class T>
@@ -75,6 +78,11 @@ public:
     /// Forgets all nodes.
     void clear();
 
+    /// The character tables of labels and rows. They are made on demand, so what has changed here
+    /// shows as soon as they are asked for again.
+    const CharsetPolicy& charsetPolicy() const { return charsetPolicy_; }
+    void setCharsetPolicy(CharsetPolicy policy) { charsetPolicy_ = std::move(policy); }
+
     bool empty() const { return nodes_.empty(); }
     std::size_t size() const { return nodes_.size(); }
     NodeView root() const { return {*this, 0}; }
@@ -93,6 +101,7 @@ private:
     };
 
     std::vector<Node> nodes_;
+    CharsetPolicy charsetPolicy_;
 };
 
 } // namespace tessaview

@@ -1,12 +1,24 @@
 #include "explorer/fields/field_text.h"
 
-#include "explorer/tree.h"
+#include "explorer/node_text.h"
 #include "platform/format.h"
 
 #include <algorithm>
 #include <string_view>
 
 namespace tessaview {
+
+namespace {
+
+void fillBroadcast(const BroadcastText& broadcast, const NodeView& node, ValueRow& row)
+{
+    const CharsetRule& rule = charsetRuleOf(node);
+    row.data = displayText(broadcast, rule);
+    if (!broadcast.text.empty())
+        row.remark = charsetRemark(broadcast, rule);
+}
+
+} // namespace
 
 std::string numberText(const char* format, std::uint32_t number, const char* words)
 {
@@ -35,22 +47,19 @@ std::string bytesText(std::span<const std::uint8_t> bytes)
     return text;
 }
 
-void fillText(const std::string& broadcast, const NodeView& /*node*/, ValueRow& row)
+void fillText(const std::string& broadcast, const NodeView& node, ValueRow& row)
 {
-    row.data = displayText(broadcast);
+    fillBroadcast(BroadcastText{.text = broadcast}, node, row);
 }
 
 void fillText(const lib13818::StrippedText& broadcast, const NodeView& node, ValueRow& row)
 {
-    std::string text;
-    if (broadcast.selector)
-        text += static_cast<char>(*broadcast.selector);
-    fillText(text + broadcast.text, node, row);
+    fillBroadcast(BroadcastText{.text = broadcast.text, .selector = broadcast.selector}, node, row);
 }
 
 void fillText(const lib13818::Code& code, const NodeView& /*node*/, ValueRow& row)
 {
-    row.data = registryText(code.data());
+    row.data = codeText({code.data(), code.size()});
 }
 
 void fillBytes(std::span<const std::uint8_t> bytes, ValueRow& row)
