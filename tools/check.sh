@@ -7,5 +7,5 @@ cd "$(dirname "$0")/.."
 install_packages "${BUILD_PACKAGES[@]}" "${TEST_PACKAGES[@]}" "${CHECK_PACKAGES[@]}"
 tools/check-format.sh
 ./test.sh release
-git ls-files -- 'src/*.cpp' 'drivers/*.cpp' |
+git ls-files -- 'src/*.cpp' 'drivers/*.cpp' 'components/*.cpp' |
     xargs -r -P "$(nproc)" -n 4 clang-tidy-14 -p build/asan --quiet

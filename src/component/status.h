@@ -33,7 +33,10 @@ constexpr Status kLibraryNotFound = static_cast<Status>(0x8007007E);
 constexpr Status kAccessDenied = static_cast<Status>(0x80070005);
 constexpr Status kOutOfMemory = static_cast<Status>(0x8007000E);
 constexpr Status kNotReady = static_cast<Status>(0x80070015);
+/// A file is there, but it does not hold what it should.
+constexpr Status kInvalidData = static_cast<Status>(0x8007000D);
 constexpr Status kInvalidArgument = static_cast<Status>(0x80070057);
+constexpr Status kAlreadyExists = static_cast<Status>(0x800700B7);
 constexpr Status kNotFound = static_cast<Status>(0x80070490);
 } // namespace status
 

@@ -60,24 +60,12 @@ Json valueOf(const std::filesystem::path& file, std::string_view key, std::strin
     }
 }
 
-/// Where the file really is: a link that stands in its place stays.
-std::filesystem::path resolved(const std::filesystem::path& file)
-{
-    std::error_code failure;
-    if (!std::filesystem::is_symlink(file, failure))
-        return std::filesystem::absolute(file);
-    std::filesystem::path target = std::filesystem::canonical(file, failure);
-    if (failure)
-        throw SettingsError(file.string() + " leads nowhere: " + failure.message());
-    return target;
-}
-
 template <class Change>
 void change(const std::filesystem::path& given, Change apply)
 {
     if (given.empty())
         throw SettingsError("there is no folder for settings: the user has no home");
-    const std::filesystem::path file = resolved(given);
+    const std::filesystem::path file = resolvedFile(given);
     std::error_code failure;
     std::filesystem::create_directories(file.parent_path(), failure);
     if (failure)

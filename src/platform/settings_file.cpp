@@ -56,7 +56,18 @@ bool writeWholly(int descriptor, std::string_view content)
 
 } // namespace
 
-std::string readSmallFile(const std::filesystem::path& file)
+std::filesystem::path resolvedFile(const std::filesystem::path& file)
+{
+    std::error_code failure;
+    if (!std::filesystem::is_symlink(file, failure))
+        return std::filesystem::absolute(file);
+    std::filesystem::path target = std::filesystem::canonical(file, failure);
+    if (failure)
+        throw SettingsError(file.string() + " leads nowhere: " + failure.message());
+    return target;
+}
+
+std::string readSmallFile(const std::filesystem::path& file, std::size_t limit)
 {
     // Without O_NONBLOCK a pipe in the place of the file would hold the program up.
     const Descriptor in(::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
@@ -76,18 +87,18 @@ std::string readSmallFile(const std::filesystem::path& file)
         if (got < 0)
             fail(file, "cannot be read", errno);
         content.append(block.data(), static_cast<std::size_t>(got));
-        if (content.size() > kMaxSettingsBytes)
+        if (content.size() > limit)
             break; // the caller sees that it is too large
     }
     return content;
 }
 
-void replaceFile(const std::filesystem::path& file, std::string_view content)
+void replaceFile(const std::filesystem::path& file, std::string_view content, mode_t mode)
 {
     const std::string temporary = file.string() + ".new";
     {
         const Descriptor out(
-            ::open(temporary.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW, 0600));
+            ::open(temporary.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW, mode));
         if (!out)
             fail(temporary, "cannot be written", errno);
         if (!writeWholly(out.get(), content)) {
@@ -120,12 +131,14 @@ void setFileAside(const std::filesystem::path& file)
         fail(file, "is broken and cannot be set aside", errno);
 }
 
-FileLock::FileLock(const std::filesystem::path& file)
+FileLock::FileLock(const std::filesystem::path& file, mode_t mode)
 {
     constexpr auto kPatience = std::chrono::seconds(10);
     constexpr auto kPause = std::chrono::milliseconds(5);
     const std::string lockFile = file.string() + ".lock";
-    descriptor_ = ::open(lockFile.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
+    descriptor_ = ::open(lockFile.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, mode);
+    if (descriptor_ < 0 && errno == EACCES) // another user's, in a folder that users share
+        descriptor_ = ::open(lockFile.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW);
     if (descriptor_ < 0)
         fail(lockFile, "cannot be written", errno);
     const auto end = std::chrono::steady_clock::now() + kPatience;

@@ -1,0 +1,96 @@
+#include "satlist/list_access.h"
+
+namespace tessaview {
+
+namespace {
+
+/// Calls an operation with an out-parameter for an object, which has to be there on success.
+template <class Interface, class Call>
+Status received(ComPtr<Interface>& out, Call call)
+{
+    Interface* object = nullptr;
+    const Status result = call(&object);
+    out = ComPtr<Interface>::adopt(failed(result) ? nullptr : object);
+    return !failed(result) && !object ? status::kUnexpected : result;
+}
+
+/// The first failure of the statuses of a list of calls, which are made until one fails.
+template <class... Calls>
+Status allOf(Calls... calls)
+{
+    Status result = status::kOk;
+    static_cast<void>((!failed(result = calls()) && ...));
+    return result;
+}
+
+} // namespace
+
+Status enumSatellites(ISatListManager& manager, bool selectedOnly, ComPtr<IEnumSatellite>& out)
+{
+    return received(out, [&](auto** object) {
+        return manager.EnumSatellites(1, selectedOnly ? 1 : 0, object);
+    });
+}
+
+Status getSatellite(ISatListManager& manager, const Bstr& name, ComPtr<ISatellite>& out)
+{
+    return received(out, [&](auto** object) { return manager.GetSatellite(name.get(), object); });
+}
+
+Status createSatellite(ISatListManager& manager, const Bstr& name, ComPtr<ISatellite>& out)
+{
+    return received(out,
+                    [&](auto** object) { return manager.CreateSatellite(name.get(), object); });
+}
+
+Status enumTransponders(ISatellite& satellite, TransponderUse use, ComPtr<IEnumSatTransponder>& out)
+{
+    return received(out, [&](auto** object) {
+        return satellite.EnumTransponders(static_cast<std::int32_t>(use), object);
+    });
+}
+
+Status readTransponder(ISatTransponder& transponder, TransponderEntry& entry)
+{
+    return allOf([&] { return transponder.get_Flag(&entry.flag); },
+                 [&] { return transponder.get_Frequency(&entry.frequency); },
+                 [&] { return transponder.get_TSID(&entry.tsid); },
+                 [&] { return transponder.get_NID(&entry.nid); },
+                 [&] { return transponder.get_Polarization(&entry.polarization); },
+                 [&] { return transponder.get_SymbolRate(&entry.symbolRate); },
+                 [&] { return transponder.get_FEC(&entry.fec); });
+}
+
+Status addTransponder(ISatellite& satellite, const TransponderEntry& entry)
+{
+    ComPtr<ISatTransponder> created;
+    const Status result = received(created, [&](auto** object) {
+        return satellite.CreateTransponder(entry.nid, entry.tsid, object);
+    });
+    if (failed(result))
+        return result;
+    return allOf([&] { return entry.flag ? created->put_Flag(entry.flag) : status::kOk; },
+                 [&] { return created->put_Frequency(entry.frequency); },
+                 [&] { return created->put_Polarization(entry.polarization); },
+                 [&] { return created->put_SymbolRate(entry.symbolRate); },
+                 [&] { return created->put_FEC(entry.fec); },
+                 [&] { return satellite.AddTransponder(created.get()); });
+}
+
+Status readTransponders(ISatellite& satellite, std::vector<TransponderEntry>& entries)
+{
+    ComPtr<IEnumSatTransponder> enumerator;
+    Status result = enumTransponders(satellite, TransponderUse::Edit, enumerator);
+    if (failed(result))
+        return result;
+    for (const auto& transponder : Items(enumerator.get())) {
+        TransponderEntry entry;
+        result = readTransponder(*transponder.get(), entry);
+        if (failed(result))
+            return result;
+        entries.push_back(entry);
+    }
+    return status::kOk;
+}
+
+} // namespace tessaview
