@@ -1,0 +1,295 @@
+#include "satlist/scan_table.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <optional>
+#include <utility>
+
+namespace tessaview {
+
+namespace {
+
+constexpr std::size_t kMostProblems = 100;
+constexpr std::size_t kLongestQuote = 60;
+
+struct Range {
+    std::uint64_t least;
+    std::uint64_t most;
+};
+constexpr Range kFrequencies{1'000'000, 100'000'000}; // kHz: 1 to 100 GHz
+constexpr Range kSymbolRates{10'000, 1'000'000'000};  // symbols/s
+
+using Word = std::pair<std::string_view, std::int32_t>;
+constexpr std::array<Word, 8> kPolarizations{{{"HORIZONTAL", 0},
+                                              {"H", 0},
+                                              {"VERTICAL", 1},
+                                              {"V", 1},
+                                              {"LEFT", 2},
+                                              {"L", 2},
+                                              {"RIGHT", 3},
+                                              {"R", 3}}};
+// Those of DVB-S2 alone have no value in the list.
+constexpr std::array<Word, 15> kCodeRates{{{"AUTO", 0},
+                                           {"1/2", 1},
+                                           {"2/3", 2},
+                                           {"3/4", 3},
+                                           {"5/6", 4},
+                                           {"7/8", 5},
+                                           {"8/9", 6},
+                                           {"NONE", 7},
+                                           {"1/4", 0},
+                                           {"1/3", 0},
+                                           {"2/5", 0},
+                                           {"3/5", 0},
+                                           {"4/5", 0},
+                                           {"6/7", 0},
+                                           {"9/10", 0}}};
+constexpr std::array<std::string_view, 5> kSatelliteSystems{"DVBS", "DVBS2", "S", "S1", "S2"};
+// What the lines of one channel each begin with for systems that are none of a satellite.
+constexpr std::array<std::string_view, 5> kOtherLines{"A", "C", "C2", "T", "T2"};
+
+template <std::size_t N>
+bool isOneOf(std::string_view word, const std::array<std::string_view, N>& words)
+{
+    return std::find(words.begin(), words.end(), word) != words.end();
+}
+
+bool isBlank(char c)
+{
+    return c == ' ' || c == '\t' || c == '\r';
+}
+
+std::string_view trimmed(std::string_view text)
+{
+    while (!text.empty() && isBlank(text.front()))
+        text.remove_prefix(1);
+    while (!text.empty() && isBlank(text.back()))
+        text.remove_suffix(1);
+    return text;
+}
+
+std::string_view withoutComment(std::string_view line)
+{
+    return trimmed(line.substr(0, line.find('#')));
+}
+
+/// Takes a word off the front; empty at the end.
+std::string_view nextWord(std::string_view& text)
+{
+    text = trimmed(text);
+    const auto end = std::find_if(text.begin(), text.end(), isBlank);
+    const auto length = static_cast<std::size_t>(end - text.begin());
+    const std::string_view word = text.substr(0, length);
+    text.remove_prefix(length);
+    return word;
+}
+
+/// A text from the file as a message shows it: short and without control characters.
+std::string quoted(std::string_view text)
+{
+    std::string shown(text.substr(0, kLongestQuote));
+    for (char& c : shown)
+        if (static_cast<unsigned char>(c) < 0x20 || c == 0x7F)
+            c = '?';
+    return "'" + shown + (text.size() > kLongestQuote ? "...'" : "'");
+}
+
+std::optional<std::int32_t> numberIn(std::string_view text, const Range& range, unsigned divisor)
+{
+    std::uint64_t value = 0;
+    const char* const end = text.data() + text.size();
+    const auto [stop, problem] = std::from_chars(text.data(), end, value);
+    if (problem != std::errc() || stop != end || value < range.least || value > range.most)
+        return std::nullopt;
+    return static_cast<std::int32_t>(value / divisor);
+}
+
+template <std::size_t N>
+std::optional<std::int32_t> valueOf(std::string_view word, const std::array<Word, N>& words)
+{
+    const auto found = std::find_if(words.begin(), words.end(),
+                                    [&](const Word& each) { return each.first == word; });
+    if (found == words.end())
+        return std::nullopt;
+    return found->second;
+}
+
+/// A value of a channel and where it stands.
+struct Property {
+    std::string_view text;
+    std::size_t line = 0;
+
+    explicit operator bool() const { return line != 0; }
+};
+
+struct Channel {
+    std::size_t line = 0; ///< where it begins; 0: there is none
+    Property system;
+    Property frequency;
+    Property polarization;
+    Property symbolRate;
+    Property codeRate;
+};
+
+class Parser {
+public:
+    ScanTable parse(std::string_view content)
+    {
+        if (content.find('\0') != std::string_view::npos) {
+            report(1, "this is no text file");
+            return std::move(table_);
+        }
+        while (!content.empty() && table_.problems.size() < kMostProblems) {
+            const std::size_t end = std::min(content.find('\n'), content.size());
+            ++line_;
+            takeLine(trimmed(content.substr(0, end)));
+            content.remove_prefix(std::min(end + 1, content.size()));
+        }
+        finishChannel();
+        if (!content.empty())
+            report(line_ + 1, "too much is wrong with this file; the rest of it was not read");
+        reportOthers();
+        return std::move(table_);
+    }
+
+private:
+    void report(std::size_t line, std::string what)
+    {
+        table_.problems.push_back({line, std::move(what)});
+    }
+
+    void takeLine(std::string_view line)
+    {
+        if (line.starts_with('[')) {
+            finishChannel();
+            channel_.line = line_;
+            if (line.find(']') == std::string_view::npos)
+                report(line_, quoted(line) + " lacks its ']'");
+            return;
+        }
+        line = withoutComment(line);
+        if (line.empty())
+            return;
+        const std::size_t sign = line.find('=');
+        if (sign != std::string_view::npos)
+            takeProperty(trimmed(line.substr(0, sign)), trimmed(line.substr(sign + 1)));
+        else
+            takeChannelLine(line);
+    }
+
+    void takeProperty(std::string_view key, std::string_view value)
+    {
+        if (!channel_.line) {
+            report(line_, quoted(key) + " stands before the first [CHANNEL]");
+            return;
+        }
+        const std::array<std::pair<std::string_view, Property*>, 5> properties{
+            {{"DELIVERY_SYSTEM", &channel_.system},
+             {"FREQUENCY", &channel_.frequency},
+             {"POLARIZATION", &channel_.polarization},
+             {"SYMBOL_RATE", &channel_.symbolRate},
+             {"INNER_FEC", &channel_.codeRate}}};
+        for (const auto& [name, property] : properties)
+            if (name == key)
+                *property = {value, line_};
+    }
+
+    /// "S frequency polarization symbol-rate FEC", or S2 with more after it.
+    void takeChannelLine(std::string_view line)
+    {
+        finishChannel();
+        const std::string_view system = nextWord(line);
+        if (!isOneOf(system, kSatelliteSystems) && !isOneOf(system, kOtherLines)) {
+            report(line_, quoted(system) + " begins no channel");
+            return;
+        }
+        channel_.line = line_;
+        channel_.system = {system, line_};
+        for (Property* property : {&channel_.frequency, &channel_.polarization,
+                                   &channel_.symbolRate, &channel_.codeRate})
+            if (const std::string_view word = nextWord(line); !word.empty())
+                *property = {word, line_};
+        finishChannel();
+    }
+
+    void finishChannel()
+    {
+        const Channel channel = std::exchange(channel_, {});
+        if (!channel.line)
+            return;
+        if (!channel.system) {
+            report(channel.line, "the channel lacks its DELIVERY_SYSTEM");
+        } else if (!isOneOf(channel.system.text, kSatelliteSystems)) {
+            if (others_++ == 0)
+                firstOther_ = {channel.line, quoted(channel.system.text)};
+        } else if (const auto entry = entryOf(channel)) {
+            table_.transponders.push_back(*entry);
+        }
+    }
+
+    /// The value that `read` gives for a property, or nothing and a problem.
+    template <class Read>
+    std::optional<std::int32_t> valueOfProperty(const Channel& channel, const Property& property,
+                                                const char* name, const char* meaning, Read read)
+    {
+        if (!property) {
+            report(channel.line, std::string("the channel lacks its ") + name);
+            return std::nullopt;
+        }
+        const std::optional<std::int32_t> value = read(property.text);
+        if (!value)
+            report(property.line, quoted(property.text) + " is no " + meaning);
+        return value;
+    }
+
+    std::optional<TransponderEntry> entryOf(const Channel& channel)
+    {
+        const auto frequency = valueOfProperty(
+            channel, channel.frequency, "FREQUENCY", "frequency of a satellite in kHz",
+            [](std::string_view text) { return numberIn(text, kFrequencies, 10); });
+        const auto polarization =
+            valueOfProperty(channel, channel.polarization, "POLARIZATION", "polarization",
+                            [](std::string_view text) { return valueOf(text, kPolarizations); });
+        const auto symbolRate = valueOfProperty(
+            channel, channel.symbolRate, "SYMBOL_RATE", "symbol rate in symbols per second",
+            [](std::string_view text) { return numberIn(text, kSymbolRates, 100); });
+        std::optional<std::int32_t> codeRate = 0;
+        if (channel.codeRate)
+            codeRate =
+                valueOfProperty(channel, channel.codeRate, "INNER_FEC", "code rate",
+                                [](std::string_view text) { return valueOf(text, kCodeRates); });
+        if (!frequency || !polarization || !symbolRate || !codeRate)
+            return std::nullopt;
+        return TransponderEntry{.frequency = *frequency,
+                                .polarization = *polarization,
+                                .symbolRate = *symbolRate,
+                                .fec = *codeRate};
+    }
+
+    void reportOthers()
+    {
+        if (others_ == 1)
+            report(firstOther_.line,
+                   "the channel's system " + firstOther_.what + " is not for the satellite list");
+        else if (others_ > 1)
+            report(firstOther_.line, "this and " + std::to_string(others_ - 1) +
+                                         " more channels are not for the satellite list (" +
+                                         firstOther_.what + ")");
+    }
+
+    ScanTable table_;
+    std::size_t line_ = 0;
+    Channel channel_;
+    std::size_t others_ = 0; ///< channels that are received from no satellite
+    LineProblem firstOther_{};
+};
+
+} // namespace
+
+ScanTable parseScanTable(std::string_view content)
+{
+    return Parser().parse(content);
+}
+
+} // namespace tessaview

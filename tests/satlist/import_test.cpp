@@ -1,0 +1,201 @@
+#include "satlist/scan_table.h"
+#include "satlist/scan_table_import.h"
+#include "tests/satlist/loaded_manager.h"
+#include "tests/support/temporary_folder.h"
+
+#include <algorithm>
+#include <gmock/gmock.h>
+
+#include <gtest/gtest.h>
+
+using namespace tessaview;
+using test::LoadedManager;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+namespace {
+
+std::string problemsOf(const ScanTable& table)
+{
+    std::string text;
+    for (const LineProblem& problem : table.problems)
+        text += std::to_string(problem.line) + ": " + problem.what + "\n";
+    return text;
+}
+
+TEST(ScanTable, readsChannelsOfBothForms)
+{
+    const ScanTable table = parseScanTable(R"(# Astra
+[CHANNEL]
+	DELIVERY_SYSTEM = DVBS
+	FREQUENCY = 12187500
+	POLARIZATION = HORIZONTAL
+	SYMBOL_RATE = 27500000
+	INNER_FEC = 3/4
+	INVERSION = AUTO
+
+[News 24]
+DELIVERY_SYSTEM=DVBS2
+FREQUENCY=10743750
+POLARIZATION=RIGHT
+SYMBOL_RATE=22000099
+INNER_FEC=9/10
+MODULATION=PSK/8
+STREAM_ID=1)"
+                                           "\r\n"
+                                           R"(S 11538000 V 22000000 NONE
+S2 10773000 L 22000000 AUTO AUTO 8PSK 4 # comment
+S2 10773000 H 22000000)");
+    EXPECT_EQ(problemsOf(table), "");
+    EXPECT_THAT(table.transponders, ElementsAre(TransponderEntry{0, 0, 1218750, 0, 275000, 3, 0},
+                                                TransponderEntry{0, 0, 1074375, 3, 220000, 0, 0},
+                                                TransponderEntry{0, 0, 1153800, 1, 220000, 7, 0},
+                                                TransponderEntry{0, 0, 1077300, 2, 220000, 0, 0},
+                                                TransponderEntry{0, 0, 1077300, 0, 220000, 0, 0}));
+}
+
+struct BadTable {
+    const char* content;
+    const char* problem;
+};
+
+class Bad : public testing::TestWithParam<BadTable> {};
+
+TEST_P(Bad, lineIsReportedAndCostsOnlyItsChannel)
+{
+    const std::string content = "S 11538000 V 22000000 5/6\n" + std::string(GetParam().content) +
+                                "\nS 11538000 H 22000000 5/6";
+    const ScanTable table = parseScanTable(content);
+    EXPECT_THAT(problemsOf(table), HasSubstr(GetParam().problem));
+    EXPECT_EQ(table.transponders.size(), 2U);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    ScanTable, Bad,
+    testing::Values(
+        BadTable{"S 12207 V 22000000 5/6", "2: '12207' is no frequency of a satellite in kHz\n"},
+        BadTable{"S -11538000 V 22000000 5/6", "2: '-11538000' is no frequency"},
+        BadTable{"S 99999999999999999999999 V 1 5/6",
+                 "2: '99999999999999999999999' is no frequency"},
+        BadTable{"S 11538000 X 22000000 5/6", "2: 'X' is no polarization\n"},
+        BadTable{"S 11538000 V 22000 5/6x", "2: '5/6x' is no code rate\n"},
+        BadTable{"S 11538000 V 2200 5/6", "2: '2200' is no symbol rate in symbols per second\n"},
+        BadTable{"S 11538000 V", "2: the channel lacks its SYMBOL_RATE\n"},
+        BadTable{"Q 11538000 V 22000000", "2: 'Q' begins no channel\n"},
+        BadTable{"rub\x1B[2Jbish", "2: 'rub?[2Jbish' begins no channel\n"},
+        BadTable{"FREQUENCY = 11538000", "2: 'FREQUENCY' stands before the first [CHANNEL]\n"},
+        BadTable{"[CHANNEL]\nFREQUENCY = 1153\nDELIVERY_SYSTEM = DVBS",
+                 "3: '1153' is no frequency"},
+        BadTable{"[CHANNEL]\nFREQUENCY = 11530000", "2: the channel lacks its DELIVERY_SYSTEM\n"},
+        BadTable{"[CHANNEL", "2: '[CHANNEL' lacks its ']'\n"},
+        BadTable{"[C]\nDELIVERY_SYSTEM=DVBC/ANNEX_A\nFREQUENCY=330000000",
+                 "2: the channel's system 'DVBC/ANNEX_A' is not for the satellite list\n"},
+        BadTable{"T 642000000 8MHz 2/3\n[C]\nDELIVERY_SYSTEM=DVBT2",
+                 "2: this and 1 more channels are not for the satellite list ('T')\n"}));
+
+TEST(ScanTable, stopsReadingAFileThatIsNone)
+{
+    EXPECT_THAT(problemsOf(parseScanTable(std::string("\x7F"
+                                                      "ELF\0\n\n",
+                                                      7))),
+                "1: this is no text file\n");
+    std::string rubbish;
+    for (int i = 0; i < 1000; ++i)
+        rubbish += "rubbish\n";
+    const ScanTable table = parseScanTable(rubbish);
+    EXPECT_EQ(table.problems.size(), 101U);
+    EXPECT_THAT(problemsOf(table), HasSubstr("the rest of it was not read"));
+}
+
+TEST(Import, namesSatellitesAfterTheirFiles)
+{
+    for (const auto& [file, name] : std::vector<std::pair<std::string, std::string>>{
+             {"/a/Hotbird-13.0E", "Hotbird 13.0E"},
+             {"Express-AM7-40.0E.conf", "Express-AM7 40.0E"},
+             {"AMC10_C-135.0W", "AMC10 C 135.0W"},
+             {"Intelsat-28-33e.TXT", "Intelsat-28 33e"},
+             {"mine", "mine"},
+             {"SES-4.5x", "SES-4.5x"}})
+        EXPECT_EQ(satelliteNameOf(file), name);
+}
+
+class Imported : public testing::Test {
+protected:
+    const test::TemporaryFolder folder_;
+    const LoadedManager manager_;
+
+    std::filesystem::path file(std::string_view name, std::string_view content) const
+    {
+        test::writeFile(folder_ / name, content);
+        return folder_ / name;
+    }
+    ImportReport import(const std::vector<std::filesystem::path>& files) const
+    {
+        return importScanTables(manager_.get(), files);
+    }
+};
+
+TEST_F(Imported, transpondersGetFreeKeysAndAreNotDoubled)
+{
+    manager_.put("Hotbird 13.0E",
+                 {{0, 2, 1071900, 1, 275000, 3, 0}, {0x13E, 1, 1093000, 0, 275000, 3, 0}}, false);
+    const auto path = file("Hotbird-13.0E", "S 10719000 V 29900000 5/6\nS 10930000 V 27500000 3/4\n"
+                                            "S 10992000 V 27500000\nS 10992000 V 1000000\n");
+    const auto other = file("New-1.0W.conf", "S 11000000 H 27500000\n");
+    EXPECT_EQ(import({path, other}).summary(),
+              "Imported 3 transponders from 2 files; 2 were in the list already.");
+    EXPECT_THAT(manager_.transponders("Hotbird 13.0E"),
+                ElementsAre(TransponderEntry{0, 2, 1071900, 1, 275000, 3, 0},
+                            TransponderEntry{0x13E, 1, 1093000, 0, 275000, 3, 0},
+                            TransponderEntry{0, 1, 1093000, 1, 275000, 3, 1},
+                            TransponderEntry{0, 3, 1099200, 1, 275000, 0, 1}));
+    EXPECT_THAT(manager_.transponders("New 1.0W"),
+                ElementsAre(TransponderEntry{0, 1, 1100000, 0, 275000, 0, 1}));
+    EXPECT_THAT(manager_.names(true), ElementsAre("New 1.0W"));
+    EXPECT_EQ(import({path, other}).added, 0U);
+    EXPECT_EQ(manager_.transponders("Hotbird 13.0E").size(), 4U);
+}
+
+TEST_F(Imported, filesThatCannotBeUsedAreNamedAndCostOnlyThemselves)
+{
+    const auto good = file("good", "S 11000000 H 27500000\nS 12 H 27500000\n");
+    const auto cable = file("cable", "C 330000000 6900000 NONE QAM256\n");
+    const auto empty = file("empty", "# nothing\n");
+    const ImportReport report = import({folder_ / "none", folder_.path(), empty, cable, good});
+    EXPECT_THAT(report.problems,
+                ElementsAre(HasSubstr("none: there is no such file"),
+                            HasSubstr("not a regular file"),
+                            HasSubstr("empty: the file names no channel"), HasSubstr("cable:1: "),
+                            HasSubstr("good:2: '12' is no frequency")));
+    EXPECT_EQ(report.summary(), "Imported 1 transponder from 1 file.");
+    EXPECT_THAT(manager_.names(), ElementsAre("good"));
+}
+
+TEST_F(Imported, satelliteFilesOfThePackageAreWithoutComplaint)
+{
+    std::vector<std::filesystem::path> files;
+    for (const char* folder : {"/usr/share/dvb/dvb-s", "/usr/share/dvb/dvb-legacy/dvb-s"})
+        if (std::filesystem::is_directory(folder))
+            for (const auto& entry : std::filesystem::directory_iterator(folder))
+                files.push_back(entry.path());
+    if (files.empty())
+        GTEST_SKIP() << "dtv-scan-tables is not installed";
+    std::sort(files.begin(), files.end());
+    const ImportReport report = import(files);
+    // Frequencies that were written in MHz are the files' own fault.
+    std::vector<std::string> others;
+    for (const std::string& problem : report.problems)
+        if (problem.find("is no frequency of a satellite in kHz") == std::string::npos)
+            others.push_back(problem);
+    EXPECT_THAT(others, IsEmpty());
+    EXPECT_EQ(report.filesUsed, files.size());
+    EXPECT_EQ(import(files).added, 0U);
+    const std::filesystem::path saved = folder_ / "satlist.xml";
+    ASSERT_EQ(manager_.save(saved), status::kOk);
+    const LoadedManager again;
+    ASSERT_EQ(again.load(saved), status::kOk);
+    EXPECT_EQ(again.names(), manager_.names());
+}
+
+} // namespace
