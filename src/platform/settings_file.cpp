@@ -137,8 +137,10 @@ FileLock::FileLock(const std::filesystem::path& file, mode_t mode)
     constexpr auto kPause = std::chrono::milliseconds(5);
     const std::string lockFile = file.string() + ".lock";
     descriptor_ = ::open(lockFile.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, mode);
-    if (descriptor_ < 0 && errno == EACCES) // another user's, in a folder that users share
+    if (descriptor_ < 0 && errno == EACCES) { // another user's, in a folder that users share
         descriptor_ = ::open(lockFile.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW);
+        errno = EACCES;
+    }
     if (descriptor_ < 0)
         fail(lockFile, "cannot be written", errno);
     const auto end = std::chrono::steady_clock::now() + kPatience;
