@@ -140,11 +140,11 @@ constexpr std::array kSelectable{
     CharacterTable{"utf-8",        "UTF-8",           "all languages",         utf8},
     CharacterTable{"ks-x-1001",    "KS X 1001",       "Korean",                twoByte, "EUC-KR"},
     CharacterTable{"gb-2312",      "GB-2312",         "Simplified Chinese",    twoByte, "GB2312"},
-    CharacterTable{"gb-18030",     "GB 18030",        "Chinese, never by a selector", twoByte, "GB18030"},
-    CharacterTable{"big5",         "Big5",            "Traditional Chinese, never by a selector", twoByte, "BIG5"},
-    CharacterTable{"windows-1250", "Windows-1250",    "Central European, never by a selector", singleByte, "WINDOWS-1250"},
-    CharacterTable{"windows-1251", "Windows-1251",    "Cyrillic, never by a selector", singleByte, "WINDOWS-1251"},
-    CharacterTable{"windows-1252", "Windows-1252",    "Western European, never by a selector", singleByte, "WINDOWS-1252"},
+    CharacterTable{"gb-18030",     "GB 18030",        "Chinese", twoByte, "GB18030"},
+    CharacterTable{"big5",         "Big5",            "Traditional Chinese", twoByte, "BIG5"},
+    CharacterTable{"windows-1250", "Windows-1250",    "Central European", singleByte, "WINDOWS-1250"},
+    CharacterTable{"windows-1251", "Windows-1251",    "Cyrillic", singleByte, "WINDOWS-1251"},
+    CharacterTable{"windows-1252", "Windows-1252",    "Western European", singleByte, "WINDOWS-1252"},
 };
 
 // Sixteen bits a character; never sent without the selector, so there is no need to choose them.

@@ -14,6 +14,10 @@ namespace tessaview {
 /// What a mosaic cell leads to: "service 0085 0451 6FF1".
 std::string linkageText(const lib13818::DescriptorMosiac::CellInfo& cell);
 
+/// A tooltip that says what a row holds.
+template <lib13818::Literal Name>
+constexpr auto kCalled = [](const auto& /*object*/) { return std::string(Name.text); };
+
 // clang-format off
 
 inline constexpr auto kCellListFields = headerFields<lib13818::DescriptorCellList>(61280);
@@ -91,11 +95,11 @@ inline constexpr auto kMosiacCellFields = [] {
     using T = lib13818::DescriptorMosiac::CellInfo;
     return fieldList<T>(61245,
         "DESCRIPTOR_TAG,DESCRIPTOR_LENGTH,MOSIAC_ENTRY_POINT,NUMBER_OF_HORIZONTAL_ELEMENTARY_CELLS,NUMBER_OF_VERTICAL_ELEMENTARY_CELLS",
-        {Field<T>{"%d",    &T::logical_cell_id}.with([](const T&) -> std::string { return "logical_cell_id"; }),
-         Field<T>{"%d",    &T::logical_cell_presentation_info}.with([](const T&) -> std::string { return "logical_cell_presentation_info"; }),
-         Field<T>{"%d",    &T::elementary_cell_field_length}.with([](const T&) -> std::string { return "elementary_cell_field_length"; }),
-         Field<T>{kBytesRow, &T::elementary_cell_id}.with([](const T&) -> std::string { return "elementary_cell_id"; }),
-         Field<T>{"%d",    &T::cell_linkage_info}.with([](const T& cell) { return "cell_linkage_info: " + linkageText(cell); })});
+        {Field<T>{"%d",      &T::logical_cell_id}               .with(kCalled<"logical_cell_id">),
+         Field<T>{"%d",      &T::logical_cell_presentation_info}.with(kCalled<"logical_cell_presentation_info">),
+         Field<T>{"%d",      &T::elementary_cell_field_length}  .with(kCalled<"elementary_cell_field_length">),
+         Field<T>{kBytesRow, &T::elementary_cell_id}            .with(kCalled<"elementary_cell_id">),
+         Field<T>{"%d",      &T::cell_linkage_info}             .with([](const T& cell) { return "cell_linkage_info: " + linkageText(cell); })});
 }();
 
 // clang-format on
