@@ -41,18 +41,14 @@ struct ListNodes {
             return;
         auto second = entries.begin();
         if (++second == entries.end())
-            children.add(kEntry, &*entries.begin());
+            children.add(kOnly, &*entries.begin());
         else
             children.add(kList, &owner);
     }
 
 private:
-    static std::string entryLabel(const NodeView& node)
-    {
-        const std::uint32_t ordinal = node.ordinal();
-        return ordinal == Children::kOnly ? Singular.text : std::to_string(ordinal);
-    }
-
+    static std::string onlyLabel(const NodeView& /*node*/) { return Singular.text; }
+    static std::string entryLabel(const NodeView& node) { return std::to_string(node.row()); }
     static std::string listLabel(const NodeView& /*node*/)
     {
         return std::string(Singular.text) + "S";
@@ -60,16 +56,20 @@ private:
 
     static void expandList(const NodeView& node, Children& children)
     {
-        std::uint32_t ordinal = 0;
         for (const auto& entry : Source::entries(node.data<Owner>()))
-            children.add(kEntry, &entry, ordinal++);
+            children.add(kEntry, &entry);
     }
 
-    static constexpr NodeKind kEntry{.name = Singular.text,
-                                     .label = entryLabel,
-                                     .expand = expandLists<Entry, Nested...>,
-                                     .fill = fillFrom<Fields>,
-                                     .menu = kMenuOf<Entry>};
+    static constexpr NodeKind kindOfEntry(std::string (*label)(const NodeView&))
+    {
+        return {.name = Singular.text,
+                .label = label,
+                .expand = expandLists<Entry, Nested...>,
+                .fill = fillFrom<Fields>,
+                .menu = kMenuOf<Entry>};
+    }
+    static constexpr NodeKind kOnly = kindOfEntry(onlyLabel);
+    static constexpr NodeKind kEntry = kindOfEntry(entryLabel);
     static constexpr NodeKind kList{
         .name = "list", .label = listLabel, .expand = expandList, .item = NodeItem::None};
 };

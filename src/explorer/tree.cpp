@@ -18,11 +18,6 @@ const void* NodeView::address() const
     return tree_->nodes_[id_].data;
 }
 
-std::uint32_t NodeView::ordinal() const
-{
-    return tree_->nodes_[id_].ordinal;
-}
-
 NodeView NodeView::parent() const
 {
     return {*tree_, tree_->nodes_[id_].parent};
@@ -30,7 +25,9 @@ NodeView NodeView::parent() const
 
 std::size_t NodeView::childCount() const
 {
-    return tree_->nodes_[id_].childCount;
+    const auto& nodes = tree_->nodes_;
+    const std::size_t end = id_ + 1U < nodes.size() ? nodes[id_ + 1U].firstChild : nodes.size();
+    return end - nodes[id_].firstChild;
 }
 
 NodeView NodeView::child(std::size_t row) const
@@ -43,36 +40,24 @@ std::size_t NodeView::row() const
     return isRoot() ? 0 : id_ - tree_->nodes_[tree_->nodes_[id_].parent].firstChild;
 }
 
-void Children::add(const NodeKind& kind, const void* data, std::uint32_t ordinal)
+void Children::add(const NodeKind& kind, const void* data)
 {
     if (tree_.nodes_.size() == std::numeric_limits<NodeId>::max())
         throw std::length_error("the tree has more nodes than it can number");
-    tree_.nodes_.push_back({.kind = &kind,
-                            .data = data,
-                            .parent = parent_,
-                            .firstChild = 0,
-                            .childCount = 0,
-                            .ordinal = ordinal});
+    tree_.nodes_.push_back({.kind = &kind, .data = data, .parent = parent_, .firstChild = 0});
 }
 
 void Tree::rebuild(const NetworkMap& model, const void* valuePane)
 {
     clear();
-    nodes_.push_back({.kind = &rootKind(),
-                      .data = &model,
-                      .parent = 0,
-                      .firstChild = 0,
-                      .childCount = 0,
-                      .ordinal = Children::kOnly});
+    nodes_.push_back({.kind = &rootKind(), .data = &model, .parent = 0, .firstChild = 0});
     // Breadth first, so that the children of a node stand side by side.
     for (NodeId id = 0; id < nodes_.size(); ++id) {
-        const auto first = static_cast<NodeId>(nodes_.size());
+        nodes_[id].firstChild = static_cast<NodeId>(nodes_.size());
         const NodeView node(*this, id);
         Children children(*this, id);
         if (const auto expand = node.kind().expand)
             expand(node, children);
-        nodes_[id].firstChild = first;
-        nodes_[id].childCount = static_cast<std::uint32_t>(nodes_.size()) - first;
     }
     for (std::size_t i = 0; i < root().childCount(); ++i) {
         const NodeView network = root().child(i);

@@ -32,8 +32,6 @@ public:
         return *static_cast<const T*>(address());
     }
     const void* address() const;
-    /// The place among siblings of its list, or kOnly for the only one.
-    std::uint32_t ordinal() const;
     std::string label() const { return kind().label(*this); }
 
     bool isRoot() const { return id_ == 0; }
@@ -54,17 +52,15 @@ public:
     Children(Tree& tree, NodeId parent) : tree_(tree), parent_(parent) {}
 
     /// A node of the kind that stands for `data`; null for a mere heading.
-    void add(const NodeKind& kind, const void* data, std::uint32_t ordinal = kOnly);
-
-    static constexpr std::uint32_t kOnly = 0xFFFFFFFF;
+    void add(const NodeKind& kind, const void* data);
 
 private:
     Tree& tree_;
     NodeId parent_;
 };
 
-/// The whole model as one tree, free of any toolkit. Nodes are a few dozen bytes; labels and rows
-/// are made on demand. Nodes point into the model, so the tree is cleared before the model
+/// The whole model as one tree, free of any toolkit. A node is 24 bytes; labels and rows are made
+/// on demand. Nodes point into the model, so the tree is cleared before the model
 /// changes, always.
 class Tree {
 public:
@@ -85,6 +81,8 @@ public:
 
     bool empty() const { return nodes_.empty(); }
     std::size_t size() const { return nodes_.size(); }
+    /// Bytes that the nodes take.
+    std::size_t memory() const { return nodes_.capacity() * sizeof(Node); }
     NodeView root() const { return {*this, 0}; }
 
 private:
@@ -95,12 +93,10 @@ private:
         const NodeKind* kind;
         const void* data;
         NodeId parent;
-        NodeId firstChild;
-        std::uint32_t childCount;
-        std::uint32_t ordinal;
+        NodeId firstChild; ///< where its children begin, which end where those of the next begin
     };
 
-    std::vector<Node> nodes_;
+    std::vector<Node> nodes_; ///< breadth first
     CharsetPolicy charsetPolicy_;
 };
 
