@@ -152,13 +152,23 @@ constexpr CharacterTable kUcs2{"ucs-2", "ISO/IEC 10646", "all languages", sixtee
 constexpr CharacterTable kBig5Ucs2{"ucs-2", "Big5 subset of ISO/IEC 10646", "Traditional Chinese", sixteenBits};
 // clang-format on
 
-/// Part `part` of ISO/IEC 8859; null for the part that there is not.
-const CharacterTable* isoPart(unsigned part)
+consteval const CharacterTable* tableOf(std::string_view key)
+{
+    for (const CharacterTable& table : kSelectable)
+        if (key == table.key)
+            return &table;
+    throw "no table has this key";
+}
+
+/// A part of ISO/IEC 8859; null for one that there is not.
+constexpr const CharacterTable* isoPart(unsigned part)
 {
     if (part < 1 || part > 15 || part == 12)
         return nullptr;
-    return findTable("iso-8859-" + std::to_string(part));
+    return &kSelectable[part < 12 ? part : part - 1];
 }
+static_assert(isoPart(1) == tableOf("iso-8859-1") && isoPart(11) == tableOf("iso-8859-11") &&
+              isoPart(13) == tableOf("iso-8859-13") && isoPart(15) == tableOf("iso-8859-15"));
 
 char lowered(char c)
 {
@@ -203,13 +213,13 @@ Selection selectionOf(std::string_view text)
     case 0x11:
         return selected(&kUcs2, 1);
     case 0x12:
-        return selected(findTable("ks-x-1001"), 1);
+        return selected(tableOf("ks-x-1001"), 1);
     case 0x13:
-        return selected(findTable("gb-2312"), 1);
+        return selected(tableOf("gb-2312"), 1);
     case 0x14:
         return selected(&kBig5Ucs2, 1);
     case 0x15:
-        return selected(findTable("utf-8"), 1);
+        return selected(tableOf("utf-8"), 1);
     case 0x1F: // an encoding_type_id follows, none of which is public
         return selected(nullptr, 2);
     default: // 0x01 to 0x0B are the parts 5 to 15

@@ -136,11 +136,12 @@ std::string charsetRemark(const BroadcastText& broadcast, const CharsetRule& rul
     const Reading reading = readingOf(broadcast, rule);
     const std::string table = reading.table ? reading.table->name : "unknown table";
     if (reading.isByRule) {
-        const std::string beaten = rule.beatsSelector ? " to beat the selector" : "";
-        return table + ", set" + beaten +
-               (rule.original_network_id
-                    ? numbered(" for network 0x%04X", *rule.original_network_id)
-                    : std::string(beaten.empty() ? " for texts without a selector" : ""));
+        std::string why = rule.beatsSelector ? ", set to beat the selector" : ", set";
+        if (rule.original_network_id)
+            why += numbered(" for network 0x%04X", *rule.original_network_id);
+        else if (!rule.beatsSelector)
+            why += " for texts without a selector";
+        return table + why;
     }
     if (reading.selection.length == 0)
         return table + ", no selector";
@@ -152,8 +153,11 @@ std::string charsetRemark(const BroadcastText& broadcast, const CharsetRule& rul
 
 std::string codeText(std::string_view code)
 {
+    code = code.substr(0, code.find('\0'));
+    if (isPlain(code))
+        return std::string(code);
     const CharacterTable& latin = *findTable("iso-8859-1");
-    return shown(latin.decode(code.substr(0, code.find('\0')), latin));
+    return shown(latin.decode(code, latin));
 }
 
 std::string registryText(std::string_view text)
