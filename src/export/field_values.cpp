@@ -1,0 +1,39 @@
+#include "export/database_export.h"
+
+#include <algorithm>
+
+namespace tessaview {
+
+namespace {
+
+int firstPid(const lib13818::Pmt* pmt, int type, int otherType)
+{
+    if (pmt)
+        for (const lib13818::StreamInfo& stream : pmt->streams)
+            if (stream.stream_type == type || stream.stream_type == otherType)
+                return stream.elementary_PID;
+    return kNoPid;
+}
+
+} // namespace
+
+int FirstVideoPid(const lib13818::Pmt* pmt)
+{
+    return firstPid(pmt, 1, 2);
+}
+
+int FirstAudioPid(const lib13818::Pmt* pmt)
+{
+    return firstPid(pmt, 3, 4);
+}
+
+std::string FormatPrivateBytes(std::span<const std::uint8_t> bytes)
+{
+    constexpr std::size_t kMostBytes = (256 - 1) / 3; // what a buffer of 256 characters holds
+    std::string text;
+    for (const std::uint8_t byte : bytes.first(std::min(bytes.size(), kMostBytes)))
+        text += formatted(text.empty() ? "%02X" : " %02X", unsigned{byte});
+    return text;
+}
+
+} // namespace tessaview

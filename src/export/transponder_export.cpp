@@ -1,0 +1,123 @@
+#include "export/transponder_export.h"
+
+#include "charset/display_text.h"
+#include "export/database_export.h"
+#include "export/tuning_columns.h"
+#include "si/texts/registries.h"
+
+#include <set>
+
+namespace tessaview {
+
+namespace {
+
+using lib13818::DescriptorCA;
+using lib13818::DescriptorService;
+
+/// What stands for a service that the SDT does not describe.
+constexpr std::string_view kNotInSdt = "<service not in sdt>";
+constexpr int kUnknownValue = -1;
+
+/// The first entry of a service in the SDT of its transport stream; null without one.
+const lib13818::SdtService* findEntry(const Transponder& transponder, int service_id)
+{
+    for (const auto& [network, streams] : transponder.sdtActual) {
+        const auto sections = streams.find(transponder.transport_stream_id);
+        if (sections == streams.end())
+            continue;
+        for (const auto& [number, sdt] : sections->second)
+            for (const lib13818::SdtService& service : sdt.services)
+                if (service.service_id == service_id)
+                    return &service;
+    }
+    return nullptr;
+}
+
+const lib13818::Pmt* findPmt(const Transponder& transponder, int program_number)
+{
+    for (const lib13818::Pmt& pmt : transponder.pmts)
+        if (pmt.table_id_extension == program_number)
+            return &pmt;
+    return nullptr;
+}
+
+const DescriptorService* serviceDescriptorOf(const lib13818::SdtService* entry)
+{
+    if (!entry)
+        return nullptr;
+    const auto descriptors = entry->descriptors.all<DescriptorService>();
+    return descriptors.empty() ? nullptr : &descriptors.front();
+}
+
+/// A row for each CA descriptor, under the row that `owner` names.
+void writeAccess(TableWriter& table, const ColumnValue& owner,
+                 const lib13818::DescriptorSet& descriptors)
+{
+    for (const DescriptorCA& access : descriptors.all<DescriptorCA>()) {
+        const std::string provider =
+            registryText(lib13818::caSystemName(static_cast<uint32_t>(access.CA_system_id)));
+        const std::string privateBytes = FormatPrivateBytes(access.private_data_byte);
+        table.add({owner,
+                   {"SYSTEM_ID", access.CA_system_id},
+                   {"CAPROVIDER_NAME", provider},
+                   {"CA_PID", access.CA_PID},
+                   {"PRIVATEBYTES", privateBytes}});
+    }
+}
+
+} // namespace
+
+TransponderExport::TransponderExport(Database& database)
+    : transponders_(database, "tb_transponder")
+    , services_(database, "tb_service")
+    , ecms_(database, "tb_ca_ecm")
+    , emms_(database, "tb_ca_emm")
+{
+}
+
+void TransponderExport::write(const Network& network, const Transponder& transponder)
+{
+    const TuningColumns tuning = tuningColumns(transponder);
+    const std::int64_t id = transponders_.add({{"NID", network.original_network_id},
+                                               {"TID", transponder.transport_stream_id},
+                                               {"FREQUENCY", tuning.frequency},
+                                               {"POLARIZATION", tuning.polarization},
+                                               {"SYMBOLRATE", tuning.symbolRate},
+                                               {"FEC", tuning.fec}});
+    writeAccess(emms_, {"TRANSPONDER_ID", id}, transponder.cat.descriptors);
+
+    std::set<int> written; // a PAT that lists a program again means nothing by it
+    for (const lib13818::PatProgram& program : transponder.pat.programs)
+        if (program.program_number != 0 && written.insert(program.program_number).second)
+            writeService(id, program, findEntry(transponder, program.program_number),
+                         findPmt(transponder, program.program_number));
+}
+
+void TransponderExport::writeService(std::int64_t transponderId,
+                                     const lib13818::PatProgram& program,
+                                     const lib13818::SdtService* entry, const lib13818::Pmt* pmt)
+{
+    const DescriptorService* const described = serviceDescriptorOf(entry);
+    const std::string name = described ? displayText(described->service_name) : "";
+    const std::string provider = described ? displayText(described->provider_name) : "";
+    const std::int64_t id = services_.add(
+        {{"TRANSPONDER_ID", transponderId},
+         {"SID", program.program_number},
+         {"SERVICENAME", described ? name : kNotInSdt},
+         {"PROVIDERNAME", described ? provider : kNotInSdt},
+         {"TYPE", described ? described->service_type : kUnknownValue},
+         {"FREE_CA", entry ? entry->free_CA_mode : kUnknownValue},
+         {"EIT_SCHEDULE", entry ? entry->EIT_schedule_flag : kUnknownValue},
+         {"EIT_PRESENT_FOLLOWING", entry ? entry->EIT_present_following_flag : kUnknownValue},
+         {"VPID", FirstVideoPid(pmt)},
+         {"APID", FirstAudioPid(pmt)},
+         {"PCR", pmt ? pmt->PCR_PID : kNoPid},
+         {"PMT", program.program_map_PID}});
+    if (!pmt)
+        return;
+    writeAccess(ecms_, {"SERVICE_ID", id}, pmt->descriptors);
+    for (const lib13818::StreamInfo& stream : pmt->streams)
+        writeAccess(ecms_, {"SERVICE_ID", id}, stream.descriptors);
+}
+
+} // namespace tessaview
