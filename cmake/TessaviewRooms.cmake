@@ -18,6 +18,7 @@ set(CMAKE_INSTALL_RPATH "$ORIGIN/../lib:$ORIGIN/../..")
 set(TESSAVIEW_COMPONENT_DIR ${PROJECT_BINARY_DIR}/lib/tessaview3/components)
 
 option(TESSAVIEW_WERROR "Treat warnings as errors" OFF)
+option(TESSAVIEW_WINDOW "Build the window (needs Qt 6)" ON)
 option(TESSAVIEW_BENCHMARKS "Build the benchmarks" OFF)
 option(TESSAVIEW_FUZZ "Build the fuzz targets (clang only)" OFF)
 set(TESSAVIEW_SANITIZE "" CACHE STRING "Sanitizers, as for -fsanitize=")

@@ -33,25 +33,32 @@ void SqliteCloser::operator()(sqlite3_stmt* statement) const
     sqlite3_finalize(statement);
 }
 
+// An absolute path is never taken for a URI or for a database in memory.
 Database::Database(const std::filesystem::path& file)
+    : name_(std::filesystem::absolute(file).string())
 {
-    // An absolute path is never taken for a URI or for a database in memory.
-    const std::string name = std::filesystem::absolute(file).string();
     sqlite3* handle = nullptr;
-    const int result = sqlite3_open_v2(name.c_str(), &handle,
+    const int result = sqlite3_open_v2(name_.c_str(), &handle,
                                        SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
     handle_.reset(handle);
     if (result != SQLITE_OK)
-        raise(handle, "cannot open the database \"" + file.string() + '"');
+        raise(handle, "cannot open the database \"" + name_ + '"');
     sqlite3_extended_result_codes(handle, 1);
     sqlite3_busy_timeout(handle, kBusyTimeout);
-    execute("PRAGMA foreign_keys=ON; PRAGMA locking_mode=EXCLUSIVE");
+    execute("PRAGMA foreign_keys=ON; PRAGMA locking_mode=EXCLUSIVE; PRAGMA synchronous=OFF");
 }
 
 void Database::execute(const std::string& sql)
 {
     if (sqlite3_exec(handle_.get(), sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
-        raise(handle_.get(), "cannot write the database");
+        raise(handle_.get(), "cannot write the database \"" + name_ + '"');
+}
+
+void Database::synchronize(int userVersion)
+{
+    // Setting the version is a transaction, whose commit waits for all that was written before.
+    execute("PRAGMA synchronous=FULL; PRAGMA user_version=" + std::to_string(userVersion) +
+            "; PRAGMA synchronous=OFF");
 }
 
 std::int64_t Database::lastRowId() const

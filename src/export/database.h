@@ -20,11 +20,14 @@ struct SqliteCloser {
 class Database {
 public:
     /// Opens a file that exists; an empty one is a database without tables. Foreign keys are
-    /// enforced, and other connections wait until this one is closed.
+    /// enforced, other connections wait until this one is closed, and nothing written waits for
+    /// the disk before `synchronize`.
     explicit Database(const std::filesystem::path& file);
 
     /// Runs one or more statements that give no rows.
     void execute(const std::string& sql);
+    /// Brings the whole file onto the disk and sets its user_version.
+    void synchronize(int userVersion);
     /// The row id that the last row got.
     std::int64_t lastRowId() const;
     /// True from BEGIN to COMMIT; SQLite ends a transaction itself after some failures.
@@ -32,6 +35,7 @@ public:
 
 private:
     friend class Statement;
+    std::string name_; ///< the absolute path
     std::unique_ptr<sqlite3, SqliteCloser> handle_;
 };
 

@@ -11,6 +11,9 @@ namespace tessaview {
 
 namespace {
 
+/// The user_version of a database that an export has come to the end of.
+constexpr int kComplete = 1;
+
 void writeNetwork(Database& database, TableWriter& networks, const Network& network)
 {
     const std::string name =
@@ -28,8 +31,6 @@ void writeNetwork(Database& database, TableWriter& networks, const Network& netw
 void ExportModel(const NetworkMap& model, const std::filesystem::path& file)
 {
     Database database(file);
-    // Nothing waits for the disk before the last commit, which brings the whole file onto it.
-    database.execute("PRAGMA synchronous=OFF");
     TableWriter networks(database, "tb_network");
     TransponderExport transponders(database);
     for (const auto& [id, network] : model) {
@@ -41,7 +42,7 @@ void ExportModel(const NetworkMap& model, const std::filesystem::path& file)
             transaction.commit();
         }
     }
-    database.execute("PRAGMA synchronous=FULL; PRAGMA user_version=1");
+    database.synchronize(kComplete);
 }
 
 std::optional<DatabaseError> exportDatabase(const NetworkMap& model,

@@ -1,0 +1,76 @@
+#include "ui/export/database_export_dlg.h"
+
+#include "ui/export/export_message.h"
+#include "ui/export/export_progress_dlg.h"
+
+#include <QFile>
+#include <QFileDialog>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace tessaview {
+
+CDatabaseExportDlg::CDatabaseExportDlg(QWidget* parent, const NetworkMap& model)
+    : QDialog(parent)
+    , model_(model)
+    , edit_(new QLineEdit)
+{
+    setWindowTitle("Database export");
+    auto* const label = new QLabel("Database:");
+    label->setBuddy(edit_);
+    edit_->setReadOnly(true); // the path comes from the file dialog alone
+    edit_->setPlaceholderText("No file chosen");
+    edit_->setMinimumWidth(edit_->fontMetrics().averageCharWidth() * 50);
+    auto* const browseButton = new QPushButton("Browse...");
+    auto* const exportButton = new QPushButton("Export...");
+    auto* const cancelButton = new QPushButton("Cancel");
+    browseButton->setAutoDefault(false);
+    cancelButton->setAutoDefault(false);
+    exportButton->setDefault(true);
+
+    auto* const layout = new QGridLayout(this);
+    layout->addWidget(label, 0, 0);
+    layout->addWidget(edit_, 0, 1, 1, 2);
+    layout->addWidget(browseButton, 0, 3);
+    layout->addWidget(exportButton, 1, 2);
+    layout->addWidget(cancelButton, 1, 3);
+    layout->setColumnStretch(1, 1);
+
+    connect(browseButton, &QPushButton::clicked, this, &CDatabaseExportDlg::browse);
+    connect(exportButton, &QPushButton::clicked, this, &CDatabaseExportDlg::exportModel);
+    connect(cancelButton, &QPushButton::clicked, this, &CDatabaseExportDlg::reject);
+    browseButton->setFocus();
+}
+
+QString CDatabaseExportDlg::chooseFile(const QString& path)
+{
+    return QFileDialog::getSaveFileName(this, "Save As", path,
+                                        "SQLite databases (*.sqlite *.db);;All files (*)");
+}
+
+void CDatabaseExportDlg::browse()
+{
+    const QString chosen = chooseFile(path_);
+    if (chosen.isEmpty())
+        return;
+    path_ = chosen;
+    edit_->setText(path_);
+}
+
+void CDatabaseExportDlg::exportModel()
+{
+    if (path_.isEmpty()) {
+        showExportMessage(this, "Choose the file of the new database with \"Browse...\" first.");
+        return;
+    }
+    CExportProgressDlg(this, model_, QFile::encodeName(path_).toStdString()).exec();
+}
+
+void runDatabaseExport(QWidget* parent, const NetworkMap& model)
+{
+    CDatabaseExportDlg(parent, model).exec();
+}
+
+} // namespace tessaview

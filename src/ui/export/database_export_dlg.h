@@ -1,0 +1,36 @@
+#pragma once
+
+#include "model/network_map.h"
+
+#include <QDialog>
+#include <QString>
+
+class QLineEdit;
+
+namespace tessaview {
+
+/// "Database export": asks for the file of a new database and exports the model into it.
+class CDatabaseExportDlg : public QDialog {
+    Q_OBJECT
+
+public:
+    /// The model must outlive this and stay as it is meanwhile.
+    CDatabaseExportDlg(QWidget* parent, const NetworkMap& model);
+
+protected:
+    /// Lets the user choose the file to save to, starting from `path`; empty for none.
+    virtual QString chooseFile(const QString& path);
+
+private:
+    void browse();
+    void exportModel();
+
+    const NetworkMap& model_;
+    QString path_;
+    QLineEdit* edit_;
+};
+
+/// Runs the dialog; returns when it is closed.
+void runDatabaseExport(QWidget* parent, const NetworkMap& model);
+
+} // namespace tessaview

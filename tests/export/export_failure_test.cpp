@@ -1,0 +1,149 @@
+#include "export/database_export.h"
+#include "tests/export/failing_vfs.h"
+#include "tests/export/read_back.h"
+#include "tests/export/sample_model.h"
+#include "tests/support/temporary_folder.h"
+
+#include <gmock/gmock.h>
+#include <thread>
+
+namespace {
+
+using namespace tessaview; // NOLINT(google-build-using-namespace)
+using test::FailingVfs;
+using test::numberOf;
+using testing::HasSubstr;
+using testing::IsEmpty;
+namespace fs = std::filesystem;
+
+std::string failureOf(const NetworkMap& model, const fs::path& file)
+{
+    const auto failure = exportDatabase(model, file);
+    return failure ? failure->what() : "";
+}
+
+TEST(ExportFailure, leavesAFileThatExistsAsItIs)
+{
+    const test::TemporaryFolder folder;
+    test::writeFile(folder / "old.sqlite", "mine");
+    fs::create_symlink(folder / "nowhere", folder / "link.sqlite");
+    for (const char* name : {"old.sqlite", "link.sqlite"}) {
+        const std::string text = failureOf(test::manyServices(1, 1), folder / name);
+        EXPECT_THAT(text, HasSubstr("Error: 0xe\nDesc: The file \""));
+        EXPECT_THAT(text, HasSubstr("exists already"));
+        EXPECT_THAT(text, HasSubstr("\nSource: File system"));
+    }
+    EXPECT_EQ(test::readFile(folder / "old.sqlite"), "mine");
+    EXPECT_FALSE(fs::exists(folder / "nowhere"));
+}
+
+TEST(ExportFailure, saysWhatIsWrongWithThePlace)
+{
+    const test::TemporaryFolder folder;
+    test::writeFile(folder / "file", "");
+    const NetworkMap model;
+    EXPECT_THAT(failureOf(model, folder / "no/a.db"), HasSubstr("its folder does not exist"));
+    EXPECT_THAT(failureOf(model, folder / "file/a.db"), HasSubstr("its folder does not exist"));
+    EXPECT_THAT(failureOf(model, ""), HasSubstr("cannot be created"));
+    EXPECT_THAT(failureOf(model, folder / std::string(300, 'x')), HasSubstr("name too long"));
+}
+
+TEST(ExportFailure, takesNoNameForAUri)
+{
+    const test::TemporaryFolder folder;
+    const fs::path before = fs::current_path();
+    fs::current_path(folder.path());
+    EXPECT_EQ(failureOf(test::manyServices(1, 1), "file:a?mode=memory"), "");
+    EXPECT_EQ(failureOf(test::manyServices(1, 1), ":memory:"), "");
+    fs::current_path(before);
+    EXPECT_EQ(numberOf(folder / "file:a?mode=memory", "SELECT count(*) FROM tb_service"), 1);
+    EXPECT_EQ(numberOf(folder / ":memory:", "SELECT count(*) FROM tb_service"), 1);
+}
+
+TEST(ExportFailure, ofAFileThatIsNoDatabaseNamesTheFile)
+{
+    const test::TemporaryFolder folder;
+    test::writeFile(folder / "text", "no database, whatever anyone says");
+    for (const char* name : {"text", "missing"}) {
+        try {
+            ExportModel(NetworkMap(), folder / name);
+            ADD_FAILURE() << name;
+        } catch (const DatabaseError& failure) {
+            EXPECT_THAT(failure.source(), HasSubstr("SQLite 3."));
+            EXPECT_THAT(failure.description(), HasSubstr(name));
+        }
+    }
+}
+
+class BadDisk : public testing::TestWithParam<FailingVfs::Fault> {};
+
+TEST_P(BadDisk, costsNoMoreThanTheRowsAfterIt)
+{
+    const NetworkMap model = test::manyServices(12, 8);
+    const test::TemporaryFolder folder;
+    int withRows = 0;
+    bool hasFailed = true;
+    for (int writes = 0; hasFailed; ++writes) {
+        const fs::path file = folder / std::to_string(writes);
+        std::string failure;
+        {
+            const FailingVfs disk(GetParam(), writes);
+            failure = failureOf(model, file);
+            hasFailed = disk.hasFailed();
+        }
+        EXPECT_EQ(failure.empty(), !hasFailed) << writes;
+        if (!fs::exists(file)) // it failed before there was a row
+            continue;
+        ASSERT_THAT(test::faultsOf(file), IsEmpty()) << writes << failure;
+        const int services = numberOf(file, "SELECT count(*) FROM service_list");
+        const int streams = numberOf(file, "SELECT count(*) FROM tb_transponder");
+        EXPECT_EQ(services, 8 * streams) << writes;
+        EXPECT_EQ(numberOf(file, "SELECT count(*) FROM ecm_list"), services) << writes;
+        EXPECT_EQ(numberOf(file, "PRAGMA user_version"), hasFailed ? 0 : 1) << writes;
+        withRows += hasFailed && services > 0 ? 1 : 0;
+    }
+    EXPECT_GT(withRows, 10) << "hardly a fault hit the rows";
+}
+
+INSTANTIATE_TEST_SUITE_P(Export, BadDisk,
+                         testing::Values(FailingVfs::Fault::DiskFull, FailingVfs::Fault::BrokenDisk,
+                                         FailingVfs::Fault::OneWrite));
+
+TEST(ExportFailure, keepsTheRowsBeforeIt)
+{
+    const test::TemporaryFolder folder;
+    const fs::path file = folder / "a.db";
+    CreateDatabase(file);
+    test::rowsOf(file, "CREATE TRIGGER stop BEFORE INSERT ON tb_ca_ecm WHEN NEW.SERVICE_ID = 15 "
+                       "BEGIN SELECT raise(ABORT, 'no more'); END");
+    try {
+        ExportModel(test::manyServices(3, 10), file);
+        ADD_FAILURE();
+    } catch (const DatabaseError& failure) {
+        EXPECT_EQ(failure.description(), "cannot write a row of tb_ca_ecm: no more");
+    }
+    EXPECT_THAT(test::faultsOf(file), IsEmpty());
+    EXPECT_EQ(numberOf(file, "SELECT count(*) FROM service_list"), 15);
+    EXPECT_EQ(numberOf(file, "SELECT count(*) FROM ecm_list"), 14);
+}
+
+TEST(ExportFailure, ofASecondExportToTheSameFileHarmsNotTheFirst)
+{
+    const test::TemporaryFolder folder;
+    const NetworkMap model = test::manyServices(40, 20);
+    std::vector<std::string> failures(4);
+    {
+        std::vector<std::jthread> workers;
+        for (std::size_t i = 0; i < failures.size(); ++i)
+            workers.emplace_back(
+                [&, i] { failures[i] = failureOf(model, folder / (i % 2 == 0 ? "even" : "odd")); });
+    }
+    EXPECT_THAT(failures, testing::Contains("").Times(2));
+    EXPECT_THAT(failures, testing::Contains(HasSubstr("exists already")).Times(2));
+    for (const char* name : {"even", "odd"}) {
+        EXPECT_THAT(test::faultsOf(folder / name), IsEmpty());
+        EXPECT_EQ(numberOf(folder / name, "SELECT count(*) FROM ecm_list"), 800);
+    }
+}
+
+} // namespace

@@ -1,0 +1,243 @@
+#include "export/database_export.h"
+#include "tests/export/read_back.h"
+#include "tests/export/sample_model.h"
+#include "tests/support/section_cases.h"
+#include "tests/support/temporary_folder.h"
+#include "tests/support/tuning_records.h"
+
+#include <gmock/gmock.h>
+#include <numeric>
+#include <string>
+
+namespace {
+
+using namespace tessaview; // NOLINT(google-build-using-namespace)
+using test::Bytes;
+using test::numberOf;
+using test::rowsOf;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+/// The bytes 00, 01, 02 and so on.
+Bytes counting(std::size_t size)
+{
+    Bytes bytes(size);
+    std::iota(bytes.begin(), bytes.end(), uint8_t{0});
+    return bytes;
+}
+
+struct Export : testing::Test {
+    void exportIt()
+    {
+        const auto failure = exportDatabase(model, file);
+        ASSERT_FALSE(failure) << failure->what();
+        EXPECT_THAT(test::faultsOf(file), IsEmpty());
+    }
+    std::vector<std::string> rows(const std::string& sql) const { return rowsOf(file, sql); }
+
+    test::TemporaryFolder folder;
+    std::filesystem::path file = folder / "a.sqlite";
+    NetworkMap model;
+};
+
+const test::StreamSections kMixedStream{
+    .pat = test::pat(0x0451, {{0, 0x10}, {9, 0x109}, {1, 0x101}, {2, 0x102}, {3, 0x1FFE}}),
+    .sdts = {test::sdt(test::kSdtActual, 0x0451, 1,
+                       {{9,
+                         {test::service(2, "\x05Pr\xFCm",
+                                        "R\xC8"
+                                        "adio")},
+                         1}}),
+             test::sdt(test::kSdtActual, 0x0451, 1,
+                       {{1, {test::service(0xFF, "", "'); DROP TABLE tb_service; --")}, 2, 4, true},
+                        {3, {}, 0}},
+                       {.number = 1, .last = 1})},
+    .pmts = {test::pmt(9, 0x209, {{6, 0x301}, {3, 0x302}, {4, 0x303}}),
+             test::pmt(
+                 1, 0x1FFE,
+                 {{1, 0x1001, {test::conditionalAccess(0x2000, 0x1FFE, Bytes{0x0A})}},
+                  {2, 0x1002},
+                  {4, 0x1003, {test::conditionalAccess(0xFFFF, 0x10)}}},
+                 {test::language("deu"), test::conditionalAccess(0x0500, 0x11, counting(100))}),
+             test::pmt(3, 0x400, {{5, 0x401}})},
+    .cat = test::cat({test::conditionalAccess(0x0500, 0x21, Bytes{0xFE, 0xFF}),
+                      test::conditionalAccess(0x0100, 0x20)}),
+};
+
+TEST_F(Export, writesWhatTheModelHolds)
+{
+    test::addSatelliteStream(model, 0xFFFF, {.pat = test::pat(2, {{7, 0x107}})});
+    test::addSatelliteStream(model, 1, kMixedStream);
+    test::addSatelliteStream(model, 1, {.pat = test::pat(1, {{0, 0x10}})});
+    exportIt();
+
+    EXPECT_THAT(
+        rows("SELECT * FROM tb_network ORDER BY rowid"),
+        ElementsAre("1|Astra Satellite Network 19,2°E|0|0", "65535|Private_temporary_use|0|0"));
+    EXPECT_THAT(rows("SELECT * FROM tb_transponder ORDER BY rowid"),
+                ElementsAre("1|1|1|12187|1|275000000|3", "2|1|1105|12187|1|275000000|3",
+                            "3|65535|2|12187|1|275000000|3"));
+    EXPECT_THAT(
+        rows("SELECT * FROM tb_service ORDER BY rowid"),
+        ElementsAre(
+            "1|2|9|Rädio|Prüm|2|0|0|1|8191|770|521|265",
+            "2|2|1|'); DROP TABLE tb_service; --||255|1|1|0|4097|4099|8190|257",
+            "3|2|2|<service not in sdt>|<service not in sdt>|-1|-1|-1|-1|8191|8191|8191|258",
+            "4|2|3|<service not in sdt>|<service not in sdt>|-1|0|0|0|8191|8191|1024|8190",
+            "5|3|7|<service not in sdt>|<service not in sdt>|-1|-1|-1|-1|8191|8191|8191|263"));
+    EXPECT_THAT(rows("SELECT * FROM tb_ca_emm ORDER BY rowid"),
+                ElementsAre("1|2|1280|France Telecom|33|FE FF", "2|2|256|Canal Plus|32|"));
+    EXPECT_THAT(
+        rows("SELECT CAECM_ID, SERVICE_ID, SYSTEM_ID, CAPROVIDER_NAME, CA_PID, "
+             "length(PRIVATEBYTES), substr(PRIVATEBYTES, -5) FROM tb_ca_ecm ORDER BY rowid"),
+        ElementsAre("1|2|1280|France Telecom|17|254|53 54",
+                    "2|2|8192|Telefónica Servicios Audiovisuales|8190|2|0A",
+                    "3|2|65535|<unknown>|16|0|"));
+    EXPECT_THAT(rows("SELECT * FROM tb_audio"), IsEmpty());
+    EXPECT_THAT(rows("SELECT * FROM service_list WHERE SID = 9"),
+                ElementsAre("1|1105|9|Astra Satellite Network 19,2°E|Rädio|Prüm|2|8191|770|521|265|"
+                            "12187|1|275000000|3|0|0"));
+    EXPECT_THAT(rows("SELECT SERVICENAME, PROVIDERNAME, SYSTEM_ID, CAPROVIDER_NAME, CA_PID, "
+                     "PRIVATEBYTES FROM ecm_list WHERE CA_PID = 8190"),
+                ElementsAre("'); DROP TABLE tb_service; --||8192|Telefónica Servicios "
+                            "Audiovisuales|8190|0A"));
+    EXPECT_THAT(rows("PRAGMA user_version"), ElementsAre("1")) << "marked as complete";
+    EXPECT_FALSE(std::filesystem::exists(file.string() + "-journal"));
+    EXPECT_FALSE(std::filesystem::exists(file.string() + "-wal"));
+}
+
+TEST_F(Export, writesEveryStreamServiceAndAccessOfALargeModel)
+{
+    model = test::manyServices(35, 20);
+    exportIt();
+    EXPECT_EQ(numberOf(file, "SELECT count(*) FROM tb_network"), 4);
+    EXPECT_EQ(numberOf(file, "SELECT count(*) FROM tb_transponder"), 35);
+    EXPECT_EQ(numberOf(file, "SELECT count(*) FROM tb_ca_emm"), 35);
+    EXPECT_EQ(numberOf(file, "SELECT count(*) FROM service_list"), 700);
+    EXPECT_EQ(numberOf(file, "SELECT count(*) FROM ecm_list"), 700);
+    EXPECT_EQ(numberOf(file, "SELECT count(*) FROM service_list WHERE VPID = SID * 16 + 1 AND "
+                             "APID = VPID + 1 AND PCR = VPID AND PMT = SID * 16"),
+              700);
+    EXPECT_EQ(numberOf(file, "SELECT count(*) FROM tb_transponder WHERE NID = 1 + (TID - 1) / 10"),
+              35);
+}
+
+TEST_F(Export, keepsTheFirstOfWhatIsListedTwice)
+{
+    test::addSatelliteStream(model, 1,
+                             {.pat = test::pat(1, {{5, 0x105}, {6, 0x106}, {5, 0x1FF}}),
+                              .sdts = {test::sdt(test::kSdtActual, 1, 1,
+                                                 {{5, {test::service(1, "", "first")}},
+                                                  {5, {test::service(2, "", "second")}}})},
+                              .pmts = {test::pmt(5, 0x100, {}), test::pmt(5, 0x200, {})}});
+    exportIt();
+    EXPECT_THAT(rows("SELECT SID, SERVICENAME, PCR, PMT FROM tb_service"),
+                ElementsAre("5|first|256|261", "6|<service not in sdt>|8191|262"));
+}
+
+TEST_F(Export, takesServicesFromTheSdtOfTheStreamItselfOnly)
+{
+    const auto named = [](unsigned stream, const char* name) {
+        return test::sdt(test::kSdtActual, stream, 1, {{5, {test::service(1, "", name)}}});
+    };
+    test::addSatelliteStream(
+        model, 1, {.pat = test::pat(2, {{5, 0x105}}), .sdts = {named(1, "no"), named(2, "yes")}});
+    exportIt();
+    EXPECT_THAT(rows("SELECT SERVICENAME FROM tb_service"), ElementsAre("yes"));
+}
+
+TEST_F(Export, cutsNamesBehindTheLastCharacterThatFits)
+{
+    // 49 letters, then characters of one, two and three bytes in UTF-8.
+    const std::string start(49, 'x');
+    const auto programOf = [&](unsigned id, const std::string& name) {
+        return test::Service{id, {test::service(1, name, name)}};
+    };
+    test::addSatelliteStream(
+        model, 1,
+        {.pat = test::pat(1, {{1, 1}, {2, 2}, {3, 3}, {4, 4}}),
+         .sdts = {test::sdt(test::kSdtActual, 1, 1,
+                            {programOf(1, start + "ab"), programOf(2, "\x05" + start + "\xFC"),
+                             programOf(3, "\x15" + start + "\xE2\x82\xAC\xE2\x82\xAC"),
+                             programOf(4, start + '\0' + "ab")})}});
+    exportIt();
+    EXPECT_THAT(rows("SELECT SERVICENAME FROM tb_service"),
+                ElementsAre(start + "a", start + "ü", start + "€", start + "\xE2\x90\x80"));
+    EXPECT_THAT(rows("SELECT SERVICENAME FROM tb_service WHERE SERVICENAME <> PROVIDERNAME OR "
+                     "length(SERVICENAME) <> 50"),
+                IsEmpty());
+}
+
+struct TuningCase {
+    Transponder::Tuning tuning;
+    const char* columns; ///< FREQUENCY, POLARIZATION, SYMBOLRATE, FEC
+};
+
+TEST_F(Export, roundsFrequenciesToMegahertz)
+{
+    CableTuning cable = test::cableRecord(3'465'000);
+    cable.symbol_rate = 69'000;
+    cable.FEC_inner = 15;
+    const std::vector<TuningCase> cases{
+        {test::satelliteRecord(1'218'749, 0, 0, 0), "12187|0|0|0"},
+        {test::satelliteRecord(1'218'750, 3, 220'000, 15), "12188|3|220000000|15"},
+        {test::satelliteRecord(UINT32_MAX, 255, UINT32_MAX, 255), "42949673|255|2147483647|255"},
+        {cable, "347|0|69000000|15"},
+        {test::terrestrialRecord(47'449'999), "474|0|0|0"},
+        {test::terrestrialRecord(47'450'000), "475|0|0|0"},
+        {std::monostate(), "0|0|0|0"},
+    };
+    std::vector<std::string> expected;
+    for (const TuningCase& each : cases) {
+        expected.emplace_back(each.columns);
+        Transponder stream =
+            test::decoded({.pat = test::pat(static_cast<unsigned>(expected.size()), {})});
+        if (const auto* satellite = std::get_if<SatelliteTuning>(&each.tuning))
+            stream.setSatelliteTuning(*satellite, "");
+        else if (const auto* cableRecord = std::get_if<CableTuning>(&each.tuning))
+            stream.setCableTuning(*cableRecord);
+        else if (const auto* terrestrial = std::get_if<TerrestrialTuning>(&each.tuning))
+            stream.setTerrestrialTuning(*terrestrial);
+        model.store(1, std::move(stream));
+    }
+    exportIt();
+    EXPECT_EQ(rows("SELECT FREQUENCY, POLARIZATION, SYMBOLRATE, FEC FROM tb_transponder"),
+              expected);
+}
+
+TEST_F(Export, refusesRowsThatBreakTheKeys)
+{
+    test::addSatelliteStream(model, 1, kMixedStream);
+    exportIt();
+    const std::string keyed = "PRAGMA foreign_keys=ON; ";
+    for (const char* const statement :
+         {"DELETE FROM tb_network", "UPDATE tb_transponder SET NID = 2",
+          "INSERT INTO tb_transponder SELECT NULL, NID, TID, 0, 0, 0, 0 FROM tb_transponder",
+          "INSERT INTO tb_audio VALUES (NULL, 77, 0, '')", "UPDATE tb_service SET SID = 9",
+          "UPDATE tb_service SET SID = NULL",
+          "UPDATE tb_service SET SERVICENAME = SERVICENAME || substr('"
+          "12345678901234567890123456789012345678901234567890"
+          "', 1) || 'x'",
+          "UPDATE tb_ca_emm SET TRANSPONDER_ID = 9", "DELETE FROM tb_service"})
+        EXPECT_THROW(rows(keyed + statement), std::runtime_error) << statement;
+    EXPECT_NO_THROW(rows(keyed + "INSERT INTO tb_audio VALUES (NULL, 1, 33, 'deu')"));
+}
+
+TEST(FirstPids, areThoseOfTheFirstStreamOfTheirTypes)
+{
+    const auto pmt =
+        test::parsed<lib13818::Pmt>(test::pmt(1, 0, {{0x1B, 1}, {4, 2}, {2, 3}, {1, 4}, {3, 5}}));
+    EXPECT_EQ(FirstVideoPid(&pmt), 3);
+    EXPECT_EQ(FirstAudioPid(&pmt), 2);
+    EXPECT_EQ(FirstVideoPid(nullptr), 0x1FFF);
+}
+
+TEST(FormatPrivateBytes, givesAtMost85Bytes)
+{
+    EXPECT_EQ(FormatPrivateBytes({}), "");
+    EXPECT_EQ(FormatPrivateBytes(test::hex("00 0A FF")), "00 0A FF");
+    EXPECT_EQ(FormatPrivateBytes(counting(85)).size(), 254);
+    EXPECT_EQ(FormatPrivateBytes(counting(86)), FormatPrivateBytes(counting(85)));
+}
+
+} // namespace
