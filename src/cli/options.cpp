@@ -20,7 +20,8 @@ Tables are a comma-separated list of: pat, cat, pmt, bat, nit, nit-other, sdt, s
 eit-pf-other, eit-sched, eit-sched-other, tdt, tot, rst; or 'all', 'default', or a bit mask such as
 0x041B. PAT, NIT actual and SDT actual are read whatever is chosen.
 
-Exit status: 0 at least one transport stream was stored, 1 none was, 2 wrong usage.)";
+Exit status: 0 at least one transport stream was stored, 1 none was, 2 wrong usage, 3 the export
+to a database failed.)";
 
 /// A selection that CLI11 can check and report.
 std::string checkTables(const std::string& text)
@@ -95,6 +96,9 @@ ParsedOptions parseOptions(int argc, const char* const* argv)
         ->check(CLI::Validator(checkCharset, "", "charset"))
         ->allow_extra_args(false)
         ->option_text("[NETWORK=]TABLE[,always]");
+    app.add_option("--export-db", options.exportDb,
+                   "Export what was read into this new SQLite database, too")
+        ->option_text("FILE");
     app.add_option("--log", options.log,
                    "Write the log to this file instead of the one beside the program")
         ->option_text("FILE");

@@ -15,6 +15,7 @@ enum class OutputFormat { Tree, Values, Json, None };
 constexpr int kExitStored = 0;     ///< at least one transport stream was stored
 constexpr int kExitNothing = 1;    ///< none was
 constexpr int kExitWrongUsage = 2; ///< an option or a capture cannot be used
+constexpr int kExitExportFailed = 3;
 
 /// What the command line asks for.
 struct Options {
@@ -24,6 +25,7 @@ struct Options {
     std::optional<std::uint32_t> tables; ///< the bits of this run; none: the stored selection
     OutputFormat format = OutputFormat::Tree;
     CharsetPolicy charsets; ///< what texts are read with
+    std::string exportDb; ///< the file of a new database; empty for none
     std::string log;
     bool quiet = false;
 };

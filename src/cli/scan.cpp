@@ -1,6 +1,7 @@
 #include "cli/scan.h"
 
 #include "acquisition/reader.h"
+#include "cli/export_database.h"
 #include "cli/print_tree.h"
 #include "component/bstr.h"
 #include "driver/driver_session.h"
@@ -199,6 +200,11 @@ int scan(const Options& options)
     if (options.listDrivers)
         return printDrivers(registry, list);
 
+    if (const std::string obstacle = exportObstacle(options.exportDb); !obstacle.empty()) {
+        complain(obstacle);
+        return kExitExportFailed;
+    }
+
     DriverSession session;
     if (!openDriver(options, registry, list, session))
         return kExitWrongUsage;
@@ -210,6 +216,8 @@ int scan(const Options& options)
         complain(std::string("nothing was stored: ") + reason);
     session.close();
 
+    const std::string exportProblem = exportTo(options.exportDb, model);
+    complain(exportProblem);
     Tree tree;
     tree.setCharsetPolicy(options.charsets);
     tree.rebuild(model);
@@ -219,6 +227,8 @@ int scan(const Options& options)
         complain("the output cannot be written");
         return kExitWrongUsage;
     }
+    if (!exportProblem.empty())
+        return kExitExportFailed;
     return model.empty() ? kExitNothing : kExitStored;
 }
 
