@@ -21,18 +21,6 @@ namespace {
 
 using namespace tessaview; // NOLINT(google-build-using-namespace)
 
-/// The application that widgets need, whoever made it.
-void needApplication()
-{
-    if (qApp)
-        return;
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    static int count = 1;
-    static char name[] = "tests";
-    static char* arguments[] = {name, nullptr};
-    static QApplication application(count, arguments);
-}
-
 QPushButton* buttonOf(QWidget& dialog, const char* text)
 {
     for (QPushButton* button : dialog.findChildren<QPushButton*>())
@@ -70,9 +58,6 @@ struct ExportDialogs : testing::Test {
         model.store(1, std::move(stream));
     }
 
-    struct Application {
-        Application() { needApplication(); }
-    } application;
     test::TemporaryFolder folder;
     std::filesystem::path file = folder / "<b>ä.sqlite";
     NetworkMap model;
