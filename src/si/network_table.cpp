@@ -6,18 +6,6 @@
 
 namespace lib13818 {
 
-namespace {
-
-/// The part of a loop that consists of whole descriptors, of one kind with regard to its tag.
-template <class Take>
-void forEachDescriptor(std::span<const uint8_t> loop, Take take)
-{
-    for (; loop.size() >= 2 && loop.size() >= 2U + loop[1]; loop = loop.subspan(2U + loop[1]))
-        take(loop.data());
-}
-
-} // namespace
-
 static_assert(std::is_nothrow_move_constructible_v<TransportStreamEntry>);
 
 TransportStreamEntry::TransportStreamEntry(BitReader& loop)

@@ -27,7 +27,7 @@ private:
     std::streamsize width_;
 };
 
-/// The raw descriptors below 0x80, then the audio and video ones, in the order of the dumps.
+/// The classes that the program_info loop and a stream are both dumped with, in their order.
 void dumpStreamDescriptors(std::ostream& out, const DescriptorSet& set)
 {
     dumpList<DescriptorISO639Language>(out, set);

@@ -82,10 +82,10 @@ void ShortSection::dump(std::ostream& out) const
     line(out, "section_length: ", section_length);
 }
 
-BitReader& require(BitReader& in, int bytes)
+BitReader& require(BitReader& in, int bytes, int code)
 {
     if (in.bytesLeft() < bytes)
-        throw error(kTooLittleData);
+        throw error(code, kTooLittleData);
     return in;
 }
 
@@ -95,9 +95,9 @@ void requireExactEnd(const BitReader& loop)
         throw error(kStartEndMismatch);
 }
 
-BitReader takeLoop(BitReader& in, int length)
+BitReader takeLoop(BitReader& in, int length, int code)
 {
-    return BitReader(require(in, length).take(length));
+    return BitReader(require(in, length, code).take(length));
 }
 
 } // namespace lib13818

@@ -107,14 +107,14 @@ protected:
 };
 
 /// Returns the reader if it holds `bytes` more, for use before the first field of a fixed part;
-/// throws "too little data" otherwise.
-BitReader& require(BitReader& in, int bytes);
+/// throws "too little data" with this code otherwise.
+BitReader& require(BitReader& in, int bytes, int code = -1);
 
 /// Throws "descriptor start end mismatch" unless a loop was left exactly at its end.
 void requireExactEnd(const BitReader& loop);
 
 /// A loop inside a section's body: like `BitReader::take`, but a declared length that runs past
-/// the body throws "too little data".
-BitReader takeLoop(BitReader& in, int length);
+/// the body throws "too little data" with this code.
+BitReader takeLoop(BitReader& in, int length, int code = -1);
 
 } // namespace lib13818

@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <ostream>
+#include <span>
 #include <vector>
 
 namespace lib13818 {
@@ -33,6 +34,17 @@ public:
     const int tag;
     const int length;
 };
+
+/// Hands `take` the descriptors of a loop, each by a pointer to its tag byte, up to the first that
+/// does not fit into it. Gives the number of bytes from there on, 0 when the loop ends with its
+/// last descriptor.
+template <class Take>
+std::size_t forEachDescriptor(std::span<const uint8_t> loop, Take take)
+{
+    for (; loop.size() >= 2 && loop.size() >= 2U + loop[1]; loop = loop.subspan(2U + loop[1]))
+        take(loop.data());
+    return loop.size();
+}
 
 /// Three bytes of a language or country code; those past the end are 0.
 Code readCode(BitReader& in);

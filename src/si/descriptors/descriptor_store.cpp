@@ -55,7 +55,8 @@ void DescriptorStore::add(std::span<const EntryType> types, std::size_t list,
     append(list, types[list].size, [&](void* place) { types[list].construct(place, in); });
 }
 
-void DescriptorStore::copyFrom(std::span<const EntryType> types, const DescriptorStore& other)
+void DescriptorStore::copyFrom(std::span<const EntryType> types, const DescriptorStore& other,
+                               std::size_t without)
 {
     std::size_t bytes = 0;
     std::size_t count = 0;
@@ -66,6 +67,8 @@ void DescriptorStore::copyFrom(std::span<const EntryType> types, const Descripto
     reserve(bytes, count);
     for (Cursor from(other); !from.atEnd(); from.next(types[from.list()].size)) {
         const std::size_t list = from.list();
+        if (list == without)
+            continue;
         append(list, types[list].size,
                [&](void* place) { types[list].copy(place, from.object()); });
     }

@@ -42,10 +42,12 @@ public:
     void reserve(std::size_t bytes, std::size_t count);
     /// Builds an object of the list behind the others. If its constructor throws, nothing is added.
     void add(std::span<const EntryType> types, std::size_t list, const DescriptorReader& in);
-    void copyFrom(std::span<const EntryType> types, const DescriptorStore& other);
+    /// Adds copies of what the other store holds, less the objects of one list.
+    void copyFrom(std::span<const EntryType> types, const DescriptorStore& other,
+                  std::size_t without = kMaxLists);
     void destroyAll(std::span<const EntryType> types) noexcept;
 
-    bool empty() const { return !first_ || first_->count == 0; }
+    bool empty() const { return !first_ || (first_->present[0] | first_->present[1]) == 0; }
     bool has(std::size_t list) const
     {
         return first_ && (first_->present[list / 64] >> list % 64 & 1) != 0;

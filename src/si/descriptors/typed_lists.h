@@ -26,7 +26,10 @@ struct EntryOf {
     using Type = List;
 };
 template <class List>
-    requires requires { typename List::Entry; }
+requires requires
+{
+    typename List::Entry;
+}
 struct EntryOf<List> {
     using Type = typename List::Entry;
 };
@@ -141,6 +144,13 @@ public:
     /// of bytes from there on, 0 when the loop ends with its last descriptor.
     std::size_t addLoop(std::span<const uint8_t> loop);
 
+    /// Empties the list of a class.
+    template <class List>
+    void clear()
+    {
+        remove(kIndex<List>);
+    }
+
     /// Calls `visit.template operator()<List>()` for every list, in the declared order.
     template <class Visitor>
     static constexpr void forEachType(Visitor visit)
@@ -183,8 +193,8 @@ public:
     static constexpr std::array<uint8_t, 256> kListOfTag = [] {
         std::array<uint8_t, 256> lists{};
         for (std::size_t tag = 0; tag < lists.size(); ++tag)
-            lists[tag] = static_cast<uint8_t>(tag < 0x80 ? kIndex<LowUserPrivate>
-                                                         : kIndex<HighUserPrivate>);
+            lists[tag] =
+                static_cast<uint8_t>(tag < 0x80 ? kIndex<LowUserPrivate> : kIndex<HighUserPrivate>);
         forEachType([&]<class List>() {
             if constexpr (requires { List::kTag; }) {
                 if (lists[List::kTag] != kIndex<LowUserPrivate>)
@@ -199,6 +209,8 @@ private:
     static_assert(kCount <= DescriptorStore::kMaxLists);
 
     static const std::array<EntryType, kCount> kTypes;
+
+    void remove(std::size_t list);
 
     DescriptorStore store_;
 };

@@ -16,10 +16,8 @@ const std::array<EntryType, TypedLists<Classes>::kCount> TypedLists<Classes>::kT
         types[kIndex<List>] = {
             .size = kSizes[kIndex<List>],
             .construct = [](void* place, const DescriptorReader& in) { new (place) Entry(in); },
-            .copy =
-                [](void* place, const void* from) {
-                    new (place) Entry(*static_cast<const Entry*>(from));
-                },
+            .copy = [](void* place,
+                       const void* from) { new (place) Entry(*static_cast<const Entry*>(from)); },
             .destroy = [](void* object) { static_cast<Entry*>(object)->~Entry(); }};
     });
     return types;
@@ -51,19 +49,22 @@ void TypedLists<Classes>::add(const unsigned char* descriptor)
 template <class Classes>
 std::size_t TypedLists<Classes>::addLoop(std::span<const uint8_t> loop)
 {
-    const auto nextFits = [](std::span<const uint8_t> rest) {
-        return rest.size() >= 2 && rest.size() >= 2U + rest[1];
-    };
     std::size_t bytes = 0;
     std::size_t count = 0;
-    for (auto rest = loop; nextFits(rest); rest = rest.subspan(2U + rest[1])) {
-        bytes += kSizes[kListOfTag[rest[0]]];
+    forEachDescriptor(loop, [&](const uint8_t* descriptor) {
+        bytes += kSizes[kListOfTag[descriptor[0]]];
         ++count;
-    }
+    });
     store_.reserve(bytes, count);
-    for (; nextFits(loop); loop = loop.subspan(2U + loop[1]))
-        add(loop.data());
-    return loop.size();
+    return forEachDescriptor(loop, [this](const uint8_t* descriptor) { add(descriptor); });
+}
+
+template <class Classes>
+void TypedLists<Classes>::remove(std::size_t list)
+{
+    TypedLists others;
+    others.store_.copyFrom(kTypes, store_, list);
+    std::swap(store_, others.store_);
 }
 
 template <class Classes>
