@@ -1,10 +1,10 @@
 #include "si/descriptors/network_descriptors.h"
 
 #include "si/descriptors/delivery_descriptors.h"
-#include "si/descriptors/mpeg_descriptors.h"
 #include "tests/support/descriptor_cases.h"
 
 using namespace lib13818;
+using test::clearedDump;
 using test::decode;
 using test::dumpOf;
 using Bytes = std::vector<uint8_t>;
@@ -86,44 +86,7 @@ TEST(NetworkDescriptors, refuseLengthsThatDoNotFit)
                          {"49 05 80 47 42 52 00", 3, "country_availability_descriptor"},
                          {"49 00", 3, "country_availability_descriptor"},
                          {"62 00", -1, "descriptor length mismatch"},
-                         {"62 06 01 02 03 04 05 06", -1, "descriptor length mismatch"},
-                         {"0A 06 65 6E 67 00 65 6E", -1, "descriptor length mismatch"}});
-}
-
-TEST(MpegDescriptors, readTheirBits)
-{
-    const auto video = decode<DescriptorVideoStream>("02 03 4B 48 5F");
-    EXPECT_EQ(video.frame_rate_code, 9);
-    EXPECT_TRUE(video.constrained_parameter_flag && video.still_picture_flag);
-    EXPECT_EQ(video.profile_and_level_indication, 0x48);
-    EXPECT_EQ(video.chroma_format, 1);
-    EXPECT_EQ(video.reserved, 0x1F);
-    EXPECT_EQ(decode<DescriptorVideoStream>("02 01 4F").profile_and_level_indication, 0);
-
-    const auto grid = decode<DescriptorTargetBackgroundGrid>("07 04 0B 40 24 03");
-    EXPECT_EQ(grid.horizontal_size, 720);
-    EXPECT_EQ(grid.vertical_size, 576);
-    EXPECT_EQ(grid.aspect_ratio_information, 3);
-
-    const auto hierarchy = decode<DescriptorHierarchy>("04 04 F5 EA D5 FF");
-    EXPECT_EQ(hierarchy.hierarchy_type, 5);
-    EXPECT_EQ(hierarchy.hierarchy_layer_index, 0x2A);
-    EXPECT_EQ(hierarchy.hierarchy_embedded_layer_index, 0x15);
-    EXPECT_EQ(hierarchy.hierarchy_channel, 0x3F);
-
-    EXPECT_EQ(decode<DescriptorMaximumBitrate>("0E 03 FF FF FE").maximum_bitrate, 0x3FFFFE);
-    const auto buffer = decode<DescriptorSmoothingBuffer>("10 06 FF FF FE C0 00 01");
-    EXPECT_EQ(buffer.sb_leak_rate, 0x3FFFFE);
-    EXPECT_EQ(buffer.sb_size, 1);
-    const auto use = decode<DescriptorMultiplexBufferUtilization>("0C 04 FF FE 7F FD");
-    EXPECT_EQ(use.LTW_offset_lower_bound, 0x7FFE);
-    EXPECT_EQ(use.LTW_offset_upper_bound, 0x7FFD);
-    const auto clock = decode<DescriptorSystemClock>("0B 02 D5 BF");
-    EXPECT_EQ(clock.external_clock_reference_indicator, 1);
-    EXPECT_EQ(clock.clock_accuracy_integer, 0x15);
-    EXPECT_EQ(clock.clock_accuracy_exponent, 5);
-    EXPECT_EQ(decode<DescriptorIBP>("12 02 7F FE").max_gop_length, 0x3FFE);
-    EXPECT_EQ(decode<DescriptorRegistration>("05 03 41 43 2D").format_identifier, 0U);
+                         {"62 06 01 02 03 04 05 06", -1, "descriptor length mismatch"}});
 }
 
 TEST(NetworkDescriptors, dumpTheirFields)
@@ -134,15 +97,54 @@ TEST(NetworkDescriptors, dumpTheirFields)
               "modulation 1\nsymbol_rate 27.5\nFEC_inner 3\n"
               "descriptor_tag: 5f private_data_specifier_descriptor\n"
               "private_data_specifier: fffffffe\n");
-    EXPECT_EQ(dumpOf("4A 09 00 01 00 02 00 0A 0B 41 00 09 06 06 04 E1 23 5A 31"),
-              "descriptor_tag: 09 CA_Descriptor\nsys_id: 0604 Irdeto\npid: 0123\nprivate data:\n"
-              "5a 31                                            : Z.\n"
+    EXPECT_EQ(dumpOf("4A 09 00 01 00 02 00 0A 0B 41 00 4A 07 00 01 00 02 00 0A 0B"),
               "descriptor_tag: 4a linkage_descriptor\ntransport_stream_id: 1\n"
               "original_network_id: 2\nservice_id: a\nlinkage_type: b\nprivate_data_byte:\n"
-              "41 00                                            : A.\n");
-    EXPECT_EQ(dumpOf("0D 04 00 00 00 FF 0D 05 00 00 00 01 0A"),
-              "descriptor_tag: 0d copyright_descriptor\ncopyright_identifier:ff\n"
-              "additional_copyright_info: \n"
-              "descriptor_tag: 0d copyright_descriptor\ncopyright_identifier:1\n"
-              "additional_copyright_info:  a\n");
+              "41 00                                            : A.\n"
+              "descriptor_tag: 4a linkage_descriptor\ntransport_stream_id: 1\n"
+              "original_network_id: 2\nservice_id: a\nlinkage_type: b\n");
+    EXPECT_EQ(dumpOf("40 02 05 41 47 01 42"),
+              "descriptor_tag: 40 network_name_descriptor\nnetwork_name: \5A\n"
+              "descriptor_tag: 47 bouquet_name_descriptor\nbouquet_name: B\n");
+    EXPECT_EQ(dumpOf("41 03 FF FE FD 48 06 FE 01 41 02 05 42"),
+              "descriptor_tag: 41 service_list_descriptor\nservice_id fffe\nservice_type fd\n"
+              "descriptor_tag: 48 service_descriptor\nservice_type fe\nprovider_name A\n"
+              "service_name \5B\n");
+    EXPECT_EQ(dumpOf("42 00 42 02 FF 5A"),
+              "descriptor_tag: 42 stuffing_descriptor\n"
+              "descriptor_tag: 42 stuffing_descriptor\nstuffing_byte:\n"
+              "ff 5a                                            : .Z\n");
+    EXPECT_EQ(dumpOf("44 0B 03 46 00 00 FF FA 1F 00 69 00 0C 49 04 80 47 42 52"),
+              "descriptor_tag: 44 cable_delivery_system_descriptor\nfrequency: 346\n"
+              "FEC_outer: a\nmodulation: 1f\nsymbol_rate: 6.9\nFEC_inner: c\n"
+              "descriptor_tag: 49 country_availability_descriptor\n"
+              "country_availability_flag: 1\ncountry_code: GBR\n");
+    EXPECT_EQ(dumpOf("53 04 FF FE 00 0A 60 06 FF FE FF FD FF FC"),
+              "descriptor_tag: 60 service_move_descriptor\nnew_original_network_id: fffe\n"
+              "new_transport_stream_id: fffd\nnew_service_id: fffc\n"
+              "descriptor_tag: 53 CA_system_id_descriptor\nCA_system_id: fffe\n"
+              "CA_system_id: a\n");
+    EXPECT_EQ(dumpOf("5A 01 00 62 01 01"),
+              "descriptor_tag: 5a terrestrial_delivery_system_descriptor\n"
+              "descriptor_tag: 62 frequency_list_descriptor\n");
+}
+
+TEST(NetworkDescriptors, clearEmptiesWhatVariesInSome)
+{
+    EXPECT_EQ(clearedDump<DescriptorNetworkName>("40 01 41"), "network_name: \n");
+    EXPECT_EQ(clearedDump<DescriptorBouquetName>("47 01 41"), "bouquet_name: \n");
+    EXPECT_EQ(clearedDump<DescriptorStuffing>("42 01 41"), "");
+    EXPECT_EQ(clearedDump<DescriptorCAIdentifier>("53 02 0B 00"), "");
+    EXPECT_EQ(clearedDump<DescriptorLinkage>("4A 08 00 01 00 02 00 03 04 05"),
+              "transport_stream_id: 1\noriginal_network_id: 2\nservice_id: 3\nlinkage_type: 4\n");
+    auto frequencies = decode<DescriptorFrequencyList>("62 05 01 00 00 00 01");
+    frequencies.clear();
+    EXPECT_TRUE(frequencies.centre_frequency.empty());
+    // These keep what they hold.
+    EXPECT_EQ(clearedDump<DescriptorServiceList>("41 03 00 01 02"),
+              "service_id 1\nservice_type 2\n");
+    EXPECT_EQ(clearedDump<DescriptorCountryAvailability>("49 04 80 47 42 52"),
+              "country_availability_flag: 1\ncountry_code: GBR\n");
+    EXPECT_EQ(clearedDump<DescriptorService>("48 05 01 01 41 01 42"),
+              "service_type 1\nprovider_name A\nservice_name B\n");
 }

@@ -122,38 +122,3 @@ TEST(DateTime, doesNotJudgeWhatItReads)
     EXPECT_EQ(std::tuple(early.day, early.month, early.year), std::tuple(19, -1, 1859));
     EXPECT_EQ(DateTime().second, 1);
 }
-
-/// Every table over random bodies of every length, in blocks that hide nothing from the address
-/// sanitizer: it decodes or throws, and what it decoded can be dumped and copied.
-TEST(Tables, readNothingBeyondTheirSection)
-{
-    std::mt19937 random(13818);
-    const auto tryOne = [&]<class Table>(unsigned tableId, std::size_t length, bool isLong) {
-        test::Bytes body(length);
-        for (uint8_t& byte : body)
-            byte = static_cast<uint8_t>(random() % 4 == 0 ? random() : random() % 8);
-        Table table;
-        try {
-            table.parse(test::exactly(isLong ? test::longSection(tableId, 1, body)
-                                             : test::shortSection(tableId, body))
-                            .get());
-        } catch (const error&) {
-            EXPECT_FALSE(table.parsed);
-        }
-        EXPECT_LT(test::dumpOfTable(Table(table)).size(), 2'000'000U);
-    };
-    std::vector<std::size_t> lengths{1012, 4084};
-    for (std::size_t length = 0; length < 120; ++length)
-        lengths.insert(lengths.end(), 3, length);
-    for (const std::size_t length : lengths) {
-        tryOne.operator()<Pat>(0x00, length, true);
-        tryOne.operator()<Pmt>(0x02, length, true);
-        tryOne.operator()<Nit>(0x40, length, true);
-        tryOne.operator()<Sdt>(0x42, length, true);
-        tryOne.operator()<Eit>(0x4E, length, true);
-        if (length < 1024) {
-            tryOne.operator()<Tdt>(0x70, length, false);
-            tryOne.operator()<Tot>(0x73, length, false);
-        }
-    }
-}

@@ -14,11 +14,12 @@
 namespace test {
 
 /// What a descriptor loop writes into a fresh stream.
-inline std::string dumpOf(std::string_view loop)
+template <class Set = lib13818::DescriptorSet>
+std::string dumpOf(std::string_view loop)
 {
     const auto bytes = hex(loop);
-    lib13818::DescriptorSet set;
-    lib13818::walkChecked(set, {exactly(bytes).get(), bytes.size()});
+    Set set;
+    EXPECT_EQ(set.addLoop({exactly(bytes).get(), bytes.size()}), 0U) << loop;
     std::ostringstream out;
     set.dump(out);
     return out.str();
@@ -42,10 +43,11 @@ struct Refused {
     const char* message;
 };
 
-inline void expectRefused(const std::vector<Refused>& cases)
+template <class Set = lib13818::DescriptorSet>
+void expectRefused(const std::vector<Refused>& cases)
 {
     for (const Refused& refused : cases) {
-        lib13818::DescriptorSet set;
+        Set set;
         try {
             set.add(exactly(hex(refused.bytes)).get());
             ADD_FAILURE() << "taken: " << refused.bytes;
