@@ -1,5 +1,6 @@
 #include "si/crc32.h"
 
+#include <algorithm>
 #include <array>
 
 namespace lib13818 {
@@ -35,43 +36,55 @@ constexpr uint32_t multiply(uint32_t a, uint32_t b)
     return product;
 }
 
-/// x to the power of 8 * `bytes`: what a register is multiplied by to run over that many zeros.
-uint32_t powerOver(std::size_t bytes)
-{
-    uint32_t power = 1;
-    for (uint32_t square = 0x100; bytes != 0; bytes >>= 1, square = multiply(square, square))
-        if (bytes & 1)
-            power = multiply(power, square);
-    return power;
-}
+// The bytes of a chain are a multiple of the unit, so that its power stands in a table.
+constexpr std::size_t kChainUnit = 16;
+constexpr std::size_t kLongestChain = 1024; // a quarter of the longest section
+
+/// x to the power of 8 * `kChainUnit` * index: what a register is multiplied by to run over that
+/// many units of zeros.
+constexpr std::array<uint32_t, kLongestChain / kChainUnit + 1> kPowers = [] {
+    std::array<uint32_t, kLongestChain / kChainUnit + 1> powers{};
+    uint32_t overUnit = 1;
+    for (std::size_t byte = 0; byte < kChainUnit; ++byte)
+        overUnit = multiply(overUnit, 0x100);
+    powers[0] = 1;
+    for (std::size_t i = 1; i < powers.size(); ++i)
+        powers[i] = multiply(powers[i - 1], overUnit);
+    return powers;
+}();
 
 // Below this the joins cost more than the chains save.
-constexpr std::size_t kLeastForChains = 512;
+constexpr std::size_t kLeastForChains = 320;
+
+/// A table lookup waits for the one before it: four independent chains keep the processor busy,
+/// and since the CRC is linear their registers join by multiplication.
+uint32_t overFourChains(uint32_t crc, const uint8_t* data, std::size_t chain)
+{
+    uint32_t second = 0;
+    uint32_t third = 0;
+    uint32_t fourth = 0;
+    for (std::size_t i = 0; i < chain; ++i) {
+        crc = step(crc, data[i]);
+        second = step(second, data[chain + i]);
+        third = step(third, data[2 * chain + i]);
+        fourth = step(fourth, data[3 * chain + i]);
+    }
+    const uint32_t power = kPowers[chain / kChainUnit];
+    crc = multiply(crc, power) ^ second;
+    crc = multiply(crc, power) ^ third;
+    return multiply(crc, power) ^ fourth;
+}
 
 } // namespace
 
 uint32_t crc32Mpeg2(const uint8_t* data, std::size_t count)
 {
     uint32_t crc = 0xFFFFFFFF;
-    if (count >= kLeastForChains) {
-        // A table lookup waits for the one before it: four independent chains keep the processor
-        // busy, and since the CRC is linear the quarters join by multiplication.
-        const std::size_t quarter = count / 4;
-        uint32_t second = 0;
-        uint32_t third = 0;
-        uint32_t fourth = 0;
-        for (std::size_t i = 0; i < quarter; ++i) {
-            crc = step(crc, data[i]);
-            second = step(second, data[quarter + i]);
-            third = step(third, data[2 * quarter + i]);
-            fourth = step(fourth, data[3 * quarter + i]);
-        }
-        const uint32_t power = powerOver(quarter);
-        crc = multiply(crc, power) ^ second;
-        crc = multiply(crc, power) ^ third;
-        crc = multiply(crc, power) ^ fourth;
-        data += 4 * quarter;
-        count -= 4 * quarter;
+    while (count >= kLeastForChains) {
+        const std::size_t chain = std::min(count / 4, kLongestChain) / kChainUnit * kChainUnit;
+        crc = overFourChains(crc, data, chain);
+        data += 4 * chain;
+        count -= 4 * chain;
     }
     for (std::size_t i = 0; i < count; ++i)
         crc = step(crc, data[i]);

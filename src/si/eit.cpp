@@ -52,6 +52,7 @@ void Eit::parsePayload(const uint8_t* body)
         events.emplace_back(in);
     }
     requireExactEnd(in);
+    events.shrink_to_fit(); // a schedule stays in memory for as long as the model lives
 }
 
 void Eit::dump(std::ostream& out) const
