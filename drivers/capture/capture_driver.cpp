@@ -2,10 +2,7 @@
 
 #include "component/bstr.h"
 #include "drivers/capture/packet_file.h"
-#include "drivers/capture/section_answers.h"
 #include "drivers/capture/status_text.h"
-#include "drivers/capture/tuning_match.h"
-#include "platform/settings.h"
 
 #include <algorithm>
 
@@ -14,8 +11,6 @@ namespace tessaview {
 namespace {
 
 constexpr const char* kName = "Captured transport streams";
-constexpr const char* kStoredCaptures = "captures";
-constexpr const char* kStoredTunerType = "tunertype";
 
 Status giveText(std::string_view utf8, char16_t** out)
 {
@@ -25,64 +20,35 @@ Status giveText(std::string_view utf8, char16_t** out)
     return status::kOk;
 }
 
-/// The tuner type that a tuning record belongs to.
-std::optional<TunerType> typeOf(const CaptureTuning& tuning)
-{
-    switch (tuning.index()) {
-    case 1:
-        return TunerType::Satellite;
-    case 2:
-        return TunerType::Cable;
-    case 3:
-        return TunerType::Terrestrial;
-    default:
-        return std::nullopt;
-    }
-}
-
-std::optional<TunerType> tunerType(std::optional<std::uint32_t> stored)
-{
-    if (!stored || *stored < 1 || *stored > 3)
-        return std::nullopt;
-    return static_cast<TunerType>(*stored);
-}
-
-std::string joinedLines(const std::vector<std::string>& lines)
+std::string joinedLines(const std::vector<CaptureProblem>& problems)
 {
     std::string text;
-    for (const std::string& line : lines)
-        text += (text.empty() ? "" : "\n") + line;
+    for (const CaptureProblem& problem : problems) {
+        if (!text.empty())
+            text += '\n';
+        text += problem.line();
+    }
     return text;
 }
 
+/// Copies the answers into the caller's array, all of them or none.
+void giveSections(std::vector<std::vector<RawSection>>& answers, SectionList* results)
+{
+    std::vector<SectionList> lists;
+    lists.reserve(answers.size());
+    try {
+        for (auto& answer : answers) {
+            lists.push_back(toTaskMemory(answer));
+            answer = {}; // so that everything is not there twice at the end
+        }
+    } catch (...) {
+        std::for_each(lists.begin(), lists.end(), release);
+        throw;
+    }
+    std::copy(lists.begin(), lists.end(), results);
+}
+
 } // namespace
-
-/// That of the stream it is set to, else that of any stream of the set.
-TunerType CaptureDriver::State::type() const
-{
-    if (capture())
-        if (const auto own = typeOf(capture()->tuning))
-            return *own;
-    for (const Capture& each : *captures)
-        if (const auto own = typeOf(each.tuning))
-            return *own;
-    return fallbackType;
-}
-
-CaptureDriver::State CaptureDriver::state() const
-{
-    const std::lock_guard lock(mutex_);
-    return state_;
-}
-
-/// The first one that could be opened is what the tuner is set to.
-void CaptureDriver::setCaptures(std::vector<Capture> captures)
-{
-    auto shared = std::make_shared<const std::vector<Capture>>(std::move(captures));
-    const std::lock_guard lock(mutex_);
-    state_.current = shared->empty() ? std::nullopt : std::optional<std::size_t>(0);
-    state_.captures = std::move(shared);
-}
 
 Status CaptureDriver::GetName(char16_t** name) noexcept
 {
@@ -93,15 +59,7 @@ Status CaptureDriver::Initialize(const char16_t* settingsKey, const char16_t* /*
                                  const char16_t* /*commonFolder*/) noexcept
 {
     return guarded([&] {
-        const std::string key = bstrToUtf8(settingsKey);
-        const Settings settings(defaultSettingsFile());
-        const auto stored = settings.texts(key, kStoredCaptures);
-        // A stored capture that has gone is no reason to refuse to start: the tuner has no lock.
-        setCaptures(openCaptures({stored.begin(), stored.end()}).captures);
-        if (const auto type = tunerType(settings.number(key, kStoredTunerType))) {
-            const std::lock_guard lock(mutex_);
-            state_.fallbackType = *type;
-        }
+        tuner_.open(bstrToUtf8(settingsKey));
         return status::kOk;
     });
 }
@@ -116,7 +74,7 @@ Status CaptureDriver::GetTunerType(std::uint16_t* type) noexcept
     return guarded([&] {
         if (!type)
             return status::kNullPointer;
-        *type = static_cast<std::uint16_t>(state().type());
+        *type = static_cast<std::uint16_t>(tuner_.state().type());
         return status::kOk;
     });
 }
@@ -126,58 +84,38 @@ Status CaptureDriver::SetSatListManager(ISatListManager* /*manager*/) noexcept
     return status::kOk; // captures say themselves where they come from
 }
 
-Status CaptureDriver::lockOnto(const Captures& captures, std::optional<std::size_t> index)
-{
-    const std::lock_guard lock(mutex_);
-    if (state_.captures != captures)
-        return status::kNotReady; // the set was changed meanwhile
-    state_.current = index;
-    return index ? status::kOk : status::kNotFound;
-}
-
 Status CaptureDriver::SetSatelliteTuning(WindowHandle /*owner*/, const char16_t* satellite,
                                          const SatelliteTuning* tuning) noexcept
 {
     return guarded([&] {
-        if (!tuning)
-            return status::kNullPointer;
-        const State now = state();
-        return lockOnto(now.captures, findCapture(*now.captures, bstrToUtf8(satellite), *tuning));
+        return tuning ? tuner_.tune(bstrToUtf8(satellite), *tuning) : status::kNullPointer;
     });
 }
 
 Status CaptureDriver::SetCableTuning(WindowHandle /*owner*/, const CableTuning* tuning) noexcept
 {
-    return guarded([&] {
-        if (!tuning)
-            return status::kNullPointer;
-        const State now = state();
-        return lockOnto(now.captures, findCapture(*now.captures, *tuning));
-    });
+    return guarded([&] { return tuning ? tuner_.tune(*tuning) : status::kNullPointer; });
 }
 
 Status CaptureDriver::SetTerrestrialTuning(WindowHandle /*owner*/,
                                            const TerrestrialTuning* tuning) noexcept
 {
-    return guarded([&] {
-        if (!tuning)
-            return status::kNullPointer;
-        const State now = state();
-        return lockOnto(now.captures, findCapture(*now.captures, *tuning));
-    });
+    return guarded([&] { return tuning ? tuner_.tune(*tuning) : status::kNullPointer; });
 }
 
-/// The record of the stream it is set to; all zero where that carries none of its own.
+/// The record of a capture. One that carries none has no answer: zeros would be shown and stored
+/// as if it had been received so.
 template <class Tuning>
-Status CaptureDriver::getTuning(TunerType type, Tuning* tuning) const
+Status CaptureDriver::getTuning(const Capture* capture, Tuning* tuning) const
 {
     if (!tuning)
         return status::kNullPointer;
-    const State now = state();
-    if (!now.capture() || now.type() != type)
+    if (!capture)
         return status::kNotReady;
-    const auto* const own = std::get_if<Tuning>(&now.capture()->tuning);
-    *tuning = own ? *own : Tuning{};
+    const auto* const own = std::get_if<Tuning>(&capture->tuning);
+    if (!own)
+        return status::kNotFound;
+    *tuning = *own;
     return status::kOk;
 }
 
@@ -187,22 +125,20 @@ Status CaptureDriver::GetSatelliteTuning(char16_t** satellite, SatelliteTuning* 
         if (!satellite)
             return status::kNullPointer;
         *satellite = nullptr;
-        const Status result = getTuning(TunerType::Satellite, tuning);
-        const State now = state();
-        if (failed(result) || !now.capture())
-            return result;
-        return giveText(now.capture()->satellite, satellite);
+        const TunerState now = tuner_.state();
+        const Status result = getTuning(now.capture(), tuning);
+        return failed(result) ? result : giveText(now.capture()->satellite, satellite);
     });
 }
 
 Status CaptureDriver::GetCableTuning(CableTuning* tuning) noexcept
 {
-    return guarded([&] { return getTuning(TunerType::Cable, tuning); });
+    return guarded([&] { return getTuning(tuner_.state().capture(), tuning); });
 }
 
 Status CaptureDriver::GetTerrestrialTuning(TerrestrialTuning* tuning) noexcept
 {
-    return guarded([&] { return getTuning(TunerType::Terrestrial, tuning); });
+    return guarded([&] { return getTuning(tuner_.state().capture(), tuning); });
 }
 
 Status CaptureDriver::ReservedSlot1() noexcept
@@ -219,21 +155,11 @@ Status CaptureDriver::ReadTables(std::uint32_t count, const TableRequest* reques
     if (!requests || !results)
         return status::kNullPointer;
     return guarded([&] {
-        const State now = state();
-        if (!now.capture())
+        if (!tuner_.state().capture())
             return status::kNotReady;
         try {
-            const auto answers = readSections(now.capture()->file, {requests, count});
-            std::vector<SectionList> lists;
-            lists.reserve(answers.size());
-            try {
-                for (const auto& answer : answers)
-                    lists.push_back(toTaskMemory(answer));
-            } catch (...) {
-                std::for_each(lists.begin(), lists.end(), release);
-                throw;
-            }
-            std::copy(lists.begin(), lists.end(), results);
+            Answers answers = tuner_.read({requests, count});
+            giveSections(answers.lists, results);
             return status::kOk;
         } catch (const CaptureError&) {
             return status::kNotFound;
@@ -241,12 +167,27 @@ Status CaptureDriver::ReadTables(std::uint32_t count, const TableRequest* reques
     });
 }
 
+Status CaptureDriver::ShowTuningDialog(WindowHandle owner) noexcept
+{
+    return guarded([&] { return dialogs_.show(CaptureDialog::Tuning, tuner_, owner); });
+}
+
+Status CaptureDriver::ShowSettingsDialog(WindowHandle owner) noexcept
+{
+    return guarded([&] { return dialogs_.show(CaptureDialog::Settings, tuner_, owner); });
+}
+
+Status CaptureDriver::ShowStreamingDialog(WindowHandle owner) noexcept
+{
+    return guarded([&] { return dialogs_.show(CaptureDialog::Streaming, tuner_, owner); });
+}
+
 Status CaptureDriver::IsLocked(std::int32_t* locked) noexcept
 {
     return guarded([&] {
         if (!locked)
             return status::kNullPointer;
-        *locked = state().capture() ? 1 : 0;
+        *locked = tuner_.state().capture() ? 1 : 0;
         return status::kOk;
     });
 }
@@ -263,10 +204,7 @@ Status CaptureDriver::ReservedSlot3() noexcept
 
 Status CaptureDriver::GetStatusText(char16_t** text) noexcept
 {
-    return guarded([&] {
-        const State now = state();
-        return giveText(statusText(now.capture(), now.captures->size()), text);
-    });
+    return guarded([&] { return giveText(statusText(tuner_.state()), text); });
 }
 
 Status CaptureDriver::SetSourceFiles(std::uint32_t count, const char16_t* const* paths,
@@ -281,12 +219,12 @@ Status CaptureDriver::SetSourceFiles(std::uint32_t count, const char16_t* const*
         for (std::uint32_t i = 0; i < count; ++i)
             files.emplace_back(bstrToUtf8(paths[i]));
         CaptureSet set = openCaptures(files);
-        const bool isUsable = !set.captures.empty();
-        if (isUsable)
-            setCaptures(std::move(set.captures));
         if (problem && !set.problems.empty())
             giveText(joinedLines(set.problems), problem);
-        return isUsable ? status::kOk : status::kNotFound;
+        if (set.captures.empty())
+            return status::kNotFound;
+        tuner_.use(std::move(set));
+        return status::kOk;
     });
 }
 

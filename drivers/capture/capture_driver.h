@@ -2,13 +2,8 @@
 
 #include "component/unknown.h"
 #include "driver/tuner_driver.h"
-#include "drivers/capture/capture_index.h"
-
-#include <memory>
-#include <mutex>
-#include <optional>
-#include <string>
-#include <vector>
+#include "drivers/capture/capture_tuner.h"
+#include "drivers/capture/dialogs_library.h"
 
 namespace tessaview {
 
@@ -16,9 +11,14 @@ namespace tessaview {
 constexpr Guid kCaptureDriverClass = "{8F6E0A52-3B1D-4C7E-9A64-D20B71C5E3F8}"_guid;
 
 /// A tuner whose air is a set of captured transport streams. Tuning locks onto the stream that
-/// was received under those parameters; until then the tuner is set to the first of the set.
-class CaptureDriver final : public Implements<CaptureDriver, IDriverInfo, IDriverControl, ISetTuner,
-                                              ISectionReader, ITunerStatus, ISourceFiles> {
+/// was received under those parameters; until then the tuner is set to the one that was chosen, or
+/// the first. Tuning and reading show no window, whatever the owner: nothing has to be asked.
+class CaptureDriver final
+    : public Implements<CaptureDriver, IDriverInfo, IDriverControl, ISetTuner, ISectionReader,
+                        IDeviceDialogs, ITunerStatus, ISourceFiles> {
+    using Base = Implements<CaptureDriver, IDriverInfo, IDriverControl, ISetTuner, ISectionReader,
+                            IDeviceDialogs, ITunerStatus, ISourceFiles>;
+
 public:
     CaptureDriver() = default;
 
@@ -43,6 +43,10 @@ public:
     Status ReadTables(std::uint32_t count, const TableRequest* requests, std::uint32_t waitLimit,
                       SectionList* results) noexcept override;
 
+    Status ShowTuningDialog(WindowHandle owner) noexcept override;
+    Status ShowSettingsDialog(WindowHandle owner) noexcept override;
+    Status ShowStreamingDialog(WindowHandle owner) noexcept override;
+
     Status IsLocked(std::int32_t* locked) noexcept override;
     Status ReservedSlot2() noexcept override;
     Status ReservedSlot3() noexcept override;
@@ -52,31 +56,14 @@ public:
                           char16_t** problem) noexcept override;
 
 private:
-    friend class Implements<CaptureDriver, IDriverInfo, IDriverControl, ISetTuner, ISectionReader,
-                            ITunerStatus, ISourceFiles>;
+    friend Base;
     ~CaptureDriver() = default;
 
-    using Captures = std::shared_ptr<const std::vector<Capture>>;
-
-    /// What the tuner is set to; both parts belong together.
-    struct State {
-        Captures captures = std::make_shared<std::vector<Capture>>();
-        std::optional<std::size_t> current;            ///< an index; none: no lock
-        TunerType fallbackType = TunerType::Satellite; ///< where the captures carry none
-
-        const Capture* capture() const { return current ? &(*captures)[*current] : nullptr; }
-        TunerType type() const;
-    };
-
-    State state() const;
-    void setCaptures(std::vector<Capture> captures);
-    Status lockOnto(const Captures& captures, std::optional<std::size_t> index);
     template <class Tuning>
-    Status getTuning(TunerType type, Tuning* tuning) const;
+    Status getTuning(const Capture* capture, Tuning* tuning) const;
 
-    // Held for moments only, so that a long read keeps no one waiting.
-    mutable std::mutex mutex_;
-    State state_;
+    CaptureTuner tuner_;
+    DialogsLibrary dialogs_;
 };
 
 } // namespace tessaview

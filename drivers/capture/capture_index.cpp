@@ -1,11 +1,13 @@
 #include "drivers/capture/capture_index.h"
 
+#include "drivers/capture/delivery_parameters.h"
 #include "drivers/capture/demultiplexer.h"
+#include "drivers/capture/packet_file.h"
 #include "drivers/capture/section_collector.h"
-#include "si/bit_reader.h"
 #include "si/crc32.h"
 
 #include <algorithm>
+#include <set>
 #include <system_error>
 
 namespace tessaview {
@@ -13,107 +15,16 @@ namespace tessaview {
 namespace {
 
 namespace fs = std::filesystem;
-using lib13818::BitReader;
 
-constexpr int kPatPid = 0x0000;
-constexpr int kNitPid = 0x0010;
+constexpr std::uint32_t kPatPid = 0x0000;
+constexpr std::uint32_t kNitPid = 0x0010;
+constexpr uint8_t kPat = 0x00;
 constexpr uint8_t kNitActual = 0x40;
-constexpr std::size_t kLongHeader = 8;
-constexpr std::size_t kCrc = 4;
 
-std::uint32_t bcd(BitReader& in, int digits)
-{
-    std::uint32_t value = 0;
-    for (int i = 0; i < digits; ++i)
-        value = value * 10 + static_cast<std::uint32_t>(in.bits(4));
-    return value;
-}
-
-uint8_t narrow(int value)
-{
-    return static_cast<uint8_t>(value);
-}
-
-// The units of the records are those of the descriptors' last digits (EN 300 468, 6.2.13).
-
-SatelliteTuning satelliteTuning(BitReader in)
-{
-    SatelliteTuning record{};
-    record.frequency = bcd(in, 8);
-    record.orbital_position = static_cast<std::uint16_t>(bcd(in, 4) / 10);
-    record.west_east_flag = static_cast<std::uint32_t>(in.bits(1));
-    record.polarization = narrow(in.bits(2));
-    record.modulation = narrow(in.bits(5));
-    record.symbol_rate = bcd(in, 7);
-    record.FEC_inner = narrow(in.bits(4));
-    return record;
-}
-
-CableTuning cableTuning(BitReader in)
-{
-    CableTuning record{};
-    record.frequency = bcd(in, 8);
-    record.FEC_outer = narrow(in.skip(12).bits(4));
-    record.modulation = narrow(in.u8());
-    record.symbol_rate = bcd(in, 7);
-    record.FEC_inner = narrow(in.bits(4));
-    return record;
-}
-
-TerrestrialTuning terrestrialTuning(BitReader in)
-{
-    TerrestrialTuning record{};
-    record.centre_frequency = in.u32();
-    record.bandwidth = narrow(in.bits(3));
-    record.constellation = narrow(in.skip(5).bits(2));
-    record.hierarchy_information = narrow(in.bits(3));
-    record.code_rate_HP_stream = narrow(in.bits(3));
-    record.code_rate_LP_stream = narrow(in.bits(3));
-    record.guard_interval = narrow(in.bits(2));
-    record.transmission_mode = narrow(in.bits(2));
-    record.other_frequency_flag = narrow(in.bits(1));
-    return record;
-}
-
-/// The first delivery system descriptor of a loop.
-CaptureTuning deliveryIn(BitReader loop)
-{
-    while (!loop.atEnd()) {
-        const int tag = loop.u8();
-        const BitReader payload(loop.take(loop.u8()));
-        switch (tag) {
-        case 0x43:
-            return satelliteTuning(payload);
-        case 0x44:
-            return cableTuning(payload);
-        case 0x5A:
-            return terrestrialTuning(payload);
-        default:
-            break;
-        }
-    }
-    return {};
-}
-
-/// What a NIT section says of the delivery of one transport stream.
-CaptureTuning deliveryOf(std::span<const uint8_t> section, int transport_stream_id)
-{
-    BitReader in(section.subspan(kLongHeader, section.size() - kLongHeader - kCrc));
-    in.take(in.skip(4).bits(12));
-    BitReader streams(in.take(in.skip(4).bits(12)));
-    while (!streams.atEnd()) {
-        const int stream = streams.u16();
-        const BitReader descriptors(streams.skip(16 + 4).take(streams.bits(12)));
-        if (stream == transport_stream_id)
-            return deliveryIn(descriptors);
-    }
-    return {};
-}
-
-TableRequest requestFor(int pid, uint8_t table_id)
+TableRequest requestFor(std::uint32_t pid, uint8_t table_id)
 {
     TableRequest request{};
-    request.PID = static_cast<std::uint32_t>(pid);
+    request.PID = pid;
     request.table_id = table_id;
     return request;
 }
@@ -128,78 +39,123 @@ bool isStream(const fs::path& file)
     return std::find(std::begin(kEndings), std::end(kEndings), ending) != std::end(kEndings);
 }
 
-class SetBuilder {
+/// A file to look at, or what is wrong with a folder.
+struct Entry {
+    fs::path file;
+    std::size_t source;
+    std::string satellite;
+    std::string problem;
+};
+
+/// Finds the files that sources name, without opening them.
+class Listing {
 public:
-    void addPath(const fs::path& path)
+    void addSource(const fs::path& path)
     {
         std::error_code error;
-        if (!fs::is_directory(path, error)) {
+        if (fs::is_directory(path, error))
+            addFolder(path);
+        else
             addFile(path, "");
-            return;
-        }
-        const std::size_t before = set_.captures.size() + set_.problems.size();
-        for (const fs::path& entry : entriesOf(path))
-            if (fs::is_directory(entry, error))
-                addSatellite(entry);
-            else if (isStream(entry))
-                addFile(entry, "");
-        if (set_.captures.size() + set_.problems.size() == before)
-            set_.problems.push_back(path.string() + ": holds no transport streams");
+        ++source_;
     }
 
-    CaptureSet take() { return std::move(set_); }
+    const std::vector<Entry>& entries() const { return entries_; }
 
 private:
+    void addFolder(const fs::path& folder)
+    {
+        const std::size_t before = entries_.size() + repeated_;
+        std::error_code error;
+        for (const fs::path& each : contentOf(folder))
+            if (fs::is_directory(each, error))
+                addSatellite(each);
+            else if (isStream(each))
+                addFile(each, "");
+        if (entries_.size() + repeated_ == before)
+            addProblem(folder, "holds no transport streams");
+    }
+
     void addSatellite(const fs::path& folder)
     {
-        for (const fs::path& entry : entriesOf(folder))
-            if (isStream(entry))
-                addFile(entry, folder.filename().string());
+        std::error_code error;
+        for (const fs::path& each : contentOf(folder))
+            if (fs::is_directory(each, error))
+                addProblem(each, "is not looked into: a satellite's folder holds only files");
+            else if (isStream(each))
+                addFile(each, folder.filename().string());
     }
 
     void addFile(const fs::path& file, const std::string& satellite)
     {
-        try {
-            set_.captures.push_back(indexCapture(file, satellite));
-        } catch (const CaptureError& e) {
-            set_.problems.emplace_back(e.what());
-        }
+        std::error_code error;
+        if (!known_.insert(fs::weakly_canonical(file, error)).second && !error)
+            ++repeated_;
+        else
+            entries_.push_back({file, source_, satellite, ""});
+    }
+
+    void addProblem(const fs::path& file, const std::string& problem)
+    {
+        entries_.push_back({file, source_, "", problem});
     }
 
     /// By name, so that a folder reads the same everywhere.
-    std::vector<fs::path> entriesOf(const fs::path& folder)
+    std::vector<fs::path> contentOf(const fs::path& folder)
     {
-        std::vector<fs::path> entries;
+        std::vector<fs::path> content;
         std::error_code error;
         for (fs::directory_iterator it(folder, error), end; !error && it != end;
              it.increment(error))
-            entries.push_back(it->path());
+            content.push_back(it->path());
         if (error)
-            set_.problems.push_back(folder.string() + ": cannot be read: " + error.message());
-        std::sort(entries.begin(), entries.end());
-        return entries;
+            addProblem(folder, "cannot be read: " + error.message());
+        std::sort(content.begin(), content.end());
+        return content;
     }
 
-    CaptureSet set_;
+    std::vector<Entry> entries_;
+    std::set<fs::path> known_;
+    std::size_t source_ = 0;
+    std::size_t repeated_ = 0;
 };
+
+void index(CaptureSet& set, const Entry& entry)
+{
+    std::string problem = entry.problem;
+    if (problem.empty()) {
+        try {
+            Capture capture = indexCapture(entry.file);
+            capture.source = entry.source;
+            capture.satellite = entry.satellite;
+            set.captures.push_back(std::move(capture));
+            return;
+        } catch (const CaptureError& e) {
+            problem = e.what();
+        }
+    }
+    set.problems.push_back({entry.file, entry.source, std::move(problem)});
+}
 
 } // namespace
 
-Capture indexCapture(const fs::path& file, std::string satellite)
+Capture indexCapture(const fs::path& file)
 {
     Capture capture;
     capture.file = file;
-    capture.satellite = std::move(satellite);
-    PacketFile packets(file);
+    PacketFile packets(file, kIndexedBytes);
     std::error_code unknown;
     capture.size = fs::file_size(file, unknown);
+    if (unknown)
+        capture.size = 0;
 
-    SectionCollector pat(requestFor(kPatPid, 0x00));
-    SectionCollector nit(requestFor(kNitPid, kNitActual));
+    SectionBudget budget(kCollectedBytes);
+    SectionCollector pat(requestFor(kPatPid, kPat), budget);
+    SectionCollector nit(requestFor(kNitPid, kNitActual), budget);
     Demultiplexer demultiplexer;
     demultiplexer.select(kPatPid);
     demultiplexer.select(kNitPid);
-    demultiplexer.run(packets, [&](int pid, std::span<const uint8_t> section) {
+    demultiplexer.run(packets, [&](std::uint32_t pid, std::span<const uint8_t> section) {
         (pid == kPatPid ? pat : nit).take(section);
         return !pat.isComplete() || !nit.isComplete();
     });
@@ -216,12 +172,55 @@ Capture indexCapture(const fs::path& file, std::string satellite)
     return capture;
 }
 
-CaptureSet openCaptures(const std::vector<fs::path>& paths)
+CaptureSet openCaptures(const std::vector<fs::path>& sources, const IndexProgress& progress,
+                        const std::stop_token& stop)
 {
-    SetBuilder builder;
-    for (const fs::path& path : paths)
-        builder.addPath(path);
-    return builder.take();
+    CaptureSet set;
+    set.sources = sources;
+    Listing listing;
+    for (const fs::path& source : sources)
+        listing.addSource(source);
+    std::size_t done = 0;
+    for (const Entry& entry : listing.entries()) {
+        if (stop.stop_requested())
+            break;
+        index(set, entry);
+        if (progress)
+            progress(++done, listing.entries().size());
+    }
+    return set;
+}
+
+void append(CaptureSet& set, CaptureSet more)
+{
+    std::set<fs::path> known;
+    for (const Capture& capture : set.captures)
+        known.insert(capture.file);
+    const std::size_t offset = set.sources.size();
+    for (fs::path& source : more.sources)
+        set.sources.push_back(std::move(source));
+    for (Capture& capture : more.captures) {
+        capture.source += offset;
+        if (known.insert(capture.file).second)
+            set.captures.push_back(std::move(capture));
+    }
+    for (CaptureProblem& problem : more.problems) {
+        problem.source += offset;
+        set.problems.push_back(std::move(problem));
+    }
+}
+
+void removeSource(CaptureSet& set, std::size_t source)
+{
+    set.sources.erase(set.sources.begin() + static_cast<std::ptrdiff_t>(source));
+    const auto drop = [source](auto& list) {
+        std::erase_if(list, [source](const auto& each) { return each.source == source; });
+        for (auto& each : list)
+            if (each.source > source)
+                --each.source;
+    };
+    drop(set.captures);
+    drop(set.problems);
 }
 
 } // namespace tessaview

@@ -2,13 +2,16 @@
 
 namespace tessaview {
 
-void Demultiplexer::select(int pid)
+bool Demultiplexer::select(std::uint32_t pid)
 {
-    uint16_t& slot = slotOf_[static_cast<std::size_t>(pid) % kPids];
-    if (slot != kNotSelected)
-        return;
-    assemblers_.emplace_back();
-    slot = static_cast<uint16_t>(assemblers_.size());
+    if (pid >= kPids)
+        return false;
+    uint16_t& slot = slotOf_[pid];
+    if (slot == kNotSelected) {
+        assemblers_.emplace_back();
+        slot = static_cast<uint16_t>(assemblers_.size());
+    }
+    return true;
 }
 
 } // namespace tessaview

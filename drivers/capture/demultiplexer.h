@@ -14,8 +14,8 @@ namespace tessaview {
 /// Finds the sections of a few PIDs in a captured stream, in one pass.
 class Demultiplexer {
 public:
-    /// Sections of this PID are wanted.
-    void select(int pid);
+    /// Sections of this PID are wanted; false when there is no such PID.
+    bool select(std::uint32_t pid);
 
     /// Hands every section of the selected PIDs to `take(pid, section)`, in the order in which
     /// they end, until it answers false.
@@ -24,8 +24,8 @@ public:
     {
         bool goesOn = true;
         file.forEachPacket([&](const uint8_t* packet) {
-            const int pid = (packet[1] & 0x1F) << 8 | packet[2];
-            const uint16_t slot = slotOf_[static_cast<std::size_t>(pid)];
+            const std::uint32_t pid = (packet[1] & 0x1FU) << 8 | packet[2];
+            const uint16_t slot = slotOf_[pid];
             if (slot != kNotSelected)
                 assemblers_[slot - 1U].take(packet, [&](std::span<const uint8_t> section) {
                     goesOn = goesOn && take(pid, section);
@@ -35,7 +35,7 @@ public:
     }
 
 private:
-    static constexpr std::size_t kPids = 0x2000;
+    static constexpr std::uint32_t kPids = 0x2000;
     static constexpr uint16_t kNotSelected = 0;
 
     std::array<uint16_t, kPids> slotOf_{}; // one more than the assembler's index

@@ -10,13 +10,9 @@
 
 namespace tessaview {
 
-/// A capture that cannot be used; what() names the file and what is wrong with it.
+/// A capture that cannot be used; what() says why, without the file's name.
 class CaptureError : public std::runtime_error {
-public:
-    CaptureError(const std::filesystem::path& file, const std::string& problem)
-        : std::runtime_error(file.string() + ": " + problem)
-    {
-    }
+    using std::runtime_error::runtime_error;
 };
 
 /// The size of a transport stream packet, and where it stands in what a file holds of each: alone,
@@ -37,8 +33,10 @@ PacketLayout detectPackets(std::span<const uint8_t> start);
 /// damage. A file that shrinks or vanishes meanwhile only ends early.
 class PacketFile {
 public:
-    /// Throws CaptureError for a file that cannot be read, is empty or is no transport stream.
-    explicit PacketFile(const std::filesystem::path& file);
+    /// Throws CaptureError for what is no regular file, cannot be read, is empty or is no
+    /// transport stream. Never waits for the other end of a pipe. Packets end behind about `limit`
+    /// bytes.
+    explicit PacketFile(const std::filesystem::path& file, std::uintmax_t limit = UINTMAX_MAX);
     PacketFile(const PacketFile&) = delete;
     PacketFile& operator=(const PacketFile&) = delete;
     ~PacketFile();
@@ -57,6 +55,9 @@ public:
         }
     }
 
+    /// Why packets ended before the file did; empty when they did not.
+    const std::string& problem() const { return problem_; }
+
 private:
     bool hasPacketHere() const
     {
@@ -67,13 +68,14 @@ private:
     void refill();
     void resynchronise();
 
-    std::filesystem::path path_;
     int file_;
     PacketLayout layout_;
     std::vector<uint8_t> buffer_;
     std::size_t filled_ = 0;
     std::size_t position_ = 0;
+    std::uintmax_t left_; // of the limit
     bool atEnd_ = false;
+    std::string problem_;
 };
 
 } // namespace tessaview

@@ -4,14 +4,21 @@
 
 #include <filesystem>
 #include <span>
+#include <string>
 #include <vector>
 
 namespace tessaview {
 
+struct Answers {
+    std::vector<std::vector<RawSection>> lists; ///< one per request
+    std::string problem; ///< why reading ended before the stream did; empty when it did not
+};
+
 /// Reads what a batch of requests asks for, in one pass over the stream that ends as soon as
-/// every request is answered. One list per request. Throws CaptureError.
-std::vector<std::vector<RawSection>> readSections(const std::filesystem::path& file,
-                                                  std::span<const TableRequest> requests);
+/// every request is answered. An error in mid-course ends the stream there. Throws CaptureError
+/// when nothing could be read.
+Answers readSections(const std::filesystem::path& file, std::span<const TableRequest> requests,
+                     std::size_t limit = kCollectedBytes);
 
 /// Copies the sections into task memory, which the receiver releases. Throws std::bad_alloc with
 /// nothing left allocated.

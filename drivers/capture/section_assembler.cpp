@@ -21,6 +21,15 @@ std::size_t payloadStart(const uint8_t* packet)
 
 } // namespace
 
+/// Payloads are compared and not packets: a clock reference in the adaptation field differs.
+bool SectionAssembler::isRepetition(int counter, std::span<const uint8_t> payload) const
+{
+    return counter == counter_ && !isRepeated_ &&
+           std::equal(payload.begin(), payload.end(), previous_.begin(), previous_.end());
+}
+
+// A discontinuity_indicator needs no reading: it only admits a jump of the counter, and a jump
+// ends the section under way in any case, since none goes on across it.
 std::span<const uint8_t> SectionAssembler::accept(const uint8_t* packet)
 {
     const bool isDamaged = (packet[1] & 0x80) != 0;
@@ -31,19 +40,21 @@ std::span<const uint8_t> SectionAssembler::accept(const uint8_t* packet)
 
     const int counter = packet[3] & 0x0F;
     const std::span<const uint8_t> bytes(packet, kPacketSize);
-    if (counter == counter_ &&
-        std::equal(bytes.begin(), bytes.end(), previous_.begin(), previous_.end()))
+    const auto payload = bytes.subspan(std::min(payloadStart(packet), kPacketSize));
+    if (isRepetition(counter, payload)) {
+        isRepeated_ = true;
         return {};
+    }
+    isRepeated_ = false;
     if (counter_ != kNoCounter && counter != (counter_ + 1) % 16)
         section_.clear(); // packets are missing in between
     counter_ = counter;
-    previous_.assign(bytes.begin(), bytes.end());
-    const std::size_t start = payloadStart(packet);
-    if (isScrambled || start > kPacketSize) {
+    previous_.assign(payload.begin(), payload.end());
+    if (isScrambled || payload.empty()) {
         section_.clear();
         return {};
     }
-    return bytes.subspan(start);
+    return payload;
 }
 
 std::size_t SectionAssembler::missing() const

@@ -40,6 +40,8 @@ public:
 private:
     /// The payload to use of a packet; none when it carries nothing new.
     std::span<const uint8_t> accept(const uint8_t* packet);
+    /// Whether this is the last packet once more, which the standard allows once.
+    bool isRepetition(int counter, std::span<const uint8_t> payload) const;
     /// The bytes that complete the section, as far as they are there; 0 once it is complete.
     std::size_t missing() const;
     /// Adds what belongs to the section under way; gives the bytes that it took.
@@ -52,8 +54,9 @@ private:
     static constexpr int kNoCounter = -1;
 
     std::vector<uint8_t> section_;  // under way; empty between sections
-    std::vector<uint8_t> previous_; // the last packet, to tell a repetition
+    std::vector<uint8_t> previous_; // the last payload, to tell a repetition
     int counter_ = kNoCounter;
+    bool isRepeated_ = false; // the last packet was one
 };
 
 template <class Emit>

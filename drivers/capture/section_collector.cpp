@@ -9,7 +9,13 @@ namespace tessaview {
 namespace {
 
 constexpr std::size_t kShortestLong = 12;
-constexpr std::size_t kShortestShort = 3;
+constexpr std::size_t kShortHeader = 3;
+constexpr uint8_t kTdt = 0x70;
+constexpr uint8_t kRst = 0x71;
+constexpr uint8_t kTot = 0x73;
+// What a section and a table instance take beside their bytes, about.
+constexpr std::size_t kSectionOverhead = 64;
+constexpr std::size_t kInstanceOverhead = 320;
 
 int u16(std::span<const uint8_t> bytes, std::size_t at)
 {
@@ -21,9 +27,21 @@ bool isEit(uint8_t table_id)
     return table_id >= 0x4E && table_id <= 0x6F;
 }
 
+bool hasLongSyntax(std::span<const uint8_t> section)
+{
+    return (section[1] & 0x80) != 0;
+}
+
+/// Whether sections of the table have the long header; what a private one has it says itself.
+bool isLongTable(std::span<const uint8_t> section)
+{
+    const uint8_t table_id = section[0];
+    return table_id < kTdt || (table_id > kTot && hasLongSyntax(section));
+}
+
 /// What tells one instance of a table from another: table_id, table_id_extension, and of SDT and
 /// EIT the transport stream and network that the body names.
-uint64_t identifiers(std::span<const uint8_t> section)
+uint64_t identifiersOf(std::span<const uint8_t> section)
 {
     const uint8_t table_id = section[0];
     auto key = static_cast<uint64_t>(table_id) << 48 | static_cast<uint64_t>(u16(section, 3)) << 32;
@@ -35,14 +53,39 @@ uint64_t identifiers(std::span<const uint8_t> section)
     return key;
 }
 
-bool isIntact(std::span<const uint8_t> section)
+bool hasCorrectCrc(std::span<const uint8_t> section)
 {
     return lib13818::crc32Mpeg2(section.data(), section.size()) == 0;
 }
 
+bool isSoundLong(std::span<const uint8_t> section)
+{
+    return hasLongSyntax(section) && section[6] <= section[7] && hasCorrectCrc(section);
+}
+
+/// Only the TOT has a CRC_32; of the others the size tells at least something.
+bool isSoundShort(std::span<const uint8_t> section)
+{
+    const std::size_t body = section.size() - kShortHeader;
+    switch (section[0]) {
+    case kTdt:
+        return !hasLongSyntax(section) && body == 5;
+    case kRst:
+        return !hasLongSyntax(section) && body % 9 == 0;
+    case kTot:
+        return !hasLongSyntax(section) && hasCorrectCrc(section);
+    default:
+        return true;
+    }
+}
+
 } // namespace
 
-SectionCollector::SectionCollector(const TableRequest& request) : request_(request) {}
+SectionCollector::SectionCollector(const TableRequest& request, SectionBudget& budget)
+    : request_(request)
+    , budget_(&budget)
+{
+}
 
 bool SectionCollector::wantsTable(uint8_t table_id) const
 {
@@ -57,12 +100,16 @@ bool SectionCollector::wants(std::span<const uint8_t> section) const
     return request_.match_table_id_extension == 0 || u16(section, 3) == request_.table_id_extension;
 }
 
+bool SectionCollector::asksForOne() const
+{
+    return request_.collection_mode == static_cast<std::uint32_t>(CollectionMode::SingleInstance);
+}
+
 void SectionCollector::take(std::span<const uint8_t> section)
 {
-    if (isComplete_ || section.size() < kShortestShort || !wants(section))
+    if (isComplete_ || section.size() < kShortHeader || !wants(section))
         return;
-    const bool isLong = (section[1] & 0x80) != 0;
-    if (!isLong)
+    if (!isLongTable(section))
         takeShort(section);
     else if (section.size() >= kShortestLong)
         takeLong(section);
@@ -71,86 +118,101 @@ void SectionCollector::take(std::span<const uint8_t> section)
 /// Short sections have no identifiers and no numbers: the first answers the request.
 void SectionCollector::takeShort(std::span<const uint8_t> section)
 {
-    constexpr uint8_t kTotTableId = 0x73;
-    const bool isGood = section[0] != kTotTableId || isIntact(section);
-    if (isGood || shortSection_.empty())
+    isComplete_ = isSoundShort(section);
+    if (isComplete_ || shortSection_.empty())
         shortSection_.assign(section.begin(), section.end());
-    isComplete_ = isGood;
 }
 
-SectionCollector::Instance& SectionCollector::instanceOf(std::span<const uint8_t> section)
+SectionCollector::Version* SectionCollector::Instance::find(int version_number)
 {
-    const auto [entry, isNew] = indexOf_.try_emplace(identifiers(section), instances_.size());
-    if (isNew)
-        instances_.emplace_back();
-    return instances_[entry->second];
+    const auto found = std::find_if(versions.begin(), versions.end(), [&](const Version& each) {
+        return each.version_number == version_number;
+    });
+    return found == versions.end() ? nullptr : &*found;
+}
+
+void SectionCollector::Version::keep(std::span<const uint8_t> section, bool isSound)
+{
+    const uint8_t number = section[6];
+    kept.push_back({number, isSound, {section.begin(), section.end()}});
+    (isSound ? sound : unsound).set(number);
+    if (!isSound)
+        return;
+    ++soundCount;
+    size = std::max(size, std::size_t{section[7]} + 1);
+}
+
+SectionCollector::Instance* SectionCollector::find(uint64_t identifiers)
+{
+    const auto entry = indexOf_.find(identifiers);
+    return entry == indexOf_.end() ? nullptr : &instances_[entry->second];
+}
+
+SectionCollector::Instance& SectionCollector::add(uint64_t identifiers)
+{
+    indexOf_.emplace(identifiers, instances_.size());
+    return instances_.emplace_back();
 }
 
 void SectionCollector::takeLong(std::span<const uint8_t> section)
 {
     const bool isCurrent = (section[5] & 0x01) != 0;
-    if (!isCurrent)
+    const int version_number = section[5] >> 1 & 0x1F;
+    const uint8_t number = section[6];
+    const uint64_t identifiers = identifiersOf(section);
+    Instance* instance = find(identifiers);
+    if (!isCurrent || (instance && instance->isComplete))
         return;
-    Instance& instance = instanceOf(section);
-    if (instance.isComplete)
+    Version* version = instance ? instance->find(version_number) : nullptr;
+    // Nearly all that comes has come before, so this stands before the sum over its bytes.
+    if (version && version->has(number, true))
         return;
-    const int number = section[5] >> 1 & 0x1F;
-    auto version = std::find_if(instance.versions.begin(), instance.versions.end(),
-                                [&](const Version& each) { return each.number == number; });
-    if (version == instance.versions.end())
-        version =
-            instance.versions.insert(version, {.number = number, .sections = {}, .damaged = {}});
-
-    const bool intact = isIntact(section);
-    const std::size_t place = section[6];
-    // A damaged header must not make the table look longer than it is.
-    const std::size_t size = std::max(place, intact ? std::size_t{section[7]} : place) + 1;
-    auto& kept = intact ? version->sections : version->damaged;
-    if (kept.size() < size)
-        kept.resize(size);
-    if (!kept[place].empty())
+    const bool isSound = isSoundLong(section);
+    if (version && version->has(number, isSound))
         return;
-    kept[place].assign(section.begin(), section.end());
-    if (!intact)
+    if (!budget_->take(section.size() + kSectionOverhead + (version ? 0 : kInstanceOverhead)))
         return;
-    ++version->count;
-    if (!isEit(section[0]))
-        instance.isComplete = version->isComplete();
-    isComplete_ =
-        instance.isComplete &&
-        request_.collection_mode == static_cast<std::uint32_t>(CollectionMode::SingleInstance);
-}
-
-const SectionCollector::Version& SectionCollector::best(const Instance& instance)
-{
-    return *std::max_element(
-        instance.versions.begin(), instance.versions.end(), [](const Version& a, const Version& b) {
-            return std::pair(a.isComplete(), a.count) < std::pair(b.isComplete(), b.count);
-        });
-}
-
-void SectionCollector::appendTo(std::vector<RawSection>& out, const Version& version)
-{
-    for (std::size_t i = 0; i < std::max(version.sections.size(), version.damaged.size()); ++i) {
-        if (i < version.sections.size() && !version.sections[i].empty())
-            out.push_back(version.sections[i]);
-        else if (i < version.damaged.size() && !version.damaged[i].empty())
-            out.push_back(version.damaged[i]);
+    if (!instance)
+        instance = &add(identifiers);
+    if (!version) {
+        version = &instance->versions.emplace_back();
+        version->version_number = version_number;
     }
+    version->keep(section, isSound);
+    // A schedule leaves numbers out, so it cannot be told when it is complete.
+    instance->isComplete = !isEit(section[0]) && version->isComplete();
+    isComplete_ = instance->isComplete && asksForOne();
+}
+
+SectionCollector::Version& SectionCollector::best(Instance& instance)
+{
+    return *std::max_element(instance.versions.begin(), instance.versions.end(),
+                             [](const Version& a, const Version& b) {
+                                 return std::pair(a.isComplete(), a.soundCount) <
+                                        std::pair(b.isComplete(), b.soundCount);
+                             });
 }
 
 /// The instance that answers a request for one.
-const SectionCollector::Instance* SectionCollector::onlyInstance() const
+SectionCollector::Instance* SectionCollector::onlyInstance()
 {
-    const auto complete = std::find_if(instances_.begin(), instances_.end(),
-                                       [](const Instance& each) { return each.isComplete; });
-    if (complete != instances_.end())
-        return &*complete;
-    const auto intact = std::find_if(instances_.begin(), instances_.end(),
-                                     [](const Instance& each) { return best(each).count > 0; });
-    if (intact != instances_.end())
-        return &*intact;
-    return instances_.empty() ? nullptr : &instances_.front();
+    Instance* found = nullptr;
+    for (Instance& each : instances_) {
+        if (each.isComplete)
+            return &each;
+        if (!found || (best(*found).soundCount == 0 && best(each).soundCount > 0))
+            found = &each;
+    }
+    return found;
+}
+
+void SectionCollector::moveTo(std::vector<RawSection>& out, Version& version)
+{
+    std::sort(version.kept.begin(), version.kept.end(),
+              [](const Kept& a, const Kept& b) { return a.number < b.number; });
+    for (Kept& each : version.kept)
+        if (each.isSound || !version.sound[each.number])
+            out.push_back(std::move(each.bytes));
 }
 
 std::vector<RawSection> SectionCollector::answer()
@@ -158,13 +220,11 @@ std::vector<RawSection> SectionCollector::answer()
     std::vector<RawSection> sections;
     if (!shortSection_.empty())
         sections.push_back(std::move(shortSection_));
-    if (request_.collection_mode == static_cast<std::uint32_t>(CollectionMode::SingleInstance)) {
-        if (const Instance* const only = onlyInstance())
-            appendTo(sections, best(*only));
-        return sections;
-    }
-    for (const Instance& instance : instances_)
-        appendTo(sections, best(instance));
+    if (!asksForOne())
+        for (Instance& instance : instances_)
+            moveTo(sections, best(instance));
+    else if (Instance* const only = onlyInstance())
+        moveTo(sections, best(*only));
     return sections;
 }
 

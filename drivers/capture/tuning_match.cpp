@@ -47,6 +47,20 @@ std::optional<std::size_t> nearest(std::span<const Capture> captures, const Tuni
     return found;
 }
 
+/// Names as people write them: without the blanks around them and without regard to case.
+std::string comparable(std::string_view name)
+{
+    constexpr std::string_view kBlanks = " \t";
+    const std::size_t first = name.find_first_not_of(kBlanks);
+    if (first == std::string_view::npos)
+        return {};
+    std::string out(name.substr(first, name.find_last_not_of(kBlanks) - first + 1));
+    for (char& c : out)
+        if (c >= 'A' && c <= 'Z')
+            c = static_cast<char>(c - 'A' + 'a');
+    return out;
+}
+
 bool sameOrbit(const SatelliteTuning& a, const SatelliteTuning& b)
 {
     if (a.orbital_position == 0 || b.orbital_position == 0)
@@ -59,13 +73,15 @@ bool sameOrbit(const SatelliteTuning& a, const SatelliteTuning& b)
 std::optional<std::size_t> findCapture(std::span<const Capture> captures,
                                        std::string_view satellite, const SatelliteTuning& tuning)
 {
-    const bool isKnown = !satellite.empty() &&
-                         std::any_of(captures.begin(), captures.end(), [&](const Capture& capture) {
-                             return capture.satellite == satellite;
-                         });
+    const std::string wanted = comparable(satellite);
+    const auto isFromThere = [&](const Capture& capture) {
+        return comparable(capture.satellite) == wanted;
+    };
+    const bool isKnown =
+        !wanted.empty() && std::any_of(captures.begin(), captures.end(), isFromThere);
     return nearest(captures, tuning, kSatelliteTolerance,
                    [&](const Capture& capture, const SatelliteTuning& own) {
-                       return (!isKnown || capture.satellite == satellite) &&
+                       return (!isKnown || isFromThere(capture)) &&
                               own.polarization == tuning.polarization && sameOrbit(own, tuning);
                    });
 }

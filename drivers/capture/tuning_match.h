@@ -11,7 +11,7 @@ namespace tessaview {
 /// The index of the capture whose own parameters are nearest to a tuning, or none when no capture
 /// is near enough: 3 MHz on a satellite, with the same polarization and, where both name one, the
 /// same orbital position; 0.5 MHz on cable and terrestrial. A satellite's name counts only where
-/// a folder of the set has it.
+/// a folder of the set has it, whatever its case.
 std::optional<std::size_t> findCapture(std::span<const Capture> captures,
                                        std::string_view satellite, const SatelliteTuning& tuning);
 std::optional<std::size_t> findCapture(std::span<const Capture> captures,

@@ -1,0 +1,148 @@
+#include "drivers/capture/capture_tuner.h"
+
+#include "drivers/capture/packet_file.h"
+#include "platform/settings.h"
+
+#include <algorithm>
+
+namespace tessaview {
+
+namespace {
+
+constexpr const char* kStoredCaptures = "captures";
+constexpr const char* kStoredCurrent = "capture";
+constexpr const char* kStoredTunerType = "tunertype";
+
+/// The tuner type that a tuning record belongs to.
+std::optional<TunerType> typeOf(const CaptureTuning& tuning)
+{
+    switch (tuning.index()) {
+    case 1:
+        return TunerType::Satellite;
+    case 2:
+        return TunerType::Cable;
+    case 3:
+        return TunerType::Terrestrial;
+    default:
+        return std::nullopt;
+    }
+}
+
+std::optional<std::size_t> indexOf(const CaptureSet& set, const std::filesystem::path& file)
+{
+    if (set.captures.empty())
+        return std::nullopt;
+    const auto found = std::find_if(set.captures.begin(), set.captures.end(),
+                                    [&](const Capture& each) { return each.file == file; });
+    return found == set.captures.end() ? 0 : static_cast<std::size_t>(found - set.captures.begin());
+}
+
+} // namespace
+
+TunerType TunerState::type() const
+{
+    if (capture())
+        if (const auto own = typeOf(capture()->tuning))
+            return *own;
+    for (const Capture& each : set->captures)
+        if (const auto own = typeOf(each.tuning))
+            return *own;
+    return fallbackType;
+}
+
+void CaptureTuner::open(std::string settingsKey)
+{
+    const Settings settings(defaultSettingsFile());
+    const auto stored = settings.texts(settingsKey, kStoredCaptures);
+    CaptureSet set = openCaptures({stored.begin(), stored.end()});
+    std::string problem;
+    if (!set.problems.empty())
+        problem = set.problems.front().line();
+    const auto current = settings.text(settingsKey, kStoredCurrent);
+    const auto type = settings.number(settingsKey, kStoredTunerType);
+    use(std::move(set), current.value_or(""));
+    const std::lock_guard lock(mutex_);
+    state_.problem = std::move(problem);
+    state_.fallbackType =
+        type && *type >= 1 && *type <= 3 ? static_cast<TunerType>(*type) : TunerType::Satellite;
+    settingsKey_ = std::move(settingsKey);
+}
+
+TunerState CaptureTuner::state() const
+{
+    const std::lock_guard lock(mutex_);
+    return state_;
+}
+
+std::string CaptureTuner::settingsKey() const
+{
+    const std::lock_guard lock(mutex_);
+    return settingsKey_;
+}
+
+void CaptureTuner::use(CaptureSet set, const std::filesystem::path& current)
+{
+    const auto index = indexOf(set, current);
+    auto shared = std::make_shared<const CaptureSet>(std::move(set));
+    const std::lock_guard lock(mutex_);
+    state_.current = index;
+    state_.set = std::move(shared);
+    state_.problem.clear();
+}
+
+void CaptureTuner::useAndStore(CaptureSet set, const std::filesystem::path& current)
+{
+    std::vector<std::string> sources;
+    for (const auto& source : set.sources)
+        sources.push_back(source.string());
+    use(std::move(set), current);
+    const std::string key = settingsKey();
+    Settings settings(defaultSettingsFile());
+    settings.setTexts(key, kStoredCaptures, sources);
+    settings.setText(key, kStoredCurrent, current.string());
+}
+
+void CaptureTuner::storeFallbackType(TunerType type)
+{
+    {
+        const std::lock_guard lock(mutex_);
+        state_.fallbackType = type;
+    }
+    Settings(defaultSettingsFile())
+        .setNumber(settingsKey(), kStoredTunerType, static_cast<std::uint32_t>(type));
+}
+
+void CaptureTuner::report(std::string problem)
+{
+    const std::lock_guard lock(mutex_);
+    state_.problem = std::move(problem);
+}
+
+Status CaptureTuner::lockOnto(const TunerState& basis, std::optional<std::size_t> index)
+{
+    if (!index)
+        return status::kNotFound;
+    const std::lock_guard lock(mutex_);
+    if (state_.set != basis.set)
+        return status::kNotReady; // another set was chosen meanwhile
+    state_.current = index;
+    state_.problem.clear();
+    return status::kOk;
+}
+
+Answers CaptureTuner::read(std::span<const TableRequest> requests)
+{
+    const TunerState now = state();
+    if (!now.capture())
+        throw CaptureError("no capture is chosen");
+    try {
+        Answers answers = readSections(now.capture()->file, requests);
+        report(answers.problem);
+        return answers;
+    } catch (const CaptureError& e) {
+        report(e.what());
+        throw;
+    }
+}
+
+} // namespace tessaview

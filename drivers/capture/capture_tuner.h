@@ -1,0 +1,69 @@
+#pragma once
+
+#include "component/status.h"
+#include "drivers/capture/section_answers.h"
+#include "drivers/capture/tuning_match.h"
+
+#include <filesystem>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <string>
+
+namespace tessaview {
+
+/// What the tuner is set to at one moment; the parts belong together.
+struct TunerState {
+    std::shared_ptr<const CaptureSet> set = std::make_shared<const CaptureSet>();
+    std::optional<std::size_t> current;            ///< an index into the captures; none: no lock
+    TunerType fallbackType = TunerType::Satellite; ///< where the captures carry none
+    std::string problem;                           ///< what went wrong last
+
+    const Capture* capture() const { return current ? &set->captures[*current] : nullptr; }
+    /// That of the capture, else that of any capture of the set, else the fallback.
+    TunerType type() const;
+};
+
+/// A set of captures as a tuner sees it, shared by the driver's interfaces and its dialogs. Every
+/// operation may be called from any thread; none keeps another waiting for long.
+class CaptureTuner {
+public:
+    /// Takes up what is stored below a settings key, and stores there from now on. A stored
+    /// capture that has gone is no error: the tuner just lacks it.
+    void open(std::string settingsKey);
+
+    TunerState state() const;
+
+    /// Sets the tuner to a capture of another set, or to the first where there is none such.
+    void use(CaptureSet set, const std::filesystem::path& current = {});
+    /// The same for later runs too. Throws SettingsError when it cannot be stored; it is used all
+    /// the same.
+    void useAndStore(CaptureSet set, const std::filesystem::path& current);
+    /// Throws SettingsError.
+    void storeFallbackType(TunerType type);
+    /// Tells the user through the status text.
+    void report(std::string problem);
+
+    /// Sets the tuner to the capture that `findCapture` finds for what is wanted. When there is
+    /// none, fails and leaves the tuner as it was.
+    template <class... Wanted>
+    Status tune(const Wanted&... wanted)
+    {
+        const TunerState now = state();
+        return lockOnto(now, findCapture(now.set->captures, wanted...));
+    }
+
+    /// Answers requests from the capture the tuner is set to; what went wrong is reported. Throws
+    /// CaptureError when nothing could be read.
+    Answers read(std::span<const TableRequest> requests);
+
+private:
+    std::string settingsKey() const;
+    Status lockOnto(const TunerState& basis, std::optional<std::size_t> index);
+
+    mutable std::mutex mutex_; // held for moments only, so that a long read keeps no one waiting
+    TunerState state_;
+    std::string settingsKey_;
+};
+
+} // namespace tessaview
