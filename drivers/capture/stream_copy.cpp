@@ -148,6 +148,8 @@ fs::path StreamCopy::target() const
     const fs::file_status status = fs::status(target, failure);
     if (fs::exists(status) && !fs::is_regular_file(status))
         throw CaptureError(destination_.string() + " is no file that can be replaced");
+    if (fs::exists(status) && ::access(target.c_str(), W_OK) != 0)
+        throw CaptureError(destination_.string() + " is write-protected");
     if (fs::equivalent(source_, target, failure))
         throw CaptureError(destination_.string() + " is the capture itself");
     return target;

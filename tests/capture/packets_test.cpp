@@ -2,9 +2,9 @@
 #include "tests/multiplex/sections.h"
 #include "tests/multiplex/stream_builder.h"
 
-#include <gtest/gtest.h>
-
 #include <functional>
+
+#include <gtest/gtest.h>
 
 // What becomes of sections on their way through packets, good and bad. Every section is a table
 // of its own, so that each that arrives whole is handed over.
@@ -92,6 +92,17 @@ Bytes withAdaptationFieldOnly()
     return stream;
 }
 
+/// The first packet, with a clock reference, and once more with a later one.
+Bytes repeatedWithOtherClock()
+{
+    StreamBuilder stream;
+    stream.put(kPid, kFirst, 10);
+    stream.packet(0)[5] = 0x10;
+    Bytes bytes = repeated(stream.build(), 0);
+    bytes[kPacketSize + 9] = 0x55;
+    return bytes;
+}
+
 /// The second packet of a section says that its adaptation field is longer than the packet.
 Bytes withAdaptationFieldTooLong()
 {
@@ -116,19 +127,27 @@ std::vector<Case> cases()
          StreamBuilder().put(kPid, joined({kSecond, section(4, 15), section(5, 12)})).build(),
          {kSecond, section(4, 15), section(5, 12)}},
         {"oneBehindTheOther", packed({kFirst, kSecond, kThird}), all},
-        {"startInTheLastPayloadByte", packed({section(4, 182), kSecond}), {section(4, 182), kSecond}},
-        {"headerSplitAfterTwoBytes", packed({section(4, 181), kSecond}), {section(4, 181), kSecond}},
+        {"startInTheLastPayloadByte",
+         packed({section(4, 182), kSecond}),
+         {section(4, 182), kSecond}},
+        {"headerSplitAfterTwoBytes",
+         packed({section(4, 181), kSecond}),
+         {section(4, 181), kSecond}},
         {"headerEndsThePacket", packed({section(4, 180), kSecond}), {section(4, 180), kSecond}},
         {"pushedOutOfTheLastByteByThePointer",
          packed({section(4, 183 + 183), kSecond}),
          {section(4, 183 + 183), kSecond}},
-        {"packetsFilledExactly", packed({section(4, 183 + 184), kSecond}),
+        {"packetsFilledExactly",
+         packed({section(4, 183 + 184), kSecond}),
          {section(4, 183 + 184), kSecond}},
-        {"oneByteBesideTheAdaptationField", StreamBuilder().put(kPid, kFirst, 182).build(),
+        {"oneByteBesideTheAdaptationField",
+         StreamBuilder().put(kPid, kFirst, 182).build(),
          {kFirst}},
         {"packetWithoutPayloadBetween", withAdaptationFieldOnly(), all},
         {"otherPidsBetween", interleaved(), {kThird}},
         {"packetsTwice", repeated(repeated(repeated(putAll(), 7), 1), 0), all},
+        {"packetTwiceWithOtherClock", repeatedWithOtherClock(), {kFirst}},
+        {"packetThrice", repeated(repeated(putAll(), 1), 1), notFirst},
         {"lostFirstPacket", erased(putAll(), 0, kPacketSize), notFirst},
         {"lostMiddlePacket", erased(putAll(), kPacketSize, kPacketSize), notFirst},
         {"lostLastPacket", erased(putAll(), 2 * kPacketSize, kPacketSize), notFirst},
@@ -136,6 +155,10 @@ std::vector<Case> cases()
         {"scrambled", spoilt(1, 3, 0x80 | 0x11), notFirst},
         {"transportError", spoilt(1, 1, 0x80 | kPid >> 8), notFirst},
         {"adaptationFieldTooLong", withAdaptationFieldTooLong(), notFirst},
+        {"pointerPastWhatIsKnown", spoilt(0, 1, kPid >> 8), notFirst},
+        {"pointerIntoASectionNotBegun",
+         erased(packed({section(4, 300), kSecond}), 0, kPacketSize),
+         {kSecond}},
         {"pointerOutOfThePacket", spoilt(0, 4, 184), notFirst},
         {"syncByteDamaged", spoilt(1, 0, 0x46), notFirst},
         {"bytesMissing", erased(putAll(), kPacketSize + 50, 77), notFirst},
