@@ -4,9 +4,7 @@
 #include "tests/multiplex/sections.h"
 #include "tests/multiplex/stream_builder.h"
 
-#include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <gtest/gtest.h>
 
@@ -137,24 +135,6 @@ TEST(CaptureFiles, thatGoAwayOrShrinkLaterAreAFailedReadOrAShorterOne)
     EXPECT_THROW(driver.read({sdtActual}), std::runtime_error);
     EXPECT_EQ(driver.statusText(),
               "capture a.ts locked (cannot be opened: No such file or directory)");
-}
-
-TEST(CaptureFiles, ofMoreThanFourGigabytesAreReadToTheirEnd)
-{
-    const LoadedDriver driver;
-    const fs::path file =
-        driver.file("big.ts", StreamBuilder().put(0x0000, pat(1, {})).nullPackets(6).build());
-    // A hole, and one section behind it.
-    const Bytes last = StreamBuilder().put(0x0011, sdt(0x42, 1, 1, {})).nullPackets(6).build();
-    const int out = ::open(file.c_str(), O_WRONLY);
-    const off_t offset = (off_t{1} << 32) + 77;
-    const bool written =
-        ::pwrite(out, last.data(), last.size(), offset) == static_cast<ssize_t>(last.size());
-    ::close(out);
-    if (!written)
-        GTEST_SKIP() << "no large files here";
-    EXPECT_EQ(driver.use({file}), "");
-    EXPECT_EQ(driver.read({request(0x0011, 0x42)}).front().size(), 1U);
 }
 
 } // namespace

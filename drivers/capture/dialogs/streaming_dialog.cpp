@@ -1,0 +1,211 @@
+#include "drivers/capture/dialogs/streaming_dialog.h"
+
+#include "drivers/capture/capture_tuner.h"
+#include "drivers/capture/dialogs/qt_text.h"
+#include "drivers/capture/packet_file.h"
+
+#include <algorithm>
+
+#include <QDir>
+#include <QFileDialog>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QProgressBar>
+#include <QPushButton>
+
+namespace tessaview {
+
+namespace {
+
+constexpr int kUpdateInterval = 200; // ms
+constexpr int kBarSteps = 1000;      // sizes do not fit into the bar's int
+
+QString elapsedText(double seconds)
+{
+    const auto whole = static_cast<int>(seconds + 0.5);
+    return QString("%1:%2").arg(whole / 60).arg(whole % 60, 2, 10, QChar('0'));
+}
+
+} // namespace
+
+StreamingDialog::StreamingDialog(CaptureTuner& tuner, QWidget* owner)
+    : QDialog(owner)
+    , destination_(new QLineEdit(this))
+    , browse_(new QPushButton("&Browse...", this))
+    , start_(new QPushButton("&Start", this))
+    , close_(new QPushButton("Close", this))
+    , bar_(new QProgressBar(this))
+    , progress_(new QLabel(this))
+    , message_(new QLabel(this))
+{
+    setWindowTitle("Streaming to file");
+    const TunerState now = tuner.state();
+    QString source = "none: choose a capture with \"Tuning...\"";
+    if (const Capture* const capture = now.capture()) {
+        source_ = capture->file;
+        source = toQt(source_) + " (" + toQt(sizeText(capture->size)) + ")";
+    }
+    start_->setEnabled(!source_.empty());
+    arrange(source);
+
+    connect(browse_, &QPushButton::clicked, this, &StreamingDialog::browse);
+    connect(destination_, &QLineEdit::editingFinished, this, &StreamingDialog::showFreeSpace);
+    connect(start_, &QPushButton::clicked, this, &StreamingDialog::startOrCancel);
+    connect(close_, &QPushButton::clicked, this, &StreamingDialog::reject);
+    connect(&timer_, &QTimer::timeout, this, &StreamingDialog::showProgress);
+}
+
+StreamingDialog::~StreamingDialog() = default;
+
+void StreamingDialog::arrange(const QString& source)
+{
+    auto* const sourceLabel = new QLabel(source, this);
+    sourceLabel->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    sourceLabel->setAccessibleName("Stream");
+    destination_->setObjectName("destination");
+    destination_->setMinimumWidth(420);
+    destination_->setPlaceholderText("the file to write");
+    start_->setObjectName("start");
+    start_->setDefault(true);
+    close_->setAutoDefault(false);
+    browse_->setAutoDefault(false);
+    bar_->setRange(0, kBarSteps);
+    bar_->setAccessibleName("Progress of the copy");
+    progress_->setAccessibleName("Size, rate and free space");
+    message_->setObjectName("message");
+    message_->setAccessibleName("Outcome");
+    message_->setWordWrap(true);
+    message_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+
+    auto* const destinationRow = new QHBoxLayout;
+    destinationRow->addWidget(destination_);
+    destinationRow->addWidget(browse_);
+    auto* const destinationLabel = new QLabel("&File:", this);
+    destinationLabel->setBuddy(destination_);
+    auto* const buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(start_);
+    buttons->addWidget(close_);
+    auto* const layout = new QFormLayout(this);
+    layout->addRow("Stream:", sourceLabel);
+    layout->addRow(destinationLabel, destinationRow);
+    layout->addRow(bar_);
+    layout->addRow(progress_);
+    layout->addRow(message_);
+    layout->addRow(buttons);
+}
+
+void StreamingDialog::browse()
+{
+    const QString start = destination_->text().isEmpty() ? QDir::homePath() : destination_->text();
+    // Whether an existing file may go is asked at the start, where it may also have been typed.
+    const QString chosen = QFileDialog::getSaveFileName(this, windowTitle(), start,
+                                                        "Transport streams (*.ts);;All files (*)",
+                                                        nullptr, QFileDialog::DontConfirmOverwrite);
+    if (chosen.isEmpty())
+        return;
+    destination_->setText(chosen);
+    showFreeSpace();
+}
+
+void StreamingDialog::showFreeSpace()
+{
+    try {
+        const auto folder = std::filesystem::absolute(toPath(destination_->text())).parent_path();
+        progress_->setText(toQt(sizeText(StreamCopy::freeSpace(folder))) + " free there");
+    } catch (const std::exception&) {
+        progress_->clear(); // the start tells what is wrong
+    }
+}
+
+void StreamingDialog::startOrCancel()
+{
+    if (!copy_) {
+        start();
+        return;
+    }
+    worker_.request_stop();
+    start_->setEnabled(false);
+}
+
+bool StreamingDialog::mayReplace(const std::filesystem::path& destination)
+{
+    std::error_code unknown;
+    if (!std::filesystem::is_regular_file(destination, unknown))
+        return true;
+    return QMessageBox::question(
+               this, windowTitle(), toQt(destination) + " is there already. Replace it?",
+               QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
+}
+
+void StreamingDialog::start()
+{
+    message_->clear();
+    if (destination_->text().isEmpty()) {
+        message_->setText("Name the file to write.");
+        destination_->setFocus();
+        return;
+    }
+    const std::filesystem::path destination =
+        toPath(QDir::current().absoluteFilePath(destination_->text()));
+    if (!mayReplace(destination))
+        return;
+    destination_->setEnabled(false);
+    browse_->setEnabled(false);
+    close_->setEnabled(false);
+    start_->setText("&Cancel");
+    copy_ = std::make_unique<StreamCopy>(source_, destination);
+    elapsed_.start();
+    timer_.start(kUpdateInterval);
+    worker_ = std::jthread([this, copy = copy_.get()](const std::stop_token& stop) {
+        auto result = std::make_shared<StreamCopy::Result>(copy->run(stop));
+        QMetaObject::invokeMethod(
+            this, [this, result] { finish(*result); }, Qt::QueuedConnection);
+    });
+}
+
+void StreamingDialog::showProgress()
+{
+    const auto copied = static_cast<double>(copy_->copied());
+    const auto total = static_cast<double>(copy_->total());
+    const double seconds = std::max(0.001, static_cast<double>(elapsed_.elapsed()) / 1000);
+    const double rate = copied / seconds;
+    if (total > 0)
+        bar_->setValue(static_cast<int>(copied / total * kBarSteps));
+    QString text = toQt(sizeText(copy_->copied())) + " of " + toQt(sizeText(copy_->total())) +
+                   ", " + toQt(sizeText(static_cast<std::uintmax_t>(rate))) + "/s";
+    if (rate > 0 && copied < total)
+        text += ", " + elapsedText((total - copied) / rate) + " left";
+    progress_->setText(text + ", " + toQt(sizeText(copy_->free())) + " free");
+}
+
+void StreamingDialog::finish(const StreamCopy::Result& result)
+{
+    timer_.stop();
+    worker_.join();
+    showProgress();
+    copy_.reset();
+    message_->setText(toQt(result.text));
+    destination_->setEnabled(true);
+    browse_->setEnabled(true);
+    close_->setEnabled(true);
+    start_->setText("&Start");
+    start_->setEnabled(true);
+    if (result.end == StreamCopy::End::Done)
+        close_->setFocus();
+    else
+        bar_->reset();
+}
+
+void StreamingDialog::reject()
+{
+    if (copy_)
+        worker_.request_stop();
+    else
+        QDialog::reject();
+}
+
+} // namespace tessaview
