@@ -56,7 +56,7 @@ void CaptureTuner::open(std::string settingsKey)
     const auto stored = settings.texts(settingsKey, kStoredCaptures);
     CaptureSet set = openCaptures({stored.begin(), stored.end()});
     std::string problem;
-    if (!set.problems.empty())
+    if (set.captures.empty() && !set.problems.empty())
         problem = set.problems.front().line();
     const auto current = settings.text(settingsKey, kStoredCurrent);
     const auto type = settings.number(settingsKey, kStoredTunerType);

@@ -1,12 +1,12 @@
 #include "tests/support/temporary_folder.h"
 
-#include <gtest/gtest.h>
-
 #include <array>
 #include <cstdio>
 #include <memory>
 #include <sstream>
 #include <vector>
+
+#include <gtest/gtest.h>
 
 // From a captured file to the tree that the shell tool prints. The captures are not part of the
 // project; without them there is nothing to compare.
