@@ -98,6 +98,8 @@ TuningDialog::TuningDialog(CaptureTuner& tuner, QWidget* owner)
     connect(remove_, &QPushButton::clicked, this, &TuningDialog::removeSelected);
     connect(buttons_, &QDialogButtonBox::accepted, this, &TuningDialog::accept);
     connect(buttons_, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    connect(view_->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            &TuningDialog::enableRemove);
     connect(&model_, &QStandardItemModel::itemChanged, this, &TuningDialog::setCurrent);
     const auto* const erase =
         new QShortcut(QKeySequence::Delete, view_, nullptr, nullptr, Qt::WidgetShortcut);
@@ -175,8 +177,15 @@ void TuningDialog::fill()
                                         : "A folder inside a folder is a satellite of that name.");
     if (model_.rowCount() > 0)
         view_->setCurrentIndex(model_.index(0, 0));
-    remove_->setEnabled(model_.rowCount() > 0);
+    enableRemove();
     isFilling_ = false;
+}
+
+/// What was added can be removed: a file, or a folder with all in it.
+void TuningDialog::enableRemove()
+{
+    const QModelIndex selected = view_->currentIndex();
+    remove_->setEnabled(selected.isValid() && !selected.parent().isValid() && !worker_.joinable());
 }
 
 /// Check marks exclude each other.
@@ -217,7 +226,6 @@ void TuningDialog::addSources(const QStringList& names)
     }
     if (sources.empty() || worker_.joinable())
         return;
-    setBusy(true);
     worker_ = std::jthread([this, sources](const std::stop_token& stop) {
         const auto progress = [this](std::size_t done, std::size_t total) {
             QMetaObject::invokeMethod(
@@ -232,6 +240,7 @@ void TuningDialog::addSources(const QStringList& names)
         QMetaObject::invokeMethod(
             this, [this, more] { finish(std::move(*more)); }, Qt::QueuedConnection);
     });
+    setBusy(true);
 }
 
 void TuningDialog::finish(CaptureSet more)
@@ -245,21 +254,20 @@ void TuningDialog::finish(CaptureSet more)
 
 void TuningDialog::setBusy(bool isBusy)
 {
-    for (QPushButton* button :
-         {addFiles_, addFolder_, remove_, buttons_->button(QDialogButtonBox::Ok)})
+    for (QPushButton* button : {addFiles_, addFolder_, buttons_->button(QDialogButtonBox::Ok)})
         button->setEnabled(!isBusy);
+    enableRemove();
     bar_->setVisible(isBusy);
     bar_->setRange(0, 0);
     if (isBusy)
         hint_->setText("Looking at the captures...");
 }
 
-/// Takes away what was added: a file, or a folder with all in it.
 void TuningDialog::removeSelected()
 {
-    const QModelIndex selected = view_->currentIndex().siblingAtColumn(0);
-    if (!selected.isValid() || worker_.joinable())
+    if (!remove_->isEnabled())
         return;
+    const QModelIndex selected = view_->currentIndex().siblingAtColumn(0);
     removeSource(set_, selected.data(kSourceRole).toULongLong());
     fill();
 }

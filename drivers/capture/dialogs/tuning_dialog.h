@@ -38,6 +38,7 @@ private:
     void fill();
     void addFiles();
     void addFolder();
+    void enableRemove();
     void removeSelected();
     void copyAsText() const;
     void setCurrent(QStandardItem* changed);
