@@ -1,0 +1,17 @@
+#pragma once
+
+#include "explorer/tree.h"
+#include "explorer/value_row.h"
+
+#include <span>
+#include <string>
+
+namespace tessaview {
+
+/// The labels from the root to a node: "ALL NETWORKS > 0001 - ... > PAT".
+std::string pathText(const NodeView& node);
+
+/// One line per row, name and data with a tab between, as spreadsheets take them.
+std::string rowsText(std::span<const ValueRow> rows);
+
+} // namespace tessaview
