@@ -1,0 +1,137 @@
+#include "ui/document.h"
+
+#include "ui/window_handle.h"
+
+#include <QFileInfo>
+#include <QMessageBox>
+
+namespace tessaview {
+
+namespace {
+
+template <class Interface>
+ComPtr<Interface> queried(IUnknown* object)
+{
+    // A query that fails leaves its pointer null, and what needs it stays disabled.
+    ComPtr<Interface> found;
+    static_cast<void>(query(object, found));
+    return found;
+}
+
+} // namespace
+
+CTessaview3Doc::CTessaview3Doc(IUnknown* driver, IUnknown* satellites, Dialogs& dialogs)
+    : driver_(ComPtr<IUnknown>::share(driver))
+    , control_(queried<IDriverControl>(driver))
+    , deviceDialogs_(queried<IDeviceDialogs>(control_.get()))
+    , satellites_(queried<ISatListManager>(satellites))
+    , dialogs_(dialogs)
+    , monitor_(control_, queried<ITunerStatus>(control_.get()))
+{
+}
+
+CTessaview3Doc::~CTessaview3Doc() = default;
+
+bool CTessaview3Doc::isEnabled(EnabledWhen rule) const
+{
+    return tessaview::isEnabled(rule, {.driver = driverState(),
+                                       .hasDeviceDialogs = static_cast<bool>(deviceDialogs_),
+                                       .hasSatelliteList = static_cast<bool>(satellites_),
+                                       .isDriverBusy = driverCall_.isBusy()});
+}
+
+bool CTessaview3Doc::isEnabled(Command command) const
+{
+    return isEnabled(commandInfo(command).enabledWhen);
+}
+
+bool CTessaview3Doc::run(Command command)
+{
+    // The driver may have changed since the menu was opened.
+    if (!isEnabled(command))
+        return true;
+    switch (command) {
+    case Command::ScanTransponder:
+        scan(ScanMode::CurrentTransponder);
+        break;
+    case Command::ScanNit:
+        scan(ScanMode::CurrentNit);
+        break;
+    case Command::ScanSatellite:
+        scan(ScanMode::SingleSatellite);
+        break;
+    case Command::ScanAllSatellites:
+        scan(ScanMode::AllSatellites);
+        break;
+    case Command::SiTables:
+        dialogs_.runSiTables(view_->widget());
+        break;
+    case Command::DatabaseExport:
+        dialogs_.runDatabaseExport(view_->widget(), model_);
+        break;
+    case Command::SatelliteList:
+        dialogs_.runSatelliteListManager(view_->widget(), *satellites_.get());
+        break;
+    case Command::DriverSelection:
+        dialogs_.runDriverSelection(view_->widget());
+        break;
+    case Command::DeviceSettings:
+        showDriverDialog(&IDeviceDialogs::ShowSettingsDialog);
+        break;
+    case Command::DeviceTuning:
+        showDriverDialog(&IDeviceDialogs::ShowTuningDialog);
+        break;
+    case Command::Streaming:
+        showDriverDialog(&IDeviceDialogs::ShowStreamingDialog);
+        break;
+    case Command::About:
+        dialogs_.runAbout(view_->widget());
+        break;
+    default:
+        return false;
+    }
+    return true;
+}
+
+CTessaview3Doc::KeepData CTessaview3Doc::askKeepData()
+{
+    QMessageBox box(QMessageBox::Question, QStringLiteral("Tessaview3"),
+                    QStringLiteral("Data is already loaded.\n"
+                                   "Do you want to keep existing data ?"),
+                    QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, view_->widget());
+    switch (box.exec()) {
+    case QMessageBox::Yes:
+        return KeepData::Keep;
+    case QMessageBox::No:
+        return KeepData::Discard;
+    default:
+        return KeepData::Cancel;
+    }
+}
+
+void CTessaview3Doc::scan(ScanMode mode)
+{
+    const KeepData answer = model_.empty() ? KeepData::Keep : askKeepData();
+    if (answer == KeepData::Cancel)
+        return;
+    view_->ClearTree();
+    if (answer == KeepData::Discard)
+        model_.clear();
+    const ComPtr<IDriverInfo> driver = queried<IDriverInfo>(control_.get());
+    if (dialogs_.runSiReading(view_->widget(), model_, mode, driver.get(), satellites_.get()))
+        view_->RebuildTree(model_);
+    driverMayHaveChanged();
+}
+
+void CTessaview3Doc::showDriverDialog(Status (IDeviceDialogs::*show)(WindowHandle) noexcept)
+{
+    static_cast<void>((deviceDialogs_.get()->*show)(windowHandle(view_->widget())));
+    driverMayHaveChanged();
+}
+
+QString CTessaview3Doc::title() const
+{
+    return path_.isEmpty() ? QStringLiteral("Untitled") : QFileInfo(path_).fileName();
+}
+
+} // namespace tessaview

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "component/status.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+#include <QString>
+
+class QWidget;
+
+namespace tessaview {
+
+/// Makes calls to the driver that may take seconds, one at a time, on a thread of its own, while
+/// the window goes on painting behind a modal box. The user may stop waiting for one.
+class DriverCall {
+public:
+    DriverCall() = default;
+    DriverCall(const DriverCall&) = delete;
+    DriverCall& operator=(const DriverCall&) = delete;
+    ~DriverCall() = default;
+
+    /// Returns what the call returned; nothing when the user stopped waiting. The call then goes
+    /// on, so `call` must own what it uses. Not to be used while `isBusy`.
+    std::optional<Status> run(QWidget* parent, const QString& text, std::function<Status()> call);
+
+    /// Whether a call that nobody waits for is still under way.
+    bool isBusy() const;
+
+private:
+    struct Shared;
+    std::shared_ptr<Shared> last_;
+};
+
+} // namespace tessaview
