@@ -106,13 +106,13 @@ void DriverMonitor::askSoon()
 bool DriverMonitor::stop(Milliseconds patience)
 {
     std::unique_lock lock(shared_->mutex);
+    if (!thread_.joinable())
+        return shared_->hasEnded;
     shared_->isStopping = true;
     shared_->changed.notify_all();
-    shared_->changed.wait_for(lock, patience, [this] { return shared_->hasEnded; });
-    const bool hasEnded = shared_->hasEnded;
+    const bool hasEnded =
+        shared_->changed.wait_for(lock, patience, [this] { return shared_->hasEnded; });
     lock.unlock();
-    if (!thread_.joinable())
-        return hasEnded;
     if (hasEnded)
         thread_.join();
     else

@@ -33,7 +33,10 @@ namespace tessaview {
 
 namespace {
 
-constexpr QSize kFrameSize(1100, 750);
+constexpr QSize kFrameSize(1280, 800);
+/// How the width is shared between tree and values.
+constexpr int kTreeShare = 2;
+constexpr int kValueShare = 3;
 constexpr int kOutputHeight = 200;
 constexpr int kRefreshMilliseconds = 200;
 
@@ -131,6 +134,7 @@ void CMainFrame::createStatusBar()
     statusPane_ = new QLabel(QStringLiteral("NOT LOCKED"));
     statusPane_->setTextFormat(Qt::PlainText);
     statusPane_->setAccessibleName(QStringLiteral("Tuner status"));
+    statusPane_->setIndent(4);
     // A long text is cut by the window, not the other way round.
     statusPane_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     statusBar()->addWidget(statusPane_, 1);
@@ -151,8 +155,9 @@ void CMainFrame::createPanes()
     treePane_ = new CTransponderTableListPaneWnd(document_, *valuePane_, splitter_);
     splitter_->insertWidget(0, treePane_);
     splitter_->setChildrenCollapsible(false);
-    // As wide as each other, whatever the width of the window.
-    splitter_->setSizes({100, 100});
+    splitter_->setStretchFactor(0, kTreeShare);
+    splitter_->setStretchFactor(1, kValueShare);
+    splitter_->setSizes({kFrameSize.width() * kTreeShare, kFrameSize.width() * kValueShare});
     findBar_ = new FindBar(*treePane_, *valuePane_, client);
 
     auto* const layout = new QVBoxLayout(client);

@@ -44,7 +44,7 @@ CTransponderTableListPaneWnd::CTransponderTableListPaneWnd(CTessaview3Doc& docum
     setHeaderHidden(true);
     setUniformRowHeights(true);
     setAccessibleName(QStringLiteral("Networks"));
-    // Long labels get a scroll bar instead of an ellipsis.
+    // Long labels get a scroll bar instead of an ellipsis; short ones leave no gap at the right.
     header()->setStretchLastSection(false);
     header()->setSectionResizeMode(QHeaderView::ResizeToContents);
 
@@ -93,6 +93,12 @@ void CTransponderTableListPaneWnd::currentChanged(const QModelIndex& current,
     QTreeView::currentChanged(current, previous);
     if (current.isValid())
         valuePane_.showNode(model_->node(current));
+}
+
+void CTransponderTableListPaneWnd::resizeEvent(QResizeEvent* event)
+{
+    header()->setMinimumSectionSize(viewport()->width());
+    QTreeView::resizeEvent(event);
 }
 
 void CTransponderTableListPaneWnd::contextMenuEvent(QContextMenuEvent* event)
