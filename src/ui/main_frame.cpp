@@ -91,6 +91,9 @@ CMainFrame::CMainFrame(CTessaview3Doc& document, HelpAddresses addresses)
 CMainFrame::~CMainFrame()
 {
     document_.setView(nullptr);
+    // The bars still tell that they are hidden when the window goes, which is too late for us.
+    toolBar_->disconnect(this);
+    outputBar_->disconnect(this);
 }
 
 void CMainFrame::createActions()

@@ -99,7 +99,7 @@ TEST_F(OutputBar, givesALongLineAScrollBarAndCopiesAll)
     OutputPrint("%s", "end");
     bar.lines().takePending();
     ASSERT_TRUE(test::waitFor([&] { return bar.list().horizontalScrollBar()->maximum() > 0; }));
-    QTest::keyClick(&bar.list(), Qt::Key_C, Qt::ControlModifier);
+    test::pressIn(bar.list(), Qt::Key_C, Qt::ControlModifier);
     EXPECT_TRUE(QApplication::clipboard()->text().endsWith("m\nend"));
 }
 
@@ -181,7 +181,7 @@ TEST_F(HexView, paintsTheSameAfterScrollingAsAfresh)
 TEST_F(HexView, copiesItsRows)
 {
     view.setBytes(bytes(17));
-    QTest::keyClick(&view, Qt::Key_C, Qt::ControlModifier);
+    test::pressIn(view, Qt::Key_C, Qt::ControlModifier);
     const QStringList rows = QApplication::clipboard()->text().split('\n');
     ASSERT_EQ(rows.size(), 3);
     EXPECT_TRUE(rows[1].startsWith("00000010h: 10 "));

@@ -176,7 +176,7 @@ TEST_F(TreePane, copiesThePathByKey)
     open();
     scan();
     select("PMT");
-    QTest::keyClick(&frame->treePane(), Qt::Key_C, Qt::ControlModifier);
+    test::pressIn(frame->treePane(), Qt::Key_C, Qt::ControlModifier);
     EXPECT_TRUE(QApplication::clipboard()->text().endsWith(" > 0451 - Unknown > PMT"));
 }
 

@@ -105,11 +105,10 @@ TEST_F(ValuePane, copiesByKey)
         press();
         return QApplication::clipboard()->text();
     };
-    EXPECT_EQ(copied([&] { QTest::keyClick(&pane, Qt::Key_C, Qt::ControlModifier); }),
-              "Harbour One");
+    EXPECT_EQ(copied([&] { test::pressIn(pane, Qt::Key_C, Qt::ControlModifier); }), "Harbour One");
     EXPECT_EQ(copied([&] { pane.copyRow(); }), "SERVICE_NAME\tHarbour One\n");
     const QString all =
-        copied([&] { QTest::keyClick(&pane, Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier); });
+        copied([&] { test::pressIn(pane, Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier); });
     EXPECT_TRUE(all.startsWith("DESCRIPTOR_TAG\t"));
     EXPECT_EQ(all.count('\n'), 7);
 }

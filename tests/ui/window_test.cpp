@@ -25,6 +25,14 @@ BoxAnswer::BoxAnswer(Qt::Key key)
     timer_.start(0);
 }
 
+void pressIn(QWidget& widget, Qt::Key key, Qt::KeyboardModifiers modifiers)
+{
+    widget.window()->activateWindow();
+    widget.setFocus();
+    ASSERT_TRUE(waitFor([&] { return QApplication::focusWidget() == &widget; }));
+    QTest::keyClick(&widget, key, modifiers);
+}
+
 void WindowTest::open()
 {
     document =

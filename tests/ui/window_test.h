@@ -62,6 +62,9 @@ private:
     QTimer timer_;
 };
 
+/// Presses keys in a widget that has the focus, as shortcuts of its own need.
+void pressIn(QWidget& widget, Qt::Key key, Qt::KeyboardModifiers modifiers = {});
+
 /// Waits until something has come true; false when it does not within a generous time.
 template <class Condition>
 bool waitFor(Condition condition)
