@@ -43,4 +43,42 @@ Status DriverAccess::currentTuning(TerrestrialTuning& tuning) const
     return tuner_ ? tuner_->GetTerrestrialTuning(&tuning) : status::kNoInterface;
 }
 
+TunerSetting DriverAccess::currentSetting(TunerType type) const
+{
+    TunerSetting setting;
+    SatelliteTuning satellite{};
+    CableTuning cable{};
+    TerrestrialTuning terrestrial{};
+    switch (type) {
+    case TunerType::Satellite:
+        if (currentTuning(satellite, setting.satellite) == status::kOk)
+            setting.tuning = satellite;
+        break;
+    case TunerType::Cable:
+        if (currentTuning(cable) == status::kOk)
+            setting.tuning = cable;
+        break;
+    case TunerType::Terrestrial:
+        if (currentTuning(terrestrial) == status::kOk)
+            setting.tuning = terrestrial;
+        break;
+    }
+    return setting;
+}
+
+Status DriverAccess::tune(WindowHandle owner, const TunerSetting& setting) const
+{
+    if (!tuner_)
+        return status::kNoInterface;
+    if (const auto* satellite = std::get_if<SatelliteTuning>(&setting.tuning)) {
+        const Bstr name{std::string_view(setting.satellite)};
+        return tuner_->SetSatelliteTuning(owner, name.get(), satellite);
+    }
+    if (const auto* cable = std::get_if<CableTuning>(&setting.tuning))
+        return tuner_->SetCableTuning(owner, cable);
+    if (const auto* terrestrial = std::get_if<TerrestrialTuning>(&setting.tuning))
+        return tuner_->SetTerrestrialTuning(owner, terrestrial);
+    return status::kInvalidArgument;
+}
+
 } // namespace tessaview

@@ -2,11 +2,20 @@
 
 #include "component/bstr.h"
 #include "driver/tuner_driver.h"
+#include "model/transponder.h"
 
 #include <cstdint>
 #include <string>
 
 namespace tessaview {
+
+/// What a tuner can be set to.
+struct TunerSetting {
+    Transponder::Tuning tuning = std::monostate();
+    std::string satellite = {}; ///< UTF-8; only with satellite parameters
+
+    bool isGiven() const { return !std::holds_alternative<std::monostate>(tuning); }
+};
 
 /// The interfaces of a driver that reading and scanning use. One that the driver lacks answers
 /// with a failure.
@@ -22,6 +31,12 @@ public:
     Status currentTuning(SatelliteTuning& tuning, std::string& satellite) const;
     Status currentTuning(CableTuning& tuning) const;
     Status currentTuning(TerrestrialTuning& tuning) const;
+    /// The setting as it is now, to return to; none unless the driver answers exactly zero.
+    TunerSetting currentSetting(TunerType type) const;
+
+    /// Sets the tuner; returns when it is set. Without parameters nothing is called. `owner` is
+    /// for windows of the driver.
+    Status tune(WindowHandle owner, const TunerSetting& setting) const;
 
 private:
     ComPtr<ISectionReader> reader_;

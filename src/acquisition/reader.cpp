@@ -2,14 +2,13 @@
 
 #include "acquisition/attach_tuning.h"
 #include "acquisition/section_batch.h"
+#include "acquisition/section_decoding.h"
 #include "acquisition/table_requests.h"
 #include "log/log_file.h"
 #include "log/output.h"
 #include "platform/format.h"
-#include "si/error.h"
 
 #include <algorithm>
-#include <exception>
 #include <optional>
 #include <span>
 #include <string>
@@ -32,45 +31,19 @@ using lib13818::Tot;
 
 using Bytes = std::span<const std::uint8_t>;
 
-std::uint32_t key(int field)
-{
-    return static_cast<std::uint32_t>(field);
-}
-
-/// Decodes one section and stores it with `store(Table&&)`; gives the code of what went wrong, or
-/// nothing. A section so crafted that it exhausts the memory costs itself, not what was read.
-template <class Table, class Store>
-std::optional<int> decode(Bytes section, Store store)
-{
-    try {
-        Table table;
-        table.parse(section);
-        store(std::move(table));
-        return std::nullopt;
-    } catch (const lib13818::error& error) {
-        return error.code;
-    } catch (const std::exception&) {
-        return -1;
-    }
-}
-
-void storeNit(NitMap& networks, Nit&& nit)
-{
-    NitSections& sections = networks[key(nit.table_id_extension)];
-    sections.insert_or_assign(key(nit.section_number), std::move(nit));
-}
-
 void storeSdt(SdtMap& networks, Sdt&& sdt)
 {
-    SdtSections& sections = networks[key(sdt.original_network_id)][key(sdt.table_id_extension)];
-    sections.insert_or_assign(key(sdt.section_number), std::move(sdt));
+    SdtSections& sections =
+        networks[sectionKey(sdt.original_network_id)][sectionKey(sdt.table_id_extension)];
+    sections.insert_or_assign(sectionKey(sdt.section_number), std::move(sdt));
 }
 
 void storeEit(EitMap& networks, Eit&& eit)
 {
-    EitServices& services = networks[key(eit.original_network_id)][key(eit.transport_stream_id)];
-    EitSections& sections = services[key(eit.table_id_extension)];
-    sections.insert_or_assign(key(eit.section_number), std::move(eit));
+    EitServices& services =
+        networks[sectionKey(eit.original_network_id)][sectionKey(eit.transport_stream_id)];
+    EitSections& sections = services[sectionKey(eit.table_id_extension)];
+    sections.insert_or_assign(sectionKey(eit.section_number), std::move(eit));
 }
 
 /// The first four bytes, which tell table_id, length and half of what comes next.
@@ -172,7 +145,7 @@ template <class Table, class Store>
 void TransponderRead::takeEach(SiTable table, std::size_t answer, Store store)
 {
     for (std::size_t i = 0; i < batch_.usable(answer); ++i)
-        if (decode<Table>(batch_.section(answer, i), store))
+        if (decodeSection<Table>(batch_.section(answer, i), store))
             OutputPrint("Error parsing %s section", siTableName(table));
     batch_.release(answer);
 }
@@ -186,7 +159,7 @@ std::optional<ReadOutcome> TransponderRead::takePat()
     });
     if (!transponder_.pat.parsed)
         return ReadOutcome::NoPat;
-    transponder_.transport_stream_id = key(transponder_.pat.table_id_extension);
+    transponder_.transport_stream_id = sectionKey(transponder_.pat.table_id_extension);
     return std::nullopt;
 }
 
@@ -204,7 +177,7 @@ std::optional<ReadOutcome> TransponderRead::takeSdtActual()
 {
     const auto answer = announce(SiTable::SdtActual);
     takeEach<Sdt>(SiTable::SdtActual, *answer, [this](Sdt&& sdt) {
-        original_network_id_ = key(sdt.original_network_id);
+        original_network_id_ = sectionKey(sdt.original_network_id);
         storeSdt(transponder_.sdtActual, std::move(sdt));
     });
     if (transponder_.sdtActual.empty())
@@ -238,8 +211,8 @@ void TransponderRead::takeFirst(SiTable table, Table& place)
     if (!answer)
         return;
     if (batch_.usable(*answer) > 0 &&
-        decode<Table>(batch_.section(*answer, 0),
-                      [&place](Table&& decoded) { place = std::move(decoded); }))
+        decodeSection<Table>(batch_.section(*answer, 0),
+                             [&place](Table&& decoded) { place = std::move(decoded); }))
         OutputPrint("Error parsing %s section", siTableName(table));
     batch_.release(*answer);
 }
@@ -256,7 +229,7 @@ void TransponderRead::takeEit(SiTable table, EitMap& place)
         if (table == SiTable::EitPfActual)
             logFirstBytes(section);
         const auto code =
-            decode<Eit>(section, [&place](Eit&& eit) { storeEit(place, std::move(eit)); });
+            decodeSection<Eit>(section, [&place](Eit&& eit) { storeEit(place, std::move(eit)); });
         if (!code)
             continue;
         OutputPrint("Error parsing %s section: %d", name, *code);
@@ -283,10 +256,11 @@ std::optional<ReadOutcome> TransponderRead::readPmts()
 
 void TransponderRead::takePmt(std::size_t answer, int program_number)
 {
-    OutputPrint("Got %d PMT section(s) for SID %04X", batch_.count(answer), key(program_number));
-    if (batch_.usable(answer) > 0 && decode<Pmt>(batch_.section(answer, 0), [this](Pmt&& pmt) {
-            transponder_.pmts.push_back(std::move(pmt));
-        }))
+    OutputPrint("Got %d PMT section(s) for SID %04X", batch_.count(answer),
+                sectionKey(program_number));
+    if (batch_.usable(answer) > 0 &&
+        decodeSection<Pmt>(batch_.section(answer, 0),
+                           [this](Pmt&& pmt) { transponder_.pmts.push_back(std::move(pmt)); }))
         OutputPrint("Error parsing PMT section");
     batch_.release(answer);
 }

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "log/log_file.h"
+
+#include <cstdint>
+
+namespace tessaview {
+
+/// One line by the printf rules for the user and for the log, there at `level`.
+[[gnu::format(printf, 2, 3)]] void printAndLog(std::int32_t level, const char* format, ...);
+
+} // namespace tessaview

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "acquisition/reader.h"
+
+#include <compare>
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace tessaview {
+
+/// Why a transport stream that a scan came to was not stored.
+enum class UnstoredReason : std::uint8_t {
+    AlreadyThere,
+    NotTuned,
+    NoParameters,
+    NoPat,
+    NoNit,
+    NoSdt,
+    ReadFailed,
+    TunerFailed,
+    UnknownTuner,
+    NoTransponders
+};
+
+/// The reason as a clause: "the stream carries no PAT that can be decoded".
+const char* unstoredReasonText(UnstoredReason reason);
+
+/// A transport stream as a scan comes to it: by a NIT's entry, or by a transponder of the
+/// satellite list, whose identifiers are not known.
+struct ScannedStream {
+    std::string satellite = {}; ///< UTF-8; empty for none
+    std::optional<std::uint32_t> original_network_id = {};
+    std::optional<std::uint32_t> transport_stream_id = {};
+    std::string frequency = {}; ///< "11757 MHz V"; empty when there are no parameters
+
+    friend auto operator<=>(const ScannedStream&, const ScannedStream&) = default;
+};
+
+/// What became of the transport streams that a scan came to. One that it comes to again, because
+/// several NITs list it, counts once: as stored when it was ever stored.
+class ScanSummary {
+public:
+    void add(const ScannedStream& stream, ReadOutcome outcome);
+    void add(const ScannedStream& stream, UnstoredReason reason);
+
+    std::size_t storedCount() const { return stored_.size(); }
+    const std::map<ScannedStream, UnstoredReason>& unstored() const { return unstored_; }
+    /// Streams that could not be stored, without those that the model had before.
+    std::size_t failedCount() const;
+    bool empty() const { return stored_.empty() && unstored_.empty(); }
+
+    /// A line of counts and a table, a line each, of the streams that could not be stored. Nothing
+    /// when the scan came to no stream.
+    std::vector<std::string> lines() const;
+
+private:
+    std::set<ScannedStream> stored_;
+    std::map<ScannedStream, UnstoredReason> unstored_;
+};
+
+} // namespace tessaview

@@ -1,0 +1,198 @@
+#include "acquisition/scanner.h"
+
+#include "acquisition/scan_report.h"
+#include "acquisition/section_batch.h"
+#include "acquisition/section_decoding.h"
+#include "acquisition/table_requests.h"
+#include "acquisition/tuning_choice.h"
+#include "log/output.h"
+#include "platform/format.h"
+
+#include <utility>
+
+namespace tessaview {
+
+namespace {
+
+Status readCurrentNit(const DriverAccess& driver, SectionBatch& batch)
+{
+    if (!driver.reader())
+        return status::kNoInterface;
+    const TableRequests always(TableSelection::fixed(0));
+    const TableRequest request = always.requests()[*always.place(SiTable::NitActual)];
+    return batch.read(*driver.reader(), {&request, 1});
+}
+
+NitMap decodeNits(const SectionBatch& batch)
+{
+    NitMap networks;
+    for (std::size_t i = 0; i < batch.usable(0); ++i)
+        if (decodeSection<lib13818::Nit>(batch.section(0, i), [&networks](lib13818::Nit&& nit) {
+                storeNit(networks, std::move(nit));
+            }))
+            printAndLog(log_level::kError, "Error parsing NIT section");
+    return networks;
+}
+
+bool isKnown(TunerType type)
+{
+    return type == TunerType::Satellite || type == TunerType::Cable ||
+           type == TunerType::Terrestrial;
+}
+
+/// Says where the tuner is about to go: MHz for satellites, kHz for cable.
+void announceTuning(const Transponder::Tuning& tuning)
+{
+    constexpr const char* text = "Setting tuner: %lu";
+    if (const auto* satellite = std::get_if<SatelliteTuning>(&tuning))
+        OutputPrint(text, static_cast<unsigned long>(satellite->frequency / 100));
+    else if (const auto* cable = std::get_if<CableTuning>(&tuning))
+        OutputPrint(text, static_cast<unsigned long>(cable->frequency / 10));
+}
+
+void reportTuningFailure(TunerType type)
+{
+    constexpr const char* text = "Failed to set tuner";
+    OutputPrint(text);
+    if (type == TunerType::Satellite)
+        LogPrint(g_log, log_level::kError, text);
+}
+
+} // namespace
+
+std::string scanProgressText(std::size_t number, std::size_t total)
+{
+    return formatted("%zu of %zu", number, total);
+}
+
+Scanner::Scanner(ScanContext context, ScanProgress& progress, const std::atomic<bool>& cancelled)
+    : context_(std::move(context))
+    , driver_(context_.driver)
+    , reader_(context_.driver, cancelled, context_.selection)
+    , progress_(progress)
+    , cancelled_(cancelled)
+{
+}
+
+ScanSummary Scanner::run(ScanMode mode)
+{
+    switch (mode) {
+    case ScanMode::CurrentTransponder:
+        OutputPrint("Scanning current transponder");
+        readInto({});
+        return std::move(summary_);
+    case ScanMode::CurrentNit:
+        scanCurrentNit();
+        break;
+    case ScanMode::SingleSatellite:
+        ScanSatellite();
+        break;
+    case ScanMode::AllSatellites:
+        ScanAllSatellites();
+        break;
+    }
+    for (const std::string& line : summary_.lines())
+        OutputPrint("%s", line.c_str());
+    return std::move(summary_);
+}
+
+void Scanner::scanCurrentNit()
+{
+    if (!context_.satellite)
+        printAndLog(log_level::kInformation, "No satellite selected");
+    else if (!ReadNitAndScan(*context_.satellite))
+        summary_.add({.satellite = *context_.satellite}, UnstoredReason::NoNit);
+}
+
+bool Scanner::ReadNitAndScan(const std::string& satellite)
+{
+    printAndLog(log_level::kDetail, "Reading current NIT");
+    SectionBatch batch;
+    const Status result = readCurrentNit(driver_, batch);
+    if (cancelled_)
+        return true;
+    if (failed(result) || batch.count(0) <= 0) {
+        printAndLog(log_level::kError, "Failed to read current NIT");
+        LogPrint(g_log, log_level::kError, "exit");
+        return false;
+    }
+    printAndLog(log_level::kDetail, "Read %d NIT sections", batch.count(0));
+    const NitMap networks = decodeNits(batch);
+    batch.releaseAll();
+    if (networks.empty()) {
+        printAndLog(log_level::kError, "Failed to read NIT");
+        return false;
+    }
+    LogPrint(g_log, log_level::kDetail, "scan network");
+    ScanNetwork(networks, satellite);
+    LogPrint(g_log, log_level::kDetail, "scanned network");
+    LogPrint(g_log, log_level::kError, "exit");
+    return true;
+}
+
+void Scanner::ScanNetwork(const NitMap& networks, const std::string& satellite)
+{
+    if (networks.empty() || networks.begin()->second.empty())
+        return;
+    TunerType type{};
+    if (failed(driver_.tunerType(type))) {
+        summary_.add({.satellite = satellite}, UnstoredReason::TunerFailed);
+        return;
+    }
+    const TunerSetting before = driver_.currentSetting(type);
+    const NitSections& sections = networks.begin()->second;
+    std::size_t number = 0;
+    for (const auto& [section_number, nit] : sections) {
+        progress_.show(ScanLevel::NitSection, ++number, sections.size());
+        if (!scanSection(nit, type, satellite))
+            return;
+    }
+    LogPrint(g_log, log_level::kDetail, "restoring tuner");
+    driver_.tune(context_.owner, before);
+}
+
+bool Scanner::scanSection(const lib13818::Nit& nit, TunerType type, const std::string& satellite)
+{
+    const std::size_t total = nit.transportStreams.size();
+    OutputPrint("%d entries in NIT section", static_cast<int>(total));
+    std::size_t number = 0;
+    for (const auto& entry : nit.transportStreams) {
+        if (cancelled_)
+            return false;
+        progress_.show(ScanLevel::TransportStream, ++number, total);
+        if (!isKnown(type)) {
+            summary_.add({.satellite = satellite}, UnstoredReason::UnknownTuner);
+            return false;
+        }
+        scanEntry(entry, type, satellite);
+    }
+    return !cancelled_;
+}
+
+void Scanner::scanEntry(const lib13818::TransportStreamEntry& entry, TunerType type,
+                        const std::string& satellite)
+{
+    const TunerSetting setting{.tuning = tuningFor(entry, type), .satellite = satellite};
+    const ScannedStream stream{.satellite = satellite,
+                               .original_network_id = sectionKey(entry.original_network_id),
+                               .transport_stream_id = sectionKey(entry.transport_stream_id),
+                               .frequency = frequencyText(setting.tuning)};
+    if (!setting.isGiven()) {
+        summary_.add(stream, UnstoredReason::NoParameters);
+        return;
+    }
+    announceTuning(setting.tuning);
+    if (failed(driver_.tune(context_.owner, setting))) {
+        reportTuningFailure(type);
+        summary_.add(stream, UnstoredReason::NotTuned);
+    } else if (!cancelled_) {
+        readInto(stream);
+    }
+}
+
+void Scanner::readInto(const ScannedStream& stream)
+{
+    summary_.add(stream, reader_.ReadCurrentTransponder(*context_.model));
+}
+
+} // namespace tessaview
