@@ -1,8 +1,8 @@
-#include "acquisition/satellite_access.h"
 #include "acquisition/scan_report.h"
 #include "acquisition/scanner.h"
 #include "acquisition/tuning_choice.h"
 #include "log/output.h"
+#include "satlist/list_access.h"
 
 #include <cstddef>
 #include <utility>
@@ -16,21 +16,14 @@ namespace {
 /// The parameters of an entry of the list; it has no others than these four.
 Status readTuning(ISatTransponder& transponder, SatelliteTuning& tuning)
 {
-    std::int32_t frequency = 0;
-    std::int32_t polarization = 0;
-    std::int32_t symbolRate = 0;
-    std::int32_t fec = 0;
-    for (const Status result :
-         {transponder.get_Frequency(&frequency), transponder.get_Polarization(&polarization),
-          transponder.get_SymbolRate(&symbolRate), transponder.get_FEC(&fec)})
-        if (failed(result))
-            return result;
+    TransponderEntry entry;
+    const Status result = readTransponder(transponder, entry);
     tuning = {};
-    tuning.frequency = static_cast<std::uint32_t>(frequency);
-    tuning.polarization = static_cast<std::uint8_t>(polarization);
-    tuning.symbol_rate = static_cast<std::uint32_t>(symbolRate);
-    tuning.FEC_inner = static_cast<std::uint8_t>(fec);
-    return status::kOk;
+    tuning.frequency = static_cast<std::uint32_t>(entry.frequency);
+    tuning.polarization = static_cast<std::uint8_t>(entry.polarization);
+    tuning.symbol_rate = static_cast<std::uint32_t>(entry.symbolRate);
+    tuning.FEC_inner = static_cast<std::uint8_t>(entry.fec);
+    return result;
 }
 
 } // namespace
@@ -43,7 +36,8 @@ void Scanner::ScanSatellite()
     }
     const std::string& name = *context_.satellite;
     ComPtr<ISatellite> satellite;
-    if (failed(findSatellite(context_.satellites, name, satellite))) {
+    if (!context_.satellites ||
+        failed(getSatellite(*context_.satellites, Bstr(std::string_view(name)), satellite))) {
         summary_.add({.satellite = name}, UnstoredReason::NoTransponders);
         return;
     }
@@ -56,16 +50,16 @@ void Scanner::ScanAllSatellites()
     printAndLog(log_level::kDetail, "Scanning all satellites");
     ComPtr<IEnumSatellite> satellites;
     std::uint32_t total = 0;
-    if (failed(enumSatellites(context_.satellites, true, satellites)) ||
+    if (!context_.satellites || failed(enumSatellites(*context_.satellites, true, satellites)) ||
         failed(context_.satellites->GetSatelliteCount(&total)))
         return;
     std::size_t number = 0;
-    while (const auto satellite = nextOf<ISatellite>(*satellites.get())) {
+    for (const auto& satellite : Items(satellites.get())) {
         if (cancelled_)
             return;
         progress_.show(ScanLevel::Satellite, ++number, total);
         std::string name;
-        if (failed(nameOf(*satellite.get(), name)))
+        if (failed(satelliteName(*satellite.get(), name)))
             continue;
         OutputPrint("Scanning %s", name.c_str());
         const SatelliteEnd end = scanTransponders(*satellite.get(), name);
@@ -79,7 +73,7 @@ Scanner::SatelliteEnd Scanner::scanTransponders(ISatellite& satellite, const std
 {
     ComPtr<IEnumSatTransponder> transponders;
     std::uint32_t total = 0;
-    if (failed(enumTransponders(satellite, transponders))) {
+    if (failed(enumTransponders(satellite, TransponderUse::Scan, transponders))) {
         summary_.add({.satellite = name}, UnstoredReason::NoTransponders);
         return SatelliteEnd::NoTransponders;
     }
@@ -88,7 +82,7 @@ Scanner::SatelliteEnd Scanner::scanTransponders(ISatellite& satellite, const std
         return SatelliteEnd::NoCount;
     }
     std::size_t number = 0;
-    while (const auto transponder = nextOf<ISatTransponder>(*transponders.get())) {
+    for (const auto& transponder : Items(transponders.get())) {
         if (cancelled_)
             return SatelliteEnd::Cancelled;
         progress_.show(ScanLevel::NitEntry, ++number, total);

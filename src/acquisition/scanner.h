@@ -24,7 +24,7 @@ struct ScanContext {
     TableSelection selection = TableSelection::stored();
     /// The satellite that the user chose, UTF-8; none chosen: nothing. Empty where parameters come
     /// from a NIT and the driver needs no name with them.
-    std::optional<std::string> satellite;
+    std::optional<std::string> satellite = {};
     WindowHandle owner = nullptr; ///< for the windows that a driver may show while it tunes
 };
 

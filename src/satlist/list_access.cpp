@@ -37,6 +37,17 @@ Status getSatellite(ISatListManager& manager, const Bstr& name, ComPtr<ISatellit
     return received(out, [&](auto** object) { return manager.GetSatellite(name.get(), object); });
 }
 
+Status satelliteName(ISatellite& satellite, std::string& utf8)
+{
+    Bstr name;
+    const Status result = satellite.get_Name(name.put());
+    if (failed(result))
+        static_cast<void>(name.release()); // a failed call hands nothing over, whatever it left
+    else
+        utf8 = name.utf8();
+    return result;
+}
+
 Status createSatellite(ISatListManager& manager, const Bstr& name, ComPtr<ISatellite>& out)
 {
     return received(out,
@@ -75,6 +86,20 @@ Status addTransponder(ISatellite& satellite, const TransponderEntry& entry)
                  [&] { return created->put_SymbolRate(entry.symbolRate); },
                  [&] { return created->put_FEC(entry.fec); },
                  [&] { return satellite.AddTransponder(created.get()); });
+}
+
+std::vector<std::string> satelliteNames(ISatListManager* manager, bool selectedOnly)
+{
+    std::vector<std::string> names;
+    ComPtr<IEnumSatellite> satellites;
+    if (!manager || failed(enumSatellites(*manager, selectedOnly, satellites)))
+        return names;
+    for (const auto& satellite : Items(satellites.get())) {
+        std::string name;
+        if (!failed(satelliteName(*satellite.get(), name)))
+            names.push_back(std::move(name));
+    }
+    return names;
 }
 
 Status readTransponders(ISatellite& satellite, std::vector<TransponderEntry>& entries)

@@ -64,6 +64,7 @@ enum class TransponderUse : std::int32_t { Edit = 0, Scan = 1 };
 
 Status enumSatellites(ISatListManager& manager, bool selectedOnly, ComPtr<IEnumSatellite>& out);
 Status getSatellite(ISatListManager& manager, const Bstr& name, ComPtr<ISatellite>& out);
+Status satelliteName(ISatellite& satellite, std::string& utf8);
 Status createSatellite(ISatListManager& manager, const Bstr& name, ComPtr<ISatellite>& out);
 Status enumTransponders(ISatellite& satellite, TransponderUse use,
                         ComPtr<IEnumSatTransponder>& out);
@@ -72,6 +73,9 @@ Status readTransponder(ISatTransponder& transponder, TransponderEntry& entry);
 /// Creates a transponder with the entry's values and adds it to the satellite, not yet to the
 /// list. The flag is set only when it is not 0.
 Status addTransponder(ISatellite& satellite, const TransponderEntry& entry);
+
+/// The names of the satellites in the order of the list, UTF-8; none without a list.
+std::vector<std::string> satelliteNames(ISatListManager* manager, bool selectedOnly);
 
 /// Every transponder of a satellite; stops at the first that cannot be read, with its status.
 Status readTransponders(ISatellite& satellite, std::vector<TransponderEntry>& entries);

@@ -19,14 +19,14 @@ public:
     }
 
     Status put_Flag(std::int32_t) noexcept override { return kUnused; }
-    Status get_Flag(std::int32_t*) noexcept override { return kUnused; }
+    Status get_Flag(std::int32_t* out) noexcept override { return give("get_Flag", 0, out); }
     Status put_Frequency(std::int32_t) noexcept override { return kUnused; }
     Status get_Frequency(std::int32_t* out) noexcept override
     {
         return give("get_Frequency", data_.frequency, out);
     }
     Status put_TSID(std::int32_t) noexcept override { return kUnused; }
-    Status get_TSID(std::int32_t*) noexcept override { return kUnused; }
+    Status get_TSID(std::int32_t* out) noexcept override { return give("get_TSID", 0, out); }
     Status put_Polarization(std::int32_t) noexcept override { return kUnused; }
     Status get_Polarization(std::int32_t* out) noexcept override
     {
@@ -40,7 +40,7 @@ public:
     Status put_FEC(std::int32_t) noexcept override { return kUnused; }
     Status get_FEC(std::int32_t* out) noexcept override { return give("get_FEC", data_.fec, out); }
     Status put_NID(std::int32_t) noexcept override { return kUnused; }
-    Status get_NID(std::int32_t*) noexcept override { return kUnused; }
+    Status get_NID(std::int32_t* out) noexcept override { return give("get_NID", 0, out); }
 
 private:
     friend Implements;

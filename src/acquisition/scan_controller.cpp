@@ -1,0 +1,107 @@
+#include "acquisition/scan_controller.h"
+
+#include "log/log_file.h"
+#include "log/output.h"
+
+#include <utility>
+
+namespace tessaview {
+
+namespace {
+
+TunerNow tunerOf(IUnknown* driver)
+{
+    const DriverAccess access(driver);
+    TunerNow now;
+    now.isTypeKnown = !failed(access.tunerType(now.type));
+    if (!now.isSatellite())
+        return now;
+    SatelliteTuning tuning{};
+    const Status result = access.currentTuning(tuning, now.satellite);
+    if (failed(result))
+        LogPrint(g_log, log_level::kInformation, "failed to get current satellite: %#X",
+                 statusCode(result));
+    else
+        LogPrint(g_log, log_level::kDetail, "current satellite: %s", now.satellite.c_str());
+    return now;
+}
+
+} // namespace
+
+ScanController::ScanController(ScanContext context, ScanMode mode, ScanEvents& events)
+    : context_(std::move(context))
+    , mode_(mode)
+    , events_(events)
+    , driver_(ComPtr<IUnknown>::share(context_.driver))
+    , satellites_(ComPtr<ISatListManager>::share(context_.satellites))
+    , opening_([this] {
+        tuner_ = tunerOf(driver_.get());
+        answered_.set_value();
+        events_.tunerKnown();
+    })
+{
+}
+
+ScanController::~ScanController()
+{
+    cancelled_ = true;
+}
+
+bool ScanController::openedWithin(std::chrono::milliseconds patience)
+{
+    if (answer_.wait_for(patience) != std::future_status::ready)
+        return false;
+    completeOpening();
+    return true;
+}
+
+bool ScanController::completeOpening()
+{
+    if (!opening_.joinable())
+        return false;
+    opening_.join();
+    state_ = State::Idle;
+    return true;
+}
+
+void ScanController::start(std::optional<std::string> satellite)
+{
+    if (state_ != State::Idle)
+        return;
+    // A cable or terrestrial network is not on a satellite, so there is none to choose.
+    if (!satellite && mode_ == ScanMode::CurrentNit && tuner_.isCableOrTerrestrial())
+        satellite.emplace();
+    context_.satellite = std::move(satellite);
+    cancelled_ = false;
+    state_ = State::Scanning;
+    scan_ = std::jthread([this] {
+        OutputClear();
+        Scanner(context_, events_, cancelled_).run(mode_);
+        events_.scanFinished();
+    });
+}
+
+void ScanController::cancel()
+{
+    if (state_ != State::Scanning)
+        return;
+    cancelled_ = true;
+    state_ = State::Cancelling;
+}
+
+void ScanController::completeScan()
+{
+    if (!scan_.joinable())
+        return;
+    scan_.join();
+    state_ = State::Idle;
+}
+
+bool ScanController::requestClose()
+{
+    closeRequested_ = true;
+    cancel();
+    return !isBusy();
+}
+
+} // namespace tessaview
