@@ -1,6 +1,7 @@
 #include "cli/options.h"
 
 #include "acquisition/table_selection.h"
+#include "cli/complain.h"
 #include "platform/build_info.h"
 
 #include <CLI/CLI.hpp>
@@ -15,10 +16,19 @@ const std::map<std::string, OutputFormat> kFormats{{"tree", OutputFormat::Tree},
                                                    {"json", OutputFormat::Json},
                                                    {"none", OutputFormat::None}};
 
+const std::map<std::string, ScanMode> kModes{{"current", ScanMode::CurrentTransponder},
+                                             {"nit", ScanMode::CurrentNit},
+                                             {"satellite", ScanMode::SingleSatellite},
+                                             {"all", ScanMode::AllSatellites}};
+
 constexpr const char* kFooter = R"(
 Tables are a comma-separated list of: pat, cat, pmt, bat, nit, nit-other, sdt, sdt-other, eit-pf,
 eit-pf-other, eit-sched, eit-sched-other, tdt, tot, rst; or 'all', 'default', or a bit mask such as
 0x041B. PAT, NIT actual and SDT actual are read whatever is chosen.
+
+A scan tunes from stream to stream: 'nit' through the network that the current stream describes,
+'satellite' through the networks behind every transponder that the satellite list has for the
+satellite, 'all' through those of all selected satellites. Ctrl+C ends it with what was read.
 
 Exit status: 0 at least one transport stream was stored, 1 none was, 2 wrong usage, 3 the export
 to a database failed.)";
@@ -83,9 +93,12 @@ ParsedOptions parseOptions(int argc, const char* const* argv)
                    "Captured transport streams, or folders of them; the first is the one read");
     app.add_option("--driver", options.driver, "Use this driver")->option_text("NAME|CLSID");
     app.add_flag("--list-drivers", options.listDrivers, "List the installed drivers");
-    app.add_option("--mode", mode, "What to read: the stream the tuner is set to")
-        ->check(CLI::IsMember({"current"}))
-        ->option_text("current");
+    app.add_option("--mode", mode,
+                   "What to read, default 'current': the stream the tuner is set to")
+        ->check(CLI::IsMember(kModes))
+        ->option_text("current|nit|satellite|all");
+    app.add_option("--satellite", options.satellite, "The satellite to scan, or whose NIT it is")
+        ->option_text("NAME");
     app.add_option("--tables", tables, "The tables to read, default 'all'")
         ->check(CLI::Validator(checkTables, "", "tables"))
         ->option_text("all|default|LIST|MASK");
@@ -112,6 +125,12 @@ ParsedOptions parseOptions(int argc, const char* const* argv)
         return {.options = std::nullopt, .exitStatus = isAnswer ? kExitStored : kExitWrongUsage};
     }
     options.format = kFormats.at(format);
+    options.mode = kModes.at(mode);
+    if (!options.satellite.empty() && options.mode != ScanMode::CurrentNit &&
+        options.mode != ScanMode::SingleSatellite) {
+        complain("--satellite goes with --mode nit and --mode satellite");
+        return {.options = std::nullopt, .exitStatus = kExitWrongUsage};
+    }
     std::string problem;
     options.tables = parseTableList(tables, problem);
     options.charsets = charsetPolicy(charsets);

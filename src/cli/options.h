@@ -1,5 +1,6 @@
 #pragma once
 
+#include "acquisition/scan_mode.h"
 #include "charset/charset_policy.h"
 
 #include <cstdint>
@@ -22,10 +23,12 @@ struct Options {
     std::vector<std::string> captures;
     std::string driver; ///< a name or a class identifier; empty for none named
     bool listDrivers = false;
+    ScanMode mode = ScanMode::CurrentTransponder;
+    std::string satellite;               ///< of a NIT or satellite scan; empty for none named
     std::optional<std::uint32_t> tables; ///< the bits of this run; none: the stored selection
     OutputFormat format = OutputFormat::Tree;
     CharsetPolicy charsets; ///< what texts are read with
-    std::string exportDb; ///< the file of a new database; empty for none
+    std::string exportDb;   ///< the file of a new database; empty for none
     std::string log;
     bool quiet = false;
 };

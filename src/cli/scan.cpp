@@ -1,13 +1,15 @@
 #include "cli/scan.h"
 
-#include "acquisition/reader.h"
+#include "acquisition/scanner.h"
+#include "cli/complain.h"
 #include "cli/export_database.h"
 #include "cli/print_tree.h"
+#include "cli/progress.h"
+#include "cli/satellites.h"
 #include "component/bstr.h"
 #include "driver/driver_session.h"
 #include "explorer/tree.h"
 #include "log/log_file.h"
-#include "log/output.h"
 #include "platform/paths.h"
 #include "platform/settings.h"
 #include "si/texts/registries.h"
@@ -16,7 +18,6 @@
 #include <csignal>
 #include <filesystem>
 #include <iostream>
-#include <sstream>
 
 namespace tessaview {
 
@@ -32,29 +33,6 @@ void cancelOnInterrupt()
         std::signal(SIGINT, SIG_DFL);
     });
 }
-
-/// One or more lines on standard error.
-void complain(const std::string& what)
-{
-    std::istringstream lines(what);
-    for (std::string line; std::getline(lines, line);)
-        std::cerr << "tessaview3-scan: " << line << '\n';
-}
-
-class StandardError : public OutputSink {
-public:
-    void print(std::string_view line) override { std::cerr << line << '\n'; }
-    void clear() override {}
-};
-
-/// Installs a sink for as long as it lives.
-class InstalledSink {
-public:
-    explicit InstalledSink(OutputSink& sink) { installOutputSink(&sink); }
-    InstalledSink(const InstalledSink&) = delete;
-    InstalledSink& operator=(const InstalledSink&) = delete;
-    ~InstalledSink() { installOutputSink(nullptr); }
-};
 
 int printDrivers(const ClassRegistry& registry, const DriverList& list)
 {
@@ -126,12 +104,12 @@ bool canReadFiles(IUnknown* driver)
 
 /// Opens the first driver that serves the options.
 bool openDriver(const Options& options, const ClassRegistry& registry, const DriverList& list,
-                DriverSession& session)
+                ISatListManager* satellites, DriverSession& session)
 {
     const std::vector<Guid> classes = candidates(options, list);
     for (const Guid& clsid : classes) {
         std::string why;
-        if (failed(session.open(registry, clsid, driverPlaces(), nullptr, why))) {
+        if (failed(session.open(registry, clsid, driverPlaces(), satellites, why))) {
             complain("the driver " + toText(clsid) + " cannot be used: " + why);
             continue;
         }
@@ -146,42 +124,57 @@ bool openDriver(const Options& options, const ClassRegistry& registry, const Dri
     return false;
 }
 
-/// Why there is nothing to show.
-const char* reasonFor(ReadOutcome outcome)
-{
-    switch (outcome) {
-    case ReadOutcome::NoPat:
-        return "the stream carries no PAT that can be decoded";
-    case ReadOutcome::NoNit:
-        return "the stream carries no NIT of the actual network";
-    case ReadOutcome::NoSdt:
-        return "the stream carries no SDT of the actual transport stream that can be decoded";
-    case ReadOutcome::TunerFailed:
-        return "the driver does not tell what kind of tuner it has";
-    case ReadOutcome::ReadFailed:
-        return "the driver could not read the stream";
-    case ReadOutcome::Cancelled:
-        return "cancelled";
-    case ReadOutcome::Stored:
-    case ReadOutcome::AlreadyThere:
-        break;
-    }
-    return nullptr;
-}
-
 TableSelection selectionOf(const Options& options)
 {
     return options.tables ? TableSelection::fixed(*options.tables) : TableSelection::stored();
 }
 
-ReadOutcome read(const Options& options, const DriverSession& session, NetworkMap& model)
+/// Where the driver is looking, for the parameters of the NIT that it receives there: a name of
+/// the options, else its own, if it has one.
+std::string satelliteOf(const Options& options, const DriverSession& session)
 {
-    StandardError standardError;
-    std::optional<InstalledSink> sink;
+    std::string name = options.satellite;
+    SatelliteTuning tuning{};
+    if (name.empty() && options.mode == ScanMode::CurrentNit)
+        static_cast<void>(DriverAccess(session.driver()).currentTuning(tuning, name));
+    return name;
+}
+
+ScanSummary runScan(const Options& options, const DriverSession& session,
+                    ISatListManager* satellites, NetworkMap& model)
+{
+    std::optional<ProgressDisplay> display;
+    NoProgress unseen;
     if (!options.quiet)
-        sink.emplace(standardError);
-    Reader reader(session.driver(), cancelled, selectionOf(options));
-    return reader.ReadCurrentTransponder(model);
+        display.emplace(std::cerr, standardErrorColumns());
+    ScanProgress& progress = display ? static_cast<ScanProgress&>(*display) : unseen;
+    Scanner scanner({.driver = session.driver(),
+                     .satellites = satellites,
+                     .model = &model,
+                     .selection = selectionOf(options),
+                     .satellite = satelliteOf(options, session)},
+                    progress, cancelled);
+    return scanner.run(options.mode);
+}
+
+/// Says what is missing, and why.
+void reportMissing(const Options& options, const ScanSummary& summary)
+{
+    const bool hasTable = options.mode != ScanMode::CurrentTransponder && summary.failedCount() > 0;
+    if (options.quiet && hasTable) // else it was among the lines
+        for (const std::string& line : summary.lines())
+            std::cerr << line << '\n';
+    if (summary.storedCount() > 0) {
+        if (cancelled)
+            complain("cancelled; what was read until then is shown");
+        return;
+    }
+    const char* reason = "there was nothing to scan";
+    if (cancelled)
+        reason = "cancelled";
+    else if (!summary.unstored().empty())
+        reason = unstoredReasonText(summary.unstored().begin()->second);
+    complain(std::string("nothing was stored: ") + reason);
 }
 
 } // namespace
@@ -204,16 +197,19 @@ int scan(const Options& options)
         complain(obstacle);
         return kExitExportFailed;
     }
+    ComPtr<ISatListManager> satellites;
+    if (options.mode != ScanMode::CurrentTransponder)
+        satellites = openSatelliteList(registry);
+    if (!checkSatellite(options, satellites.get()))
+        return kExitWrongUsage;
 
     DriverSession session;
-    if (!openDriver(options, registry, list, session))
+    if (!openDriver(options, registry, list, satellites.get(), session))
         return kExitWrongUsage;
 
     NetworkMap model;
     cancelOnInterrupt();
-    const ReadOutcome outcome = read(options, session, model);
-    if (const char* const reason = reasonFor(outcome))
-        complain(std::string("nothing was stored: ") + reason);
+    reportMissing(options, runScan(options, session, satellites.get(), model));
     session.close();
 
     const std::string exportProblem = exportTo(options.exportDb, model);

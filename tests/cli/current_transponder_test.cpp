@@ -85,8 +85,10 @@ TEST(ShellTool, printsTheTreeOfACaptureAndItsProgressApart)
     const Outcome run = tool.run({capture, "--tables", "pat,pmt,nit,sdt"});
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(run.out, kTree);
-    EXPECT_EQ(run.err, "Got SI tables\nGot 1 PAT sections\nGot 1 NIT sections\n"
-                       "Got 1 SDT sections\nGot 1 PMT section(s) for SID 1001\n");
+    EXPECT_EQ(
+        run.err,
+        "Scanning current transponder\nGot SI tables\nGot 1 PAT sections\nGot 1 NIT sections\n"
+        "Got 1 SDT sections\nGot 1 PMT section(s) for SID 1001\n");
     const Outcome quiet = tool.run({"--quiet", "--format", "none", capture});
     EXPECT_EQ(quiet.status, 0);
     EXPECT_THAT(quiet.out + quiet.err, IsEmpty());
@@ -104,7 +106,7 @@ TEST(ShellTool, printsTheSameTreeAsJson)
 {
     const ShellTool tool;
     const Outcome run = tool.run({"--quiet", "--tables", "pat,pmt,nit,sdt", "--format", "json",
-                              tool.file("hill.ts", wholeStream())});
+                                  tool.file("hill.ts", wholeStream())});
     std::string labels;
     appendLabels(labels, nlohmann::json::parse(run.out), 0);
     EXPECT_EQ(labels, kTree);

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "acquisition/scan_progress.h"
+#include "log/output.h"
+
+#include <array>
+#include <cstddef>
+#include <ostream>
+#include <string>
+#include <string_view>
+
+namespace tessaview {
+
+/// Shows a scan while it runs: the lines for the user, and how far it has come. On a terminal that
+/// is one line below the others, which is written anew and gone in the end; elsewhere it is a line
+/// each. Installed as the output sink as long as it lives.
+class ProgressDisplay final : public OutputSink, public ScanProgress {
+public:
+    /// `columns` is the width of the terminal; 0: `out` is none.
+    ProgressDisplay(std::ostream& out, std::size_t columns);
+    ProgressDisplay(const ProgressDisplay&) = delete;
+    ProgressDisplay& operator=(const ProgressDisplay&) = delete;
+    ~ProgressDisplay();
+
+    void print(std::string_view line) override;
+    void clear() override {}
+    void show(ScanLevel level, std::size_t number, std::size_t total) override;
+    void askForSatellite() override;
+
+private:
+    void drawStatus();
+    void eraseStatus();
+
+    std::ostream& out_;
+    std::size_t columns_;
+    std::array<std::string, kScanLevelCount> levels_;
+    bool isStatusShown_ = false;
+};
+
+/// A scan that nobody watches.
+class NoProgress final : public ScanProgress {
+public:
+    void show(ScanLevel, std::size_t, std::size_t) override {}
+    void askForSatellite() override {}
+};
+
+/// The width of the terminal that standard error is; 0 when it is none.
+std::size_t standardErrorColumns();
+
+} // namespace tessaview
