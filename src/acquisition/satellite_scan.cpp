@@ -57,7 +57,7 @@ void Scanner::ScanAllSatellites()
     for (const auto& satellite : Items(satellites.get())) {
         if (cancelled_)
             return;
-        progress_.show(ScanLevel::Satellite, ++number, total);
+        progress_.reached(ScanLevel::Satellite, ++number, total);
         std::string name;
         if (failed(satelliteName(*satellite.get(), name)))
             continue;
@@ -85,7 +85,7 @@ Scanner::SatelliteEnd Scanner::scanTransponders(ISatellite& satellite, const std
     for (const auto& transponder : Items(transponders.get())) {
         if (cancelled_)
             return SatelliteEnd::Cancelled;
-        progress_.show(ScanLevel::NitEntry, ++number, total);
+        progress_.reached(ScanLevel::NitEntry, ++number, total);
         scanTransponder(*transponder.get(), name);
     }
     return cancelled_ ? SatelliteEnd::Cancelled : SatelliteEnd::Scanned;

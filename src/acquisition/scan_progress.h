@@ -20,8 +20,9 @@ std::string scanProgressText(std::size_t number, std::size_t total);
 
 /// Follows a scan; called on its thread.
 struct ScanProgress {
-    /// `number` counts from 1; what the satellite list says about `total` may be wrong.
-    virtual void show(ScanLevel level, std::size_t number, std::size_t total) = 0;
+    /// The scan turns to the `number`th of `total`, from 1; what the satellite list says about
+    /// `total` may be wrong.
+    virtual void reached(ScanLevel level, std::size_t number, std::size_t total) = 0;
     /// A scan of one satellite was started without one: "You must select a satellite to scan".
     virtual void askForSatellite() = 0;
 

@@ -143,7 +143,7 @@ void Scanner::ScanNetwork(const NitMap& networks, const std::string& satellite)
     const NitSections& sections = networks.begin()->second;
     std::size_t number = 0;
     for (const auto& [section_number, nit] : sections) {
-        progress_.show(ScanLevel::NitSection, ++number, sections.size());
+        progress_.reached(ScanLevel::NitSection, ++number, sections.size());
         if (!scanSection(nit, type, satellite))
             return;
     }
@@ -159,7 +159,7 @@ bool Scanner::scanSection(const lib13818::Nit& nit, TunerType type, const std::s
     for (const auto& entry : nit.transportStreams) {
         if (cancelled_)
             return false;
-        progress_.show(ScanLevel::TransportStream, ++number, total);
+        progress_.reached(ScanLevel::TransportStream, ++number, total);
         if (!isKnown(type)) {
             summary_.add({.satellite = satellite}, UnstoredReason::UnknownTuner);
             return false;

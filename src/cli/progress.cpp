@@ -36,7 +36,7 @@ void ProgressDisplay::print(std::string_view line)
         drawStatus();
 }
 
-void ProgressDisplay::show(ScanLevel level, std::size_t number, std::size_t total)
+void ProgressDisplay::reached(ScanLevel level, std::size_t number, std::size_t total)
 {
     const auto index = static_cast<std::size_t>(level);
     levels_[index] = std::string(kLevelNames[index]).append(" ") + scanProgressText(number, total);

@@ -24,7 +24,7 @@ public:
 
     void print(std::string_view line) override;
     void clear() override {}
-    void show(ScanLevel level, std::size_t number, std::size_t total) override;
+    void reached(ScanLevel level, std::size_t number, std::size_t total) override;
     void askForSatellite() override;
 
 private:
@@ -40,7 +40,7 @@ private:
 /// A scan that nobody watches.
 class NoProgress final : public ScanProgress {
 public:
-    void show(ScanLevel, std::size_t, std::size_t) override {}
+    void reached(ScanLevel, std::size_t, std::size_t) override {}
     void askForSatellite() override {}
 };
 

@@ -25,7 +25,7 @@ using State = ScanController::State;
 /// What arrives at the window's thread.
 class Window : public ScanEvents {
 public:
-    void show(ScanLevel, std::size_t, std::size_t) override { ++steps; }
+    void reached(ScanLevel, std::size_t, std::size_t) override { ++steps; }
     void askForSatellite() override { ++questions; }
     void tunerKnown() override { arrive(openings_); }
     void scanFinished() override { arrive(scans_); }

@@ -63,7 +63,7 @@ Bytes damaged(Bytes section)
 
 class ProgressRecorder : public ScanProgress {
 public:
-    void show(ScanLevel level, std::size_t number, std::size_t total) override
+    void reached(ScanLevel level, std::size_t number, std::size_t total) override
     {
         constexpr std::array<const char*, kScanLevelCount> names{"satellite", "entry", "section",
                                                                  "stream"};

@@ -1,0 +1,297 @@
+#include "ui/si_reading/si_reading_dlg.h"
+
+#include "satlist/list_access.h"
+#include "ui/text.h"
+#include "ui/window_handle.h"
+
+#include <algorithm>
+#include <system_error>
+
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QProgressBar>
+#include <QPushButton>
+
+namespace tessaview {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+/// How long the dialog waits to be seen for a driver to tell its tuner.
+constexpr auto kPatience = 300ms;
+
+/// The controls of a level, from the top of the dialog.
+struct LevelRow {
+    ScanLevel level;
+    const char* text;
+    int label;
+    int box;
+};
+constexpr std::array<LevelRow, kScanLevelCount> kLevelRows{{
+    {ScanLevel::Satellite, "Scanning satellite:", 1035, 1036},
+    {ScanLevel::NitEntry, "NIT entry", 1038, 1037},
+    {ScanLevel::NitSection, "NIT section", 1041, 1042},
+    {ScanLevel::TransportStream, "Transport Stream", 1039, 1040},
+}};
+constexpr int kSatelliteLabel = 1043;
+constexpr int kSatelliteList = 1032;
+constexpr int kStartButton = 1011;
+constexpr int kCloseButton = 1;
+
+template <class Widget>
+Widget* withId(int id, Widget* widget)
+{
+    widget->setObjectName(QString::number(id));
+    return widget;
+}
+
+/// A label in the first column, and what it names in the second.
+QLabel* addRow(QGridLayout& grid, const char* text, int labelId, QWidget* field)
+{
+    auto* const label = withId(labelId, new QLabel(text));
+    label->setBuddy(field);
+    QString name(text);
+    field->setAccessibleName(name.remove(':'));
+    const int row = grid.rowCount();
+    grid.addWidget(label, row, 0);
+    grid.addWidget(field, row, 1);
+    return label;
+}
+
+void showMessage(QWidget* parent, const QString& text)
+{
+    auto* const box =
+        new QMessageBox(QMessageBox::Warning, "Tessaview 3", text, QMessageBox::Ok, parent);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->open(); // nobody waits for it, so that a scan that ends meanwhile is seen to
+}
+
+} // namespace
+
+CSiReadingDlg::CSiReadingDlg(QWidget* parent, NetworkMap& model, ScanMode mode, IDriverInfo* driver,
+                             ISatListManager* satellites)
+    : QDialog(parent)
+    , controller_({.driver = driver,
+                   .satellites = satellites,
+                   .model = &model,
+                   .owner = tessaview::windowHandle(this)},
+                  mode, *this)
+{
+    build();
+    listSatellites(satellites);
+    switchOffByMode();
+    if (controller_.openedWithin(kPatience))
+        takeTuner();
+    showState();
+}
+
+CSiReadingDlg::~CSiReadingDlg()
+{
+    // The worker may be waiting for this thread to print a line.
+    controller_.requestClose();
+    while (controller_.isBusy())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+}
+
+void CSiReadingDlg::build()
+{
+    setWindowTitle("SI Reading");
+    auto* const grid = new QGridLayout;
+    grid->setColumnStretch(1, 1);
+    satellite_ = withId(kSatelliteList, new QComboBox);
+    satellite_->setMinimumContentsLength(30);
+    satelliteLabel_ = addRow(*grid, "Satellite:", kSatelliteLabel, satellite_);
+    for (const LevelRow& row : kLevelRows) {
+        auto* const box = withId(row.box, new QLineEdit);
+        box->setReadOnly(true);
+        levelOf(row.level) = {.label = addRow(*grid, row.text, row.label, box), .box = box};
+    }
+
+    start_ = withId(kStartButton, new QPushButton("Start"));
+    start_->setDefault(true);
+    close_ = withId(kCloseButton, new QPushButton("Close"));
+    close_->setAutoDefault(false);
+    connect(start_, &QPushButton::clicked, this, &CSiReadingDlg::startOrCancel);
+    connect(close_, &QPushButton::clicked, this, &CSiReadingDlg::accept);
+    activity_ = new QProgressBar;
+    activity_->setAccessibleName("Activity");
+    activity_->setTextVisible(false);
+    activity_->setRange(0, 0);
+    activity_->setMaximumHeight(6);
+    QSizePolicy policy = activity_->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    activity_->setSizePolicy(policy);
+
+    auto* const buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(start_);
+    buttons->addWidget(close_);
+    auto* const layout = new QVBoxLayout(this);
+    layout->addLayout(grid);
+    layout->addWidget(activity_);
+    layout->addStretch();
+    layout->addLayout(buttons);
+    start_->setFocus();
+}
+
+void CSiReadingDlg::listSatellites(ISatListManager* satellites)
+{
+    for (const std::string& name : satelliteNames(satellites, true))
+        satellite_->addItem(toQString(name));
+    satellite_->setCurrentIndex(-1);
+}
+
+void CSiReadingDlg::switchOff(ScanLevel level, bool isNotApplicable)
+{
+    const Level& controls = levelOf(level);
+    controls.label->setEnabled(false);
+    controls.box->setEnabled(false);
+    if (isNotApplicable)
+        controls.box->setText("N/A");
+}
+
+void CSiReadingDlg::switchOffByMode()
+{
+    const ScanMode mode = controller_.mode();
+    if (mode != ScanMode::AllSatellites)
+        switchOff(ScanLevel::Satellite, true);
+    if (mode == ScanMode::CurrentTransponder || mode == ScanMode::CurrentNit)
+        switchOff(ScanLevel::NitEntry, false);
+    if (mode == ScanMode::CurrentTransponder) {
+        switchOff(ScanLevel::NitSection, true);
+        switchOff(ScanLevel::TransportStream, true);
+    } else if (mode == ScanMode::CurrentNit) {
+        levelOf(ScanLevel::NitSection).box->setText("N/A");
+    }
+    if (mode != ScanMode::SingleSatellite)
+        satellite_->setEnabled(false);
+}
+
+/// The driver has told what kind of tuner it has, and where that looks.
+void CSiReadingDlg::takeTuner()
+{
+    const TunerNow& tuner = controller_.tuner();
+    if (!tuner.isSatellite()) {
+        switchOff(ScanLevel::Satellite, false);
+        switchOff(ScanLevel::NitEntry, false);
+        satellite_->setEnabled(false);
+        satelliteLabel_->setEnabled(false);
+    } else if (!tuner.satellite.empty() && satellite_->currentIndex() < 0) {
+        satellite_->setCurrentIndex(
+            satellite_->findText(toQString(tuner.satellite), Qt::MatchFixedString));
+    }
+}
+
+void CSiReadingDlg::startOrCancel()
+{
+    if (controller_.state() == ScanController::State::Idle) {
+        std::optional<std::string> chosen;
+        if (satellite_->currentIndex() >= 0)
+            chosen = satellite_->currentText().toStdString();
+        try {
+            controller_.start(std::move(chosen));
+        } catch (const std::system_error&) {
+            showMessage(this, "Failed to create thread");
+        }
+    } else {
+        controller_.cancel();
+    }
+    showState();
+}
+
+void CSiReadingDlg::reached(ScanLevel level, std::size_t number, std::size_t total)
+{
+    const std::lock_guard lock(stepsMutex_);
+    const bool isOnItsWay = std::any_of(steps_.begin(), steps_.end(),
+                                        [](const auto& step) { return step.has_value(); });
+    steps_[static_cast<std::size_t>(level)] = {.number = number, .total = total};
+    if (!isOnItsWay)
+        QMetaObject::invokeMethod(this, &CSiReadingDlg::takeSteps, Qt::QueuedConnection);
+}
+
+void CSiReadingDlg::askForSatellite()
+{
+    QMetaObject::invokeMethod(
+        this, [this] { showMessage(this, "You must select a satellite to scan"); },
+        Qt::QueuedConnection);
+}
+
+void CSiReadingDlg::tunerKnown()
+{
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (controller_.completeOpening())
+                takeTuner();
+            showState();
+        },
+        Qt::QueuedConnection);
+}
+
+void CSiReadingDlg::scanFinished()
+{
+    QMetaObject::invokeMethod(this, &CSiReadingDlg::takeEnd, Qt::QueuedConnection);
+}
+
+void CSiReadingDlg::takeSteps()
+{
+    std::array<std::optional<Step>, kScanLevelCount> steps;
+    {
+        const std::lock_guard lock(stepsMutex_);
+        std::swap(steps, steps_);
+    }
+    for (std::size_t i = 0; i < steps.size(); ++i)
+        if (steps[i])
+            levels_[i].box->setText(toQString(scanProgressText(steps[i]->number, steps[i]->total)));
+}
+
+void CSiReadingDlg::takeEnd()
+{
+    controller_.completeScan();
+    showState();
+    if (!focusWidget())
+        start_->setFocus();
+}
+
+void CSiReadingDlg::leave()
+{
+    controller_.requestClose();
+    showState();
+}
+
+/// Shows the state of the controller, and goes when that was asked for and may be.
+void CSiReadingDlg::showState()
+{
+    using State = ScanController::State;
+    const State state = controller_.state();
+    const bool isLeaving = controller_.isCloseRequested();
+    if (isLeaving && state == State::Idle) {
+        done(controller_.endsWithOk() ? Accepted : Rejected);
+        return;
+    }
+    const bool isIdle = state == State::Idle;
+    start_->setText(state == State::Scanning || state == State::Cancelling ? "Cancel" : "Start");
+    start_->setEnabled(isIdle || state == State::Scanning);
+    close_->setEnabled(isIdle || (state == State::Opening && !isLeaving));
+    activity_->setVisible(!isIdle);
+}
+
+bool runSiReading(QWidget* parent, NetworkMap& model, ScanMode mode, IDriverInfo* driver,
+                  ISatListManager* satellites)
+{
+    try {
+        CSiReadingDlg dialog(parent, model, mode, driver, satellites);
+        return dialog.exec() == QDialog::Accepted;
+    } catch (const std::system_error&) {
+        showMessage(parent, "Failed to create thread");
+        return false;
+    }
+}
+
+} // namespace tessaview

@@ -1,0 +1,84 @@
+#pragma once
+
+#include "acquisition/scan_controller.h"
+
+#include <array>
+#include <mutex>
+#include <optional>
+
+#include <QDialog>
+
+class QComboBox;
+class QGridLayout;
+class QLabel;
+class QLineEdit;
+class QProgressBar;
+class QPushButton;
+
+namespace tessaview {
+
+/// "SI Reading": scans and shows how far it has come. The worker's news reach it as queued calls.
+///
+/// However the user closes it, it goes only when nothing is under way any more: a scan is
+/// cancelled first. It then ends with OK, or with Cancel when the last scan was cancelled.
+class CSiReadingDlg : public QDialog, private ScanEvents {
+    Q_OBJECT
+
+public:
+    /// The driver and the list, which may be null, are shared; the model must outlive this.
+    /// Throws std::system_error when there can be no thread.
+    CSiReadingDlg(QWidget* parent, NetworkMap& model, ScanMode mode, IDriverInfo* driver,
+                  ISatListManager* satellites);
+    /// Waits until nothing is under way, without keeping the windows from being served.
+    ~CSiReadingDlg() override;
+
+    void accept() override { leave(); }
+    void reject() override { leave(); }
+
+private:
+    /// A level's label and box.
+    struct Level {
+        QLabel* label = nullptr;
+        QLineEdit* box = nullptr;
+    };
+    struct Step {
+        std::size_t number;
+        std::size_t total;
+    };
+
+    // Called on the worker's thread.
+    void reached(ScanLevel level, std::size_t number, std::size_t total) override;
+    void askForSatellite() override;
+    void tunerKnown() override;
+    void scanFinished() override;
+
+    void build();
+    void listSatellites(ISatListManager* satellites);
+    Level& levelOf(ScanLevel level) { return levels_[static_cast<std::size_t>(level)]; }
+    void switchOff(ScanLevel level, bool isNotApplicable);
+    void switchOffByMode();
+
+    void takeTuner();
+    void startOrCancel();
+    void takeSteps();
+    void takeEnd();
+    void leave();
+    void showState();
+
+    QLabel* satelliteLabel_ = nullptr;
+    QComboBox* satellite_ = nullptr;
+    std::array<Level, kScanLevelCount> levels_{};
+    QPushButton* start_ = nullptr;
+    QPushButton* close_ = nullptr;
+    QProgressBar* activity_ = nullptr;
+
+    std::mutex stepsMutex_;
+    std::array<std::optional<Step>, kScanLevelCount> steps_; ///< those not shown yet
+    ScanController controller_; ///< last: its threads use what stands above
+};
+
+/// Runs the dialog; true when it ended with OK.
+bool runSiReading(QWidget* parent, NetworkMap& model, ScanMode mode, IDriverInfo* driver,
+                  ISatListManager* satellites);
+
+} // namespace tessaview
