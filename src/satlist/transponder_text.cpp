@@ -1,0 +1,61 @@
+#include "satlist/transponder_text.h"
+
+#include "platform/format.h"
+
+#include <charconv>
+#include <cstdio>
+
+namespace tessaview {
+
+namespace {
+
+template <class Number>
+std::optional<Number> parseWhole(std::string_view text, int base)
+{
+    Number value = 0;
+    const char* const end = text.data() + text.size();
+    const auto [stop, problem] = std::from_chars(text.data(), end, value, base);
+    if (problem != std::errc() || stop != end)
+        return std::nullopt;
+    return value;
+}
+
+char polarizationLetter(std::int32_t polarization)
+{
+    return polarization >= 0 && polarization < 3
+               ? kPolarizationTexts[static_cast<std::size_t>(polarization)][0]
+               : 'R';
+}
+
+} // namespace
+
+std::string transponderLine(const TransponderEntry& entry)
+{
+    return formatted("%04X %04X %c %lu %c", static_cast<unsigned>(entry.nid),
+                     static_cast<unsigned>(entry.tsid), entry.flag > 0 ? 'P' : ' ',
+                     static_cast<unsigned long>(static_cast<std::uint32_t>(entry.frequency)) * 10,
+                     polarizationLetter(entry.polarization));
+}
+
+std::optional<std::pair<std::int32_t, std::int32_t>> keyOfLine(const std::string& line)
+{
+    unsigned nid = 0;
+    unsigned tsid = 0;
+    if (std::sscanf(line.c_str(), "%x %x", &nid, &tsid) != 2)
+        return std::nullopt;
+    return std::pair{static_cast<std::int32_t>(nid), static_cast<std::int32_t>(tsid)};
+}
+
+std::optional<std::int32_t> parseIdentifier(std::string_view typed)
+{
+    if (typed.starts_with("0x") || typed.starts_with("0X"))
+        typed.remove_prefix(2);
+    return parseWhole<std::uint16_t>(typed, 16);
+}
+
+std::optional<std::uint32_t> parseDecimal(std::string_view typed)
+{
+    return parseWhole<std::uint32_t>(typed, 10);
+}
+
+} // namespace tessaview

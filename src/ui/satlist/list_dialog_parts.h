@@ -1,0 +1,41 @@
+#pragma once
+
+#include "component/bstr.h"
+#include "component/status.h"
+
+#include <functional>
+#include <vector>
+
+#include <QPushButton>
+#include <QString>
+#include <QStringList>
+
+class QListWidget;
+
+namespace tessaview {
+
+// What the two dialogs of the satellite list share.
+
+QString toQString(const Bstr& text);
+Bstr toBstr(const QString& text);
+
+/// Names a control after its identifier.
+void identify(QWidget* control, int id);
+
+/// A button that is not pressed by Enter in another control.
+QPushButton* button(const QString& text, int id, QWidget* parent);
+
+/// A list of which several items can be selected.
+QListWidget* itemList(int id, QWidget* parent);
+QStringList selectedTexts(const QListWidget& list);
+/// Replaces the items and leaves the current one at its place in the list.
+void refill(QListWidget& list, const QStringList& texts);
+
+/// Calls `act` for one of the keys while the control has the focus.
+void onKeys(QWidget* control, std::vector<int> keys, std::function<void()> act);
+
+/// Tells what is wrong, and about a failed call its status.
+void warn(QWidget* parent, const QString& text);
+void warn(QWidget* parent, const QString& text, Status status);
+
+} // namespace tessaview
