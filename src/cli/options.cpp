@@ -116,6 +116,10 @@ ParsedOptions parseOptions(int argc, const char* const* argv)
                    "Write the log to this file instead of the one beside the program")
         ->option_text("FILE");
     app.add_flag("--quiet", options.quiet, "No progress lines on standard error");
+    app.add_option("--import-scan-table", options.scanTables,
+                   "Add the transponders of initial tuning files to the satellite list, those of "
+                   "a file to the satellite it is named after")
+        ->option_text("FILE...");
 
     try {
         app.parse(argc, argv);

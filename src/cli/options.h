@@ -31,6 +31,10 @@ struct Options {
     std::string exportDb;   ///< the file of a new database; empty for none
     std::string log;
     bool quiet = false;
+    std::vector<std::string> scanTables; ///< initial tuning files to import
+
+    /// Whether there is something to do after an import.
+    bool asksForStreams() const { return listDrivers || !captures.empty() || !driver.empty(); }
 };
 
 struct ParsedOptions {

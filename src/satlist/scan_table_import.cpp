@@ -141,8 +141,8 @@ std::string ImportReport::summary() const
     std::string text =
         "Imported " + counted(added, "transponder") + " from " + counted(filesUsed, "file");
     if (alreadyThere > 0)
-        text += "; " + std::to_string(alreadyThere) + (alreadyThere == 1 ? " was" : " were") +
-                " in the list already";
+        text += "; " + std::to_string(alreadyThere) +
+                " more had the frequency and polarization of one in the list";
     return text + ".";
 }
 

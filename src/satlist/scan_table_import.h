@@ -17,7 +17,8 @@ struct ImportReport {
     std::size_t alreadyThere = 0;      ///< those whose frequency and polarization were there
     std::vector<std::string> problems; ///< "FILE:LINE: what is wrong", or "FILE: ..."
 
-    /// "Imported 12 transponders from 1 file; 3 were in the list already."
+    /// "Imported 12 transponders from 1 file; 3 more had the frequency and polarization of one in
+    /// the list."
     std::string summary() const;
 };
 

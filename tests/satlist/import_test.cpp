@@ -144,7 +144,8 @@ TEST_F(Imported, transpondersGetFreeKeysAndAreNotDoubled)
                                             "S 10992000 V 27500000\nS 10992000 V 1000000\n");
     const auto other = file("New-1.0W.conf", "S 11000000 H 27500000\n");
     EXPECT_EQ(import({path, other}).summary(),
-              "Imported 3 transponders from 2 files; 2 were in the list already.");
+              "Imported 3 transponders from 2 files; 2 more had the frequency and "
+              "polarization of one in the list.");
     EXPECT_THAT(manager_.transponders("Hotbird 13.0E"),
                 ElementsAre(TransponderEntry{0, 2, 1071900, 1, 275000, 3, 0},
                             TransponderEntry{0x13E, 1, 1093000, 0, 275000, 3, 0},
