@@ -21,6 +21,11 @@ CExportProgressDlg::CExportProgressDlg(QWidget* parent, const NetworkMap& model,
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(24, 24, 24, 24);
     layout->addWidget(new QLabel("Exporting to database. Please wait..."));
+    // Queued, so that a message stands over the open dialog.
+    connect(this, &CExportProgressDlg::shown, this, &CExportProgressDlg::start,
+            Qt::QueuedConnection);
+    connect(this, &CExportProgressDlg::workerEnded, this, &CExportProgressDlg::finish,
+            Qt::QueuedConnection);
 }
 
 void CExportProgressDlg::reject()
@@ -32,9 +37,8 @@ void CExportProgressDlg::reject()
 void CExportProgressDlg::showEvent(QShowEvent* event)
 {
     QDialog::showEvent(event);
-    // Queued, so that a message stands over the open dialog.
     if (!event->spontaneous())
-        QMetaObject::invokeMethod(this, &CExportProgressDlg::start, Qt::QueuedConnection);
+        emit shown();
 }
 
 std::jthread CExportProgressDlg::startThread(std::function<void()> work)
@@ -47,7 +51,7 @@ void CExportProgressDlg::start()
     try {
         worker_ = startThread([this] {
             failure_ = exportDatabase(model_, file_);
-            QMetaObject::invokeMethod(this, &CExportProgressDlg::finish, Qt::QueuedConnection);
+            emit workerEnded();
         });
     } catch (const std::system_error&) {
         showExportMessage(this, "Failed to create thread");

@@ -23,6 +23,10 @@ public:
 
     void reject() override;
 
+signals:
+    void shown();
+    void workerEnded(); ///< from the worker
+
 protected:
     void showEvent(QShowEvent* event) override;
     /// Throws std::system_error when there can be no thread.
