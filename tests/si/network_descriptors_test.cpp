@@ -20,6 +20,9 @@ TEST(DeliveryDescriptors, readTheirDecimalDigits)
     EXPECT_EQ(satellite.modulation, 1);
     EXPECT_EQ(satellite.symbol_rate, 27.5);
     EXPECT_EQ(satellite.FEC_inner, 3);
+    EXPECT_STREQ(satellite.polarizationText(), "circular - horizontal");
+    EXPECT_STREQ(satellite.modulationText(), "QPSK");
+    EXPECT_STREQ(satellite.FECInnerText(), "3/4");
 
     const auto cable =
         decode<DescriptorCableDeliverySystem>("44 0B 03 46 00 00 FF F2 05 00 69 00 03");

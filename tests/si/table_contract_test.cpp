@@ -10,7 +10,7 @@
 #include "si/tot.h"
 #include "tests/support/section_cases.h"
 
-#include <algorithm>
+#include <optional>
 
 // What every table class keeps to: which sections it takes, and what clear and a failure leave.
 

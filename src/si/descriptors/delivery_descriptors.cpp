@@ -1,7 +1,7 @@
 #include "si/descriptors/delivery_descriptors.h"
 
 #include "si/dump.h"
-#include "si/error.h"
+#include "si/texts/value_texts.h"
 
 namespace lib13818 {
 
@@ -44,6 +44,21 @@ void DescriptorSatelliteDeliverySystem::dumpBody(std::ostream& out) const
     line(out, "modulation ", modulation);
     line(out, "symbol_rate ", symbol_rate);
     line(out, "FEC_inner ", FEC_inner);
+}
+
+const char* DescriptorSatelliteDeliverySystem::polarizationText() const
+{
+    return lib13818::polarizationText(polarization);
+}
+
+const char* DescriptorSatelliteDeliverySystem::modulationText() const
+{
+    return satelliteModulationText(modulation);
+}
+
+const char* DescriptorSatelliteDeliverySystem::FECInnerText() const
+{
+    return fecInnerText(FEC_inner);
 }
 
 DescriptorCableDeliverySystem::DescriptorCableDeliverySystem(DescriptorReader in)

@@ -16,6 +16,10 @@ public:
     /// Leaves the stream in decimal.
     void dumpBody(std::ostream& out) const override;
 
+    const char* polarizationText() const;
+    const char* modulationText() const;
+    const char* FECInnerText() const;
+
     double frequency;        ///< GHz
     double orbital_position; ///< degrees
     int west_east_flag;      ///< 1 = east
