@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <iconv.h>
 #include <map>
 #include <memory>
@@ -21,8 +22,9 @@ using Converter = std::unique_ptr<std::remove_pointer_t<iconv_t>, ConverterClose
 
 Converter openConverter(const char* encoding)
 {
-    const iconv_t converter = iconv_open("UTF-32LE", encoding);
-    return Converter(converter == reinterpret_cast<iconv_t>(-1) ? nullptr : converter);
+    iconv_t converter = iconv_open("UTF-32LE", encoding);
+    const bool isUnknown = reinterpret_cast<std::intptr_t>(converter) == -1;
+    return Converter(isUnknown ? nullptr : converter);
 }
 
 /// Stands for what a converter stopped at, and gives how many bytes that is. A control code of a
@@ -38,10 +40,12 @@ std::size_t appendUnread(std::u32string& out, std::string_view rest, bool isTwoB
 
 std::u32string converted(std::string_view text, const char* encoding, bool isTwoByte)
 {
-    const Converter converter = openConverter(encoding);
-    if (!converter)
-        return std::u32string(text.size(), kReplacement);
     std::u32string out;
+    const Converter converter = openConverter(encoding);
+    if (!converter) {
+        out.assign(text.size(), kReplacement);
+        return out;
+    }
     std::string input(text);
     char* from = input.data();
     std::size_t left = input.size();
