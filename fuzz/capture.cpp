@@ -34,13 +34,14 @@ private:
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size)
 {
     const MemoryFile file({data, size});
-    auto collectors = fuzz::everyCollector();
+    tessaview::SectionBudget budget(tessaview::kCollectedBytes);
+    auto collectors = fuzz::everyCollector(budget);
     tessaview::Demultiplexer demultiplexer;
     for (const auto& collector : collectors)
         demultiplexer.select(collector.pid());
     try {
         tessaview::PacketFile packets(file.path());
-        demultiplexer.run(packets, [&](int pid, std::span<const uint8_t> section) {
+        demultiplexer.run(packets, [&](std::uint32_t pid, std::span<const uint8_t> section) {
             fuzz::require(section.size() >= 3 &&
                           section.size() == lib13818::sectionSize(section.data()));
             for (auto& collector : collectors)

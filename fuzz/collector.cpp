@@ -7,7 +7,8 @@
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size)
 {
     std::span<const uint8_t> input(data, size);
-    auto collectors = fuzz::everyCollector();
+    tessaview::SectionBudget budget(tessaview::kCollectedBytes);
+    auto collectors = fuzz::everyCollector(budget);
     while (input.size() >= 4) {
         const bool isDamaged = (input[0] & 0x80) != 0;
         input = input.subspan(1);

@@ -7,7 +7,7 @@
 namespace fuzz {
 
 /// A collector for a request of every kind that the explorer makes.
-inline std::vector<tessaview::SectionCollector> everyCollector()
+inline std::vector<tessaview::SectionCollector> everyCollector(tessaview::SectionBudget& budget)
 {
     using tessaview::CollectionMode;
     struct Wanted {
@@ -43,7 +43,8 @@ inline std::vector<tessaview::SectionCollector> everyCollector()
                                     .table_id_extension = 1,
                                     .reserved2 = {},
                                     .reserved3 = {},
-                                    .reserved4 = {}});
+                                    .reserved4 = {}},
+            budget);
     return collectors;
 }
 
