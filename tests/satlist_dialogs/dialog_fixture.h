@@ -18,18 +18,6 @@ namespace test {
 /// A list manager, and the modal windows that open meanwhile: message boxes are read and closed,
 /// dialogs handed to the test.
 class DialogTest : public testing::Test {
-public:
-    static void SetUpTestSuite()
-    {
-        if (qApp)
-            return;
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-        static int argc = 1;
-        static char name[] = "tests";
-        static char* argv[] = {name, nullptr};
-        new QApplication(argc, argv); // lives as long as the process
-    }
-
 protected:
     DialogTest()
     {

@@ -62,7 +62,7 @@ void SatelliteListDialog::build()
     connect(end, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(end, &QDialogButtonBox::rejected, this, &QDialog::reject);
     rows->addWidget(end);
-    resize(640, 420);
+    resize(720, 440);
 }
 
 QWidget* SatelliteListDialog::buildLists()

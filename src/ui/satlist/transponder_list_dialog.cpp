@@ -91,7 +91,7 @@ void TransponderListDialog::build()
     identify(end->button(QDialogButtonBox::Ok), kOk);
     connect(end, &QDialogButtonBox::accepted, this, &QDialog::accept);
     rows->addWidget(end);
-    resize(620, 400);
+    resize(660, 400);
 }
 
 QWidget* TransponderListDialog::buildList()
@@ -116,11 +116,11 @@ QWidget* TransponderListDialog::buildList()
 QWidget* TransponderListDialog::buildForm()
 {
     auto* const right = new QWidget;
-    nid_ = field(kNid, "13E");
-    tsid_ = field(kTsid, "2B5C");
-    frequency_ = field(kFrequency, "10719000");
+    nid_ = field(kNid, "such as 13E");
+    tsid_ = field(kTsid, "such as 2B5C");
+    frequency_ = field(kFrequency, "such as 10719000");
     polarization_ = choice(kPolarization, kPolarizationTexts);
-    symbolRate_ = field(kSymbolRate, "27500000");
+    symbolRate_ = field(kSymbolRate, "such as 27500000");
     symbolRate_->setToolTip(QStringLiteral("In symbols per second: 27500000 for 27.5 MS/s"));
     fec_ = choice(kFec, kFecTexts);
     auto* const form = new QFormLayout(right);
