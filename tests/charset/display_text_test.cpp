@@ -97,7 +97,7 @@ TEST(DisplayText, sendsNoControlCodeOn)
         {"\x12\xB0\xA1\xE0\x8A\xB0\xA1"sv, "가 가"},
         {"\x15\xEE\x82\x8A\xC2\x86x"sv, " x"},
         {"a\0b\x7F\x9B"sv, "a\u2400b\u2421\uFFFD"},
-        {"\x15\xE2\x80\xAE"sv, "\uFFFD"}, // turns the text around
+        {"\x15\xE2\x80\x8F"sv, "\uFFFD"}, // a mark that turns text around
     });
 }
 
