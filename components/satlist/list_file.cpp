@@ -33,23 +33,23 @@ Status readListFile(const std::filesystem::path& file, StoredList& list)
     return status::kOk;
 }
 
-Status writeListFile(const std::filesystem::path& given, const StoredList& base,
+Status writeListFile(const std::filesystem::path& file, const StoredList& base,
                      const StoredList& mine, StoredList& written)
 {
     try {
-        const std::filesystem::path file = resolvedFile(given);
+        const std::filesystem::path target = resolvedFile(file);
         std::error_code ignored; // without the folder the lock fails
-        std::filesystem::create_directories(file.parent_path(), ignored);
-        const FileLock lock(file, kFileMode);
+        std::filesystem::create_directories(target.parent_path(), ignored);
+        const FileLock lock(target, kFileMode);
         StoredList theirs;
-        const Status result = readListFile(file, theirs);
+        const Status result = readListFile(target, theirs);
         StoredList joined = failed(result) ? mine : merged(base, mine, theirs);
         const std::string xml = toXml(joined);
         if (xml.size() > kMaxListBytes)
             return status::kInvalidArgument;
         if (failed(result) && result != status::kNotFound)
-            setFileAside(file);
-        replaceFile(file, xml, kFileMode);
+            setFileAside(target);
+        replaceFile(target, xml, kFileMode);
         written = std::move(joined);
         return status::kOk;
     } catch (const SettingsError&) {

@@ -3,6 +3,7 @@
 #include "component/bstr.h"
 #include "platform/format.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cstring>
@@ -95,10 +96,9 @@ void writeFields(pugi::xml_node node, const std::array<Field<Record>, N>& fields
 template <class Record, std::size_t N>
 bool isKnown(const char* attribute, const std::array<Field<Record>, N>& fields)
 {
-    for (const Field<Record>& field : fields)
-        if (std::strcmp(field.attribute, attribute) == 0)
-            return true;
-    return false;
+    return std::any_of(fields.begin(), fields.end(), [&](const Field<Record>& field) {
+        return std::strcmp(field.attribute, attribute) == 0;
+    });
 }
 
 template <class IsKnown>

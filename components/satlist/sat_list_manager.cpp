@@ -3,6 +3,7 @@
 #include "component/bstr.h"
 #include "components/satlist/list_file.h"
 #include "components/satlist/list_merge.h"
+#include "components/satlist/new_object.h"
 #include "components/satlist/satellite.h"
 #include "components/satlist/snapshot_enumerator.h"
 
@@ -37,7 +38,7 @@ Status SatListManager::EnumSatellites(std::int32_t /*one*/, std::int32_t selecte
                          std::back_inserter(snapshot),
                          [&](const auto& each) { return !selectedOnly || each.selected; });
         }
-        *out = new SatelliteEnumerator(std::move(snapshot));
+        *out = newObject<SatelliteEnumerator>(std::move(snapshot));
         return status::kOk;
     });
 }
@@ -53,7 +54,7 @@ Status SatListManager::GetSatellite(const char16_t* name, ISatellite** out) noex
         const auto found = findSatellite(list_.satellites, wanted);
         if (found == list_.satellites.end())
             return status::kNotFound;
-        *out = new Satellite(*found);
+        *out = newObject<Satellite>(*found);
         return status::kOk;
     });
 }
@@ -147,7 +148,7 @@ Status SatListManager::CreateSatellite(const char16_t* name, ISatellite** out) n
         // An unpaired surrogate would come back as another character.
         if (!isSatelliteName(created.name) || toUtf16(created.name) != wide)
             return status::kInvalidArgument;
-        *out = new Satellite(std::move(created));
+        *out = newObject<Satellite>(std::move(created));
         return status::kOk;
     });
 }

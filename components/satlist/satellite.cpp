@@ -1,6 +1,7 @@
 #include "components/satlist/satellite.h"
 
 #include "component/bstr.h"
+#include "components/satlist/new_object.h"
 #include "components/satlist/sat_transponder.h"
 #include "components/satlist/snapshot_enumerator.h"
 
@@ -39,7 +40,7 @@ Status Satellite::EnumTransponders(std::int32_t /*purpose*/, IEnumSatTransponder
         return status::kNullPointer;
     *out = nullptr;
     return guarded([&] {
-        *out = new TransponderEnumerator(stored().transponders);
+        *out = newObject<TransponderEnumerator>(stored().transponders);
         return status::kOk;
     });
 }
@@ -113,7 +114,8 @@ Status Satellite::CreateTransponder(std::int32_t nid, std::int32_t tsid,
     if (!isIdentifier(nid) || !isIdentifier(tsid))
         return status::kInvalidArgument;
     return guarded([&] {
-        *out = new SatTransponder({.nid = nid, .tsid = tsid, .foreign = {}});
+        *out =
+            newObject<SatTransponder>(StoredTransponder{.nid = nid, .tsid = tsid, .foreign = {}});
         return status::kOk;
     });
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "components/satlist/new_object.h"
 #include "satlist/satellite_list.h"
 
 #include <atomic>
@@ -29,7 +30,7 @@ public:
             const std::size_t index = next_.fetch_add(1);
             if (index >= values_.size())
                 return status::kFalse;
-            *item = new Object(values_[index]);
+            *item = newObject<Object>(values_[index]);
             if (fetched)
                 *fetched = 1;
             return status::kOk;

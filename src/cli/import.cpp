@@ -1,9 +1,9 @@
 #include "cli/import.h"
 
 #include "cli/complain.h"
+#include "cli/satellites.h"
 #include "component/class_registry.h"
 #include "platform/format.h"
-#include "platform/paths.h"
 #include "satlist/list_storage.h"
 #include "satlist/scan_table_import.h"
 
@@ -12,37 +12,9 @@
 
 namespace tessaview {
 
-namespace {
-
-std::filesystem::path satelliteListFile()
-{
-    return allUsersDataFolder().value_or(userDataFolder()) / kSatelliteListFile;
-}
-
-/// The list as it is saved; null, with a complaint, when there is no manager for it.
-ComPtr<ISatListManager> loadedList(const std::filesystem::path& file)
-{
-    const ClassRegistry registry(componentSearchPath());
-    ComPtr<ISatListManager> manager;
-    std::string why;
-    if (failed(registry.create(kSatListManagerClass, manager, &why))) {
-        complain("the satellite list cannot be used: " + why);
-        return nullptr;
-    }
-    const Status loaded = loadSatelliteList(*manager.get(), file);
-    if (failed(loaded) && loaded != status::kNotFound)
-        complain(file.string() +
-                 " cannot be read as a satellite list; it is set aside for a new one that begins "
-                 "with the built-in satellites");
-    return manager;
-}
-
-} // namespace
-
 int importScanTables(const Options& options)
 {
-    const std::filesystem::path file = satelliteListFile();
-    const auto manager = loadedList(file);
+    const auto manager = openSatelliteList(ClassRegistry(componentSearchPath()));
     if (!manager)
         return kExitWrongUsage;
     const std::vector<std::filesystem::path> tables(options.scanTables.begin(),
@@ -52,6 +24,7 @@ int importScanTables(const Options& options)
         complain(problem);
     if (report.filesUsed == 0)
         return kExitWrongUsage;
+    const std::filesystem::path file = satelliteListFile();
     const Status saved = saveSatelliteList(*manager.get(), file);
     if (failed(saved)) {
         complain(formatted("Failed to save sat list: %08X", statusCode(saved)) + " (" +

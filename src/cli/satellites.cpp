@@ -21,6 +21,11 @@ std::string listed(const std::vector<std::string>& names)
 
 } // namespace
 
+std::filesystem::path satelliteListFile()
+{
+    return allUsersDataFolder().value_or(userDataFolder()) / kSatelliteListFile;
+}
+
 ComPtr<ISatListManager> openSatelliteList(const ClassRegistry& registry)
 {
     ComPtr<ISatListManager> manager;
@@ -29,8 +34,7 @@ ComPtr<ISatListManager> openSatelliteList(const ClassRegistry& registry)
         complain("the satellite list cannot be used: " + why);
         return nullptr;
     }
-    const std::filesystem::path file =
-        allUsersDataFolder().value_or(userDataFolder()) / kSatelliteListFile;
+    const std::filesystem::path file = satelliteListFile();
     const Status loaded = loadSatelliteList(*manager.get(), file);
     if (failed(loaded) && loaded != status::kNotFound)
         complain(file.string() + " cannot be read; the built-in satellite list is used");

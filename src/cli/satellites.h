@@ -4,7 +4,12 @@
 #include "component/class_registry.h"
 #include "satlist/satellite_list.h"
 
+#include <filesystem>
+
 namespace tessaview {
+
+/// Where the satellite list of all users is kept.
+std::filesystem::path satelliteListFile();
 
 /// The satellite list of all users; null when its manager cannot be created. What is wrong is
 /// complained about.

@@ -78,7 +78,7 @@ std::string_view withoutComment(std::string_view line)
 std::string_view nextWord(std::string_view& text)
 {
     text = trimmed(text);
-    const auto end = std::find_if(text.begin(), text.end(), isBlank);
+    const auto* const end = std::find_if(text.begin(), text.end(), isBlank);
     const auto length = static_cast<std::size_t>(end - text.begin());
     const std::string_view word = text.substr(0, length);
     text.remove_prefix(length);
