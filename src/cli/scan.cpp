@@ -169,12 +169,14 @@ void reportMissing(const Options& options, const ScanSummary& summary)
             complain("cancelled; what was read until then is shown");
         return;
     }
-    const char* reason = "there was nothing to scan";
+    std::string reason;
     if (cancelled)
-        reason = "cancelled";
-    else if (!summary.unstored().empty())
-        reason = unstoredReasonText(summary.unstored().begin()->second);
-    complain(std::string("nothing was stored: ") + reason);
+        reason = ": cancelled";
+    else if (summary.empty())
+        reason = ": there was nothing to scan";
+    else if (summary.unstored().size() == 1)
+        reason = std::string(": ") + unstoredReasonText(summary.unstored().begin()->second);
+    complain("nothing was stored" + reason);
 }
 
 } // namespace

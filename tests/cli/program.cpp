@@ -1,10 +1,13 @@
 #include "tests/cli/program.h"
 
+#include <array>
 #include <cerrno>
+#include <csignal>
 #include <fcntl.h>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <system_error>
+#include <unistd.h>
 
 namespace test {
 
@@ -22,6 +25,16 @@ std::vector<char*> pointersTo(std::vector<std::string>& texts)
     return pointers;
 }
 
+/// Waits for a program to end; -1 when a signal ended it.
+int exitStatusOf(pid_t child)
+{
+    int status = 0;
+    while (waitpid(child, &status, 0) < 0)
+        if (errno != EINTR)
+            throw std::system_error(errno, std::generic_category(), "waitpid");
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
 /// Standard streams of a program that is to be started.
 class Redirections {
 public:
@@ -31,6 +44,10 @@ public:
         posix_spawn_file_actions_addopen(&actions_, 0, "/dev/null", O_RDONLY, 0);
         posix_spawn_file_actions_addopen(&actions_, 1, out.c_str(), kWrite, 0600);
         posix_spawn_file_actions_addopen(&actions_, 2, err.c_str(), kWrite, 0600);
+    }
+    Redirections(const std::string& out, int err) : Redirections(out, "/dev/null")
+    {
+        posix_spawn_file_actions_adddup2(&actions_, err, 2);
     }
     Redirections(const Redirections&) = delete;
     Redirections& operator=(const Redirections&) = delete;
@@ -64,10 +81,11 @@ Outcome ShellTool::run(const std::vector<std::string>& arguments) const
     return run;
 }
 
-Outcome ShellTool::runInto(const std::string& output, const std::vector<std::string>& arguments) const
+template <class ErrorOutput>
+pid_t ShellTool::start(const std::string& out, const ErrorOutput& err,
+                       const std::vector<std::string>& arguments) const
 {
-    const std::string err = folder_ / "standard-error";
-    const Redirections redirections(output, err);
+    const Redirections redirections(out, err);
     std::vector<std::string> words{kProgram};
     words.insert(words.end(), arguments.begin(), arguments.end());
     std::vector<std::string> environment = environment_;
@@ -76,12 +94,38 @@ Outcome ShellTool::runInto(const std::string& output, const std::vector<std::str
                                   pointersTo(words).data(), pointersTo(environment).data());
     if (error != 0)
         throw std::system_error(error, std::generic_category(), kProgram);
-    int status = 0;
-    while (waitpid(child, &status, 0) < 0)
-        if (errno != EINTR)
-            throw std::system_error(errno, std::generic_category(), "waitpid");
-    return {
-        .status = WIFEXITED(status) ? WEXITSTATUS(status) : -1, .out = {}, .err = readFile(err)};
+    return child;
+}
+
+Outcome ShellTool::runInto(const std::string& output,
+                           const std::vector<std::string>& arguments) const
+{
+    const std::string err = folder_ / "standard-error";
+    const int status = exitStatusOf(start(output, err, arguments));
+    return {.status = status, .out = {}, .err = readFile(err)};
+}
+
+Outcome ShellTool::runInterrupted(const std::string& text,
+                                  const std::vector<std::string>& arguments) const
+{
+    const std::string out = folder_ / "standard-output";
+    std::array<int, 2> ends{};
+    if (pipe2(ends.data(), O_CLOEXEC) != 0)
+        throw std::system_error(errno, std::generic_category(), "pipe2");
+    const pid_t child = start(out, ends[1], arguments);
+    close(ends[1]);
+    Outcome run;
+    bool isPressed = false;
+    std::array<char, 256> part{};
+    for (ssize_t size = 0; (size = read(ends[0], part.data(), part.size())) > 0;) {
+        run.err.append(part.data(), static_cast<std::size_t>(size));
+        if (!isPressed && run.err.find(text) != std::string::npos)
+            isPressed = kill(child, SIGINT) == 0;
+    }
+    close(ends[0]);
+    run.status = exitStatusOf(child);
+    run.out = readFile(out);
+    return run;
 }
 
 std::string ShellTool::file(const std::string& name, const Bytes& content) const
