@@ -1,0 +1,228 @@
+#pragma once
+
+#include "acquisition/scanner.h"
+#include "tests/acquisition/recorder.h"
+#include "tests/acquisition/scripted_driver.h"
+#include "tests/acquisition/scripted_satellites.h"
+#include "tests/acquisition/task_memory_watch.h"
+#include "tests/multiplex/descriptors.h"
+#include "tests/multiplex/sections.h"
+#include "tests/support/tuning_records.h"
+
+#include <array>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+// A small sky for the tests of scans: a network of three streams, and the lines that a scan of it
+// prints and logs.
+
+namespace test {
+
+using namespace tessaview; // NOLINT(google-build-using-namespace): what is tested
+
+constexpr unsigned kNetwork = 0x0001;
+
+inline ListedStream listed(unsigned stream, std::uint64_t frequency)
+{
+    return {.stream = stream,
+            .network = kNetwork,
+            .descriptors = {test::satelliteDelivery(
+                {.frequency = frequency, .orbitalPosition = 192, .polarization = 1})}};
+}
+
+/// The NIT of network 3001: streams 0001 and 0002, stream 0003 of cable alone, nothing.
+inline std::vector<Bytes> networkSections()
+{
+    const ListedStream cable{.stream = 3,
+                             .network = kNetwork,
+                             .descriptors = {test::cableDelivery({.frequency = 3460000})}};
+    const std::vector<std::vector<ListedStream>> sections{
+        {listed(1, 1110000), listed(2, 1120099)}, {cable}, {}};
+    std::vector<Bytes> out;
+    for (unsigned i = 0; i < sections.size(); ++i)
+        out.push_back(test::nit(0x40, 0x3001, {}, sections[i], {.number = i, .last = 2}));
+    return out;
+}
+
+inline Air streamAir(unsigned stream, std::vector<Bytes> nit = networkSections())
+{
+    return {{{0x0000, 0x00}, {test::pat(stream, {})}},
+            {{0x0010, 0x40}, std::move(nit)},
+            {{0x0011, 0x42}, {test::sdt(0x42, stream, kNetwork, {})}}};
+}
+
+inline Bytes damaged(Bytes section)
+{
+    section.back() ^= 1;
+    return section;
+}
+
+class ProgressRecorder : public ScanProgress {
+public:
+    void reached(ScanLevel level, std::size_t number, std::size_t total) override
+    {
+        constexpr std::array<const char*, kScanLevelCount> names{"satellite", "entry", "section",
+                                                                 "stream"};
+        lines.push_back(names[static_cast<std::size_t>(level)] + std::string(" ") +
+                        scanProgressText(number, total));
+    }
+    void askForSatellite() override { lines.emplace_back("which satellite?"); }
+
+    Lines lines;
+};
+
+struct Scanning : testing::Test {
+    Scanning() { setUpAir(); }
+
+    void setUpAir() const
+    {
+        driver->satellite = "Quay";
+        driver->satelliteTuning = test::satelliteRecord(1099900, 0, 220000, 4);
+        driver->air = streamAir(1);
+        driver->streams = {{1110000, streamAir(1)},
+                           {1120099, streamAir(2)},
+                           {1218700, streamAir(1)},
+                           {1099900, {}}};
+    }
+
+    ScanSummary scan(ScanMode mode, std::optional<std::string> satellite = "Harbour")
+    {
+        ScanContext context{.driver = static_cast<IDriverInfo*>(driver.get()),
+                            .satellites = satellites.get(),
+                            .model = &model,
+                            .selection = TableSelection::fixed(0),
+                            .satellite = std::move(satellite),
+                            .owner = &model};
+        Scanner scanner(context, progress, cancelled);
+        return scanner.run(mode);
+    }
+
+    /// What the tuner was set to: "Harbour 1110000 V".
+    Lines tuned() const
+    {
+        Lines lines;
+        for (const test::TuningCall& call : driver->tunings) {
+            EXPECT_EQ(call.owner, &model);
+            if (const auto* s = std::get_if<SatelliteTuning>(&call.record))
+                lines.push_back(call.satellite + " " + std::to_string(s->frequency));
+            else if (const auto* c = std::get_if<CableTuning>(&call.record))
+                lines.push_back("cable " + std::to_string(c->frequency));
+            else if (const auto* t = std::get_if<TerrestrialTuning>(&call.record))
+                lines.push_back("terrestrial " + std::to_string(t->centre_frequency));
+        }
+        return lines;
+    }
+
+    std::vector<unsigned> storedStreams() const
+    {
+        std::vector<unsigned> streams;
+        for (const auto& [id, network] : model)
+            for (const auto& [stream, transponder] : network.transponders)
+                streams.push_back(stream);
+        return streams;
+    }
+
+    void TearDown() override
+    {
+        EXPECT_EQ(test::liveTaskBlocks(), blocksBefore) << "something was not released";
+        EXPECT_EQ(test::wrongReleases(), 0);
+        driver->AddRef();
+        EXPECT_EQ(driver->Release(), 1) << "the driver is still held";
+        satellites->AddRef();
+        EXPECT_EQ(satellites->Release(), 1) << "the list is still held";
+    }
+
+    std::size_t blocksBefore = test::liveTaskBlocks();
+    std::atomic<bool> cancelled = false;
+    NetworkMap model;
+    ProgressRecorder progress;
+    test::Recorder recorder;
+    ComPtr<ScriptedDriver> driver = ScriptedDriver::make();
+    ComPtr<ScriptedSatellites> satellites = ScriptedSatellites::make(
+        {{.name = "Astra", .transponders = {{.frequency = 1218700}}},
+         {.name = "Quay", .transponders = {{.frequency = 900}, {.frequency = 800}}},
+         {.name = "Not this one", .isSelected = false}});
+};
+
+inline Lines operator+(Lines lines, const Lines& more)
+{
+    lines.insert(lines.end(), more.begin(), more.end());
+    return lines;
+}
+
+inline const Lines kReading{"Reading current NIT"};
+inline const Lines kReadNit{"Reading current NIT", "Read 3 NIT sections"};
+inline const Lines kStream{"Got SI tables", "Got 1 PAT sections", "Got 3 NIT sections",
+                           "Got 1 SDT sections"};
+inline const Lines kNotInNit{"current TS not found in NIT - using tuner parameters"};
+
+/// The lines of a network scan that meets no trouble.
+inline Lines networkLines()
+{
+    return kReadNit + Lines{"2 entries in NIT section", "Setting tuner: 11100"} + kStream +
+           Lines{"Setting tuner: 11200"} + kStream +
+           Lines{"1 entries in NIT section", "0 entries in NIT section"};
+}
+
+inline Lines networkLog()
+{
+    return {"<4> - Reading current NIT", "<4> - Read 3 NIT sections", "<4> - scan network",
+            "<4> - restoring tuner",     "<4> - scanned network",     "<1> - exit"};
+}
+
+inline const Lines kCableOnly{
+    "Transport streams: 2 stored, 0 already there, 1 not stored",
+    "  Harbour  0001  0003    the NIT has no parameters of this kind of tuner for it"};
+
+/// A scan and what is to be seen of it.
+struct ScanCase {
+    const char* name;
+    ScanMode mode;
+    std::function<void(Scanning&)> script;
+    Lines printed;
+    Lines logged = {};
+    Lines tuned = {};
+    Lines progress = {};
+    std::optional<std::string> satellite = "Harbour";
+};
+
+inline std::function<void(Scanning&)> failing(const char* operation, int time = 0)
+{
+    return [=](Scanning& s) { s.driver->failAt(operation, status::kFail, time); };
+}
+
+inline std::function<void(Scanning&)> listFailing(const char* operation)
+{
+    return [=](Scanning& s) { s.satellites->failing.insert(operation); };
+}
+
+inline std::function<void(Scanning&)> cancelDuring(const char* operation, int time)
+{
+    return [=](Scanning& s) {
+        s.driver->duringCall = [&s, operation, time](std::string_view called, int before) {
+            if (called == operation && before == time)
+                s.cancelled = true;
+        };
+    };
+}
+
+inline const Lines kNitLog{"<4> - Reading current NIT"};
+inline const Lines kNitFailed = kReading + Lines{"Failed to read current NIT"};
+inline const Lines kNitFailedLog =
+    kNitLog + Lines{"<1> - Failed to read current NIT", "<1> - exit"};
+inline const Lines kNothing{"Transport streams: 0 stored, 0 already there, 1 not stored"};
+inline const Lines kNoNit = kNothing + Lines{"  Harbour  -     -       "
+                                             "the stream carries no NIT of the actual network"};
+inline const Lines kNitSteps{"section 1 of 3", "stream 1 of 2", "stream 2 of 2",
+                             "section 2 of 3", "stream 1 of 1", "section 3 of 3"};
+inline const Lines kCancelledLog{"<4> - Reading current NIT", "<4> - Read 3 NIT sections",
+                                 "<4> - scan network", "<4> - scanned network", "<1> - exit"};
+inline const Lines kScanAll{"Scanning all satellites"};
+inline const Lines kScannedAll{"Scanned all satellites"};
+inline const Lines kQuayEntries{"entry 1 of 2", "entry 2 of 2"};
+
+} // namespace test
