@@ -38,6 +38,7 @@ struct ScannedStream {
     std::optional<std::uint32_t> transport_stream_id = {};
     std::string frequency = {}; ///< "11757 MHz V"; empty when there are no parameters
 
+    // NOLINTNEXTLINE(modernize-use-nullptr): the comparison with zero is the compiler's
     friend auto operator<=>(const ScannedStream&, const ScannedStream&) = default;
 };
 
