@@ -136,15 +136,16 @@ Bytes contentOf(const AirSatellite& satellite, const AirStream& stream)
 std::string listOf(const std::vector<AirSatellite>& air)
 {
     std::ostringstream xml;
-    xml << "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<satellites version=\"1\">\n";
+    xml << R"(<?xml version="1.0" encoding="UTF-8"?>)"
+        << "\n<satellites version=\"1\">\n";
     for (const AirSatellite& satellite : air) {
-        xml << "  <satellite name=\"" << satellite.name << "\" selected=\"1\">\n";
+        xml << R"(  <satellite name=")" << satellite.name << R"(" selected="1">)" << '\n';
         unsigned tsid = 1;
         for (const SatelliteParameters& each : satellite.transponders)
-            xml << "    <transponder nid=\"0x0000\" tsid=\"0x" << hexText(tsid++)
-                << "\" frequency=\"" << each.frequency << "\" polarization=\"" << each.polarization
-                << "\" symbolrate=\"" << each.symbolRate << "\" fec=\"" << each.fecInner
-                << "\"/>\n";
+            xml << R"(    <transponder nid="0x0000" tsid="0x)" << hexText(tsid++)
+                << R"(" frequency=")" << each.frequency << R"(" polarization=")"
+                << each.polarization << R"(" symbolrate=")" << each.symbolRate << R"(" fec=")"
+                << each.fecInner << R"("/>)" << '\n';
         xml << "  </satellite>\n";
     }
     xml << "</satellites>\n";

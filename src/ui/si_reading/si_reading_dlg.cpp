@@ -84,6 +84,7 @@ CSiReadingDlg::CSiReadingDlg(QWidget* parent, NetworkMap& model, ScanMode mode, 
                   mode, *this)
 {
     build();
+    connectWorker(); // an answer that came before is seen below
     listSatellites(satellites);
     switchOffByMode();
     if (controller_.openedWithin(kPatience))
@@ -138,6 +139,17 @@ void CSiReadingDlg::build()
     layout->addStretch();
     layout->addLayout(buttons);
     start_->setFocus();
+}
+
+void CSiReadingDlg::connectWorker()
+{
+    constexpr auto queued = Qt::QueuedConnection;
+    connect(this, &CSiReadingDlg::stepsCame, this, &CSiReadingDlg::takeSteps, queued);
+    connect(this, &CSiReadingDlg::openingCame, this, &CSiReadingDlg::takeOpening, queued);
+    connect(this, &CSiReadingDlg::endCame, this, &CSiReadingDlg::takeEnd, queued);
+    connect(
+        this, &CSiReadingDlg::satelliteWanted, this,
+        [this] { showMessage(this, "You must select a satellite to scan"); }, queued);
 }
 
 void CSiReadingDlg::listSatellites(ISatListManager* satellites)
@@ -212,31 +224,14 @@ void CSiReadingDlg::reached(ScanLevel level, std::size_t number, std::size_t tot
                                         [](const auto& step) { return step.has_value(); });
     steps_[static_cast<std::size_t>(level)] = {.number = number, .total = total};
     if (!isOnItsWay)
-        QMetaObject::invokeMethod(this, &CSiReadingDlg::takeSteps, Qt::QueuedConnection);
+        emit stepsCame();
 }
 
-void CSiReadingDlg::askForSatellite()
+void CSiReadingDlg::takeOpening()
 {
-    QMetaObject::invokeMethod(
-        this, [this] { showMessage(this, "You must select a satellite to scan"); },
-        Qt::QueuedConnection);
-}
-
-void CSiReadingDlg::tunerKnown()
-{
-    QMetaObject::invokeMethod(
-        this,
-        [this] {
-            if (controller_.completeOpening())
-                takeTuner();
-            showState();
-        },
-        Qt::QueuedConnection);
-}
-
-void CSiReadingDlg::scanFinished()
-{
-    QMetaObject::invokeMethod(this, &CSiReadingDlg::takeEnd, Qt::QueuedConnection);
+    if (controller_.completeOpening())
+        takeTuner();
+    showState();
 }
 
 void CSiReadingDlg::takeSteps()

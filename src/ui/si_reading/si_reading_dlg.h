@@ -35,6 +35,13 @@ public:
     void accept() override { leave(); }
     void reject() override { leave(); }
 
+signals:
+    // The worker's news on their way to the window's thread.
+    void stepsCame();
+    void satelliteWanted();
+    void openingCame();
+    void endCame();
+
 private:
     /// A level's label and box.
     struct Level {
@@ -48,16 +55,18 @@ private:
 
     // Called on the worker's thread.
     void reached(ScanLevel level, std::size_t number, std::size_t total) override;
-    void askForSatellite() override;
-    void tunerKnown() override;
-    void scanFinished() override;
+    void askForSatellite() override { emit satelliteWanted(); }
+    void tunerKnown() override { emit openingCame(); }
+    void scanFinished() override { emit endCame(); }
 
     void build();
+    void connectWorker();
     void listSatellites(ISatListManager* satellites);
     Level& levelOf(ScanLevel level) { return levels_[static_cast<std::size_t>(level)]; }
     void switchOff(ScanLevel level, bool isNotApplicable);
     void switchOffByMode();
 
+    void takeOpening();
     void takeTuner();
     void startOrCancel();
     void takeSteps();
