@@ -4,6 +4,26 @@
 
 namespace tessaview {
 
+namespace {
+
+// The toolkit keeps opened rows in a hash table by the sum of row and identifier, which clusters
+// when the identifiers are consecutive numbers: a million nodes would take minutes to open. So they
+// are scattered, by a multiplication that has an inverse.
+constexpr std::uint32_t kScatter = 0x9E3779B1;
+
+constexpr std::uint32_t inverseOf(std::uint32_t odd)
+{
+    std::uint32_t inverse = odd; // right in 3 bits; each step doubles them
+    for (int step = 0; step < 4; ++step)
+        inverse *= 2 - odd * inverse;
+    return inverse;
+}
+
+constexpr std::uint32_t kGather = inverseOf(kScatter);
+static_assert(kScatter * kGather == 1);
+
+} // namespace
+
 void TreeModel::rebuild(const NetworkMap& model, const void* valuePane)
 {
     beginResetModel();
@@ -20,12 +40,12 @@ void TreeModel::clear()
 
 NodeView TreeModel::node(const QModelIndex& index) const
 {
-    return {tree_, static_cast<NodeId>(index.internalId())};
+    return {tree_, static_cast<std::uint32_t>(index.internalId()) * kGather};
 }
 
 QModelIndex TreeModel::indexOf(const NodeView& node) const
 {
-    return createIndex(static_cast<int>(node.row()), 0, quintptr(node.id()));
+    return createIndex(static_cast<int>(node.row()), 0, quintptr{node.id() * kScatter});
 }
 
 QModelIndex TreeModel::index(int row, int column, const QModelIndex& parent) const

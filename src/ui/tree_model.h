@@ -7,7 +7,7 @@
 namespace tessaview {
 
 /// The tree of the model as the tree pane shows it: the root is the only row of the top level. An
-/// index holds the number of its node and nothing else.
+/// index holds the number of its node, in a way of its own, and nothing else.
 class TreeModel : public QAbstractItemModel {
     Q_OBJECT
 

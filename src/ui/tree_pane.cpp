@@ -27,6 +27,27 @@ bool isBelow(NodeView node, const NodeView& top)
     return node.id() == top.id();
 }
 
+/// Calls a function for the nodes of a branch that have children, from above.
+template <class Function>
+void forEachParent(const NodeView& top, Function function)
+{
+    NodeView node = top;
+    do {
+        if (node.childCount() > 0)
+            function(node);
+        node = nodeBelow(node);
+    } while (!node.isRoot() && isBelow(node, top));
+}
+
+/// Shows that a large branch takes its time.
+class WaitCursor {
+public:
+    WaitCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+    WaitCursor(const WaitCursor&) = delete;
+    WaitCursor& operator=(const WaitCursor&) = delete;
+    ~WaitCursor() { QGuiApplication::restoreOverrideCursor(); }
+};
+
 } // namespace
 
 CTransponderTableListPaneWnd::CTransponderTableListPaneWnd(CTessaview3Doc& document,
@@ -164,20 +185,19 @@ void CTransponderTableListPaneWnd::copyPath() const
 
 void CTransponderTableListPaneWnd::expandBelow()
 {
-    expandRecursively(currentIndex());
+    if (const auto top = selectedNode()) {
+        const WaitCursor waiting;
+        scheduleDelayedItemsLayout(); // once, when all are open
+        forEachParent(*top, [this](const NodeView& node) { expand(model_->indexOf(node)); });
+    }
 }
 
 void CTransponderTableListPaneWnd::collapseBelow()
 {
-    const auto top = selectedNode();
-    if (!top)
-        return;
-    // The branch goes out of sight first, so that no row has to be moved for what is below.
-    collapse(currentIndex());
-    for (NodeView node = nodeBelow(*top); !node.isRoot() && isBelow(node, *top);
-         node = nodeBelow(node)) {
-        if (node.childCount() > 0)
-            collapse(model_->indexOf(node));
+    if (const auto top = selectedNode()) {
+        const WaitCursor waiting;
+        // The branch itself is the first, so that what is below is out of sight by then.
+        forEachParent(*top, [this](const NodeView& node) { collapse(model_->indexOf(node)); });
     }
 }
 
