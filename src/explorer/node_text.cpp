@@ -2,15 +2,19 @@
 
 namespace tessaview {
 
-const CharsetRule& charsetRuleOf(const NodeView& node)
+std::optional<std::uint32_t> originalNetworkOf(const NodeView& node)
 {
-    const CharsetPolicy& policy = node.tree().charsetPolicy();
     for (NodeView at = node;; at = at.parent()) {
         if (const auto networkOf = at.kind().originalNetworkId)
-            return policy.ruleFor(networkOf(at));
+            return networkOf(at);
         if (at.isRoot())
-            return policy.common();
+            return std::nullopt;
     }
+}
+
+const CharsetRule& charsetRuleOf(const NodeView& node)
+{
+    return node.tree().charsetPolicy().ruleFor(originalNetworkOf(node));
 }
 
 } // namespace tessaview

@@ -1,9 +1,9 @@
 #include "ui/document.h"
 
+#include "ui/message.h"
 #include "ui/window_handle.h"
 
 #include <QFileInfo>
-#include <QMessageBox>
 
 namespace tessaview {
 
@@ -95,11 +95,10 @@ bool CTessaview3Doc::run(Command command)
 
 CTessaview3Doc::KeepData CTessaview3Doc::askKeepData()
 {
-    QMessageBox box(QMessageBox::Question, QStringLiteral("Tessaview3"),
-                    QStringLiteral("Data is already loaded.\n"
-                                   "Do you want to keep existing data ?"),
-                    QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, view_->widget());
-    switch (box.exec()) {
+    switch (ask(view_->widget(), QMessageBox::Question,
+                QStringLiteral("Data is already loaded.\n"
+                               "Do you want to keep existing data ?"),
+                QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel)) {
     case QMessageBox::Yes:
         return KeepData::Keep;
     case QMessageBox::No:

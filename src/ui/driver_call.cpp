@@ -1,5 +1,7 @@
 #include "ui/driver_call.h"
 
+#include "ui/message.h"
+
 #include <chrono>
 #include <condition_variable>
 #include <mutex>
@@ -39,7 +41,7 @@ template <class Shared>
 std::optional<Status> waitBehindBox(Shared& shared, QWidget* parent, const QString& text)
 {
     QProgressDialog box(text, QStringLiteral("Stop waiting"), 0, 0, parent);
-    box.setWindowTitle(QStringLiteral("Tessaview3"));
+    box.setWindowTitle(QLatin1String(kProgramTitle));
     box.setWindowModality(Qt::ApplicationModal);
     QTimer look;
     QObject::connect(&look, &QTimer::timeout, &box, [&] {

@@ -1,7 +1,9 @@
 #include "ui/main_frame.h"
 
+#include "ui/charset_menu.h"
 #include "ui/command_icons.h"
 #include "ui/find_bar.h"
+#include "ui/message.h"
 #include "ui/output_bar.h"
 #include "ui/recent_files.h"
 #include "ui/text.h"
@@ -19,7 +21,6 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QSaveFile>
 #include <QScreen>
 #include <QSplitter>
@@ -45,25 +46,14 @@ QKeySequence keySequence(std::string_view keys)
     return QKeySequence(toQString(keys), QKeySequence::PortableText);
 }
 
-void complain(QWidget* parent, const QString& text)
-{
-    QMessageBox box(QMessageBox::Warning, QStringLiteral("Tessaview3"), text, QMessageBox::Ok,
-                    parent);
-    box.setTextFormat(Qt::PlainText);
-    box.exec();
-}
-
 bool isToBeEmptied(QWidget* parent, const QString& path)
 {
-    QMessageBox box(QMessageBox::Warning, QStringLiteral("Tessaview3"),
-                    QStringLiteral("%1 holds data, which would be lost: a document is saved as an "
-                                   "empty file, and what was read is not saved with it.\n"
-                                   "Do you want to empty the file ?")
-                        .arg(path),
-                    QMessageBox::Yes | QMessageBox::No, parent);
-    box.setTextFormat(Qt::PlainText);
-    box.setDefaultButton(QMessageBox::No);
-    return box.exec() == QMessageBox::Yes;
+    return ask(parent, QMessageBox::Warning,
+               QStringLiteral("%1 holds data, which would be lost: a document is saved as an "
+                              "empty file, and what was read is not saved with it.\n"
+                              "Do you want to empty the file ?")
+                   .arg(path),
+               QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
 }
 
 } // namespace
@@ -182,6 +172,10 @@ void CMainFrame::createMenus()
         connect(menu, &QMenu::aboutToShow, this, &CMainFrame::refresh);
         if (menu->actions().contains(action(Command::RecentFile)))
             connect(menu, &QMenu::aboutToShow, this, [this, menu] { showRecentFiles(*menu); });
+        if (menu->actions().contains(action(Command::OutputToggle))) {
+            menu->addSeparator();
+            menu->addMenu(new CharsetMenu(*treePane_, menu));
+        }
     }
 }
 

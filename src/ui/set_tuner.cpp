@@ -4,11 +4,10 @@
 #include "log/log_file.h"
 #include "model/tuning.h"
 #include "ui/document.h"
+#include "ui/message.h"
 #include "ui/window_handle.h"
 
 #include <functional>
-
-#include <QMessageBox>
 
 namespace tessaview {
 
@@ -66,9 +65,7 @@ void setTuner(CTessaview3Doc& document, TunerType type, const std::optional<Node
                                   setCall(type, *node, tuner, windowHandle(parent)));
     document.driverMayHaveChanged();
     if (result && failed(*result))
-        QMessageBox(QMessageBox::Warning, QStringLiteral("Tessaview3"),
-                    QStringLiteral("Failed to set tuner"), QMessageBox::Ok, parent)
-            .exec();
+        complain(parent, QStringLiteral("Failed to set tuner"));
 }
 
 } // namespace tessaview

@@ -38,6 +38,13 @@ void TreeModel::clear()
     endResetModel();
 }
 
+void TreeModel::setCharsetPolicy(const CharsetPolicy& policy)
+{
+    emit layoutAboutToBeChanged();
+    tree_.setCharsetPolicy(policy);
+    emit layoutChanged();
+}
+
 NodeView TreeModel::node(const QModelIndex& index) const
 {
     return {tree_, static_cast<std::uint32_t>(index.internalId()) * kGather};

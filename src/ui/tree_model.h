@@ -17,6 +17,8 @@ public:
     /// `valuePane` is only named in the log.
     void rebuild(const NetworkMap& model, const void* valuePane);
     void clear();
+    /// Shows labels with other character tables.
+    void setCharsetPolicy(const CharsetPolicy& policy);
 
     const Tree& tree() const { return tree_; }
     /// The node of a valid index.

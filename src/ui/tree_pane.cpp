@@ -1,7 +1,9 @@
 #include "ui/tree_pane.h"
 
+#include "explorer/charset_settings.h"
 #include "explorer/copy_text.h"
 #include "explorer/find.h"
+#include "explorer/node_text.h"
 #include "log/log_file.h"
 #include "ui/set_tuner.h"
 #include "ui/text.h"
@@ -61,6 +63,7 @@ CTransponderTableListPaneWnd::CTransponderTableListPaneWnd(CTessaview3Doc& docum
     , expandBelow_(new QAction(QStringLiteral("&Expand all below here"), this))
     , collapseBelow_(new QAction(QStringLiteral("C&ollapse all below here"), this))
 {
+    model_->setCharsetPolicy(storedCharsetPolicy(Settings(defaultSettingsFile())));
     setModel(model_);
     setHeaderHidden(true);
     setUniformRowHeights(true);
@@ -106,6 +109,19 @@ void CTransponderTableListPaneWnd::select(const NodeView& node)
     const QModelIndex index = model_->indexOf(node);
     setCurrentIndex(index);
     scrollTo(index);
+}
+
+std::optional<std::uint32_t> CTransponderTableListPaneWnd::selectedNetwork() const
+{
+    const auto node = selectedNode();
+    return node ? originalNetworkOf(*node) : std::nullopt;
+}
+
+void CTransponderTableListPaneWnd::setCharsetPolicy(const CharsetPolicy& policy)
+{
+    model_->setCharsetPolicy(policy);
+    if (const auto node = selectedNode())
+        valuePane_.showNode(*node);
 }
 
 void CTransponderTableListPaneWnd::currentChanged(const QModelIndex& current,

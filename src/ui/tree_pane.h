@@ -33,6 +33,13 @@ public:
     /// Selects a node and opens the way to it.
     void select(const NodeView& node);
 
+    /// The original_network_id of the network in which a node is selected.
+    std::optional<std::uint32_t> selectedNetwork() const;
+
+    const CharsetPolicy& charsetPolicy() const { return model_->tree().charsetPolicy(); }
+    /// Shows labels and values with other character tables.
+    void setCharsetPolicy(const CharsetPolicy& policy);
+
     /// The menu of a node, with what is offered for every node below what belongs to its kind; it
     /// belongs to the caller.
     QMenu* contextMenu(const NodeView& node);
