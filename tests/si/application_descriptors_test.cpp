@@ -4,7 +4,6 @@
 using namespace lib13818;
 using test::clearedDump;
 using test::decode;
-using test::hex;
 
 namespace {
 

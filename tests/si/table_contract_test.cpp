@@ -15,7 +15,6 @@
 // What every table class keeps to: which sections it takes, and what clear and a failure leave.
 
 using namespace lib13818;
-using test::dumpOfTable;
 using test::hex;
 using test::parsed;
 using test::parsedBody;
