@@ -29,7 +29,7 @@ test::Bytes changed(std::string_view section, std::size_t at, uint8_t value, boo
     if (!repairCrc)
         return bytes;
     bytes.resize(bytes.size() - 4);
-    return test::Writer().bytes(bytes).u32(test::crc32(bytes));
+    return test::Writer().bytes(bytes).u32(test::crc32(bytes)).get();
 }
 
 } // namespace
