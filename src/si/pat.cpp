@@ -11,8 +11,7 @@ void Pat::parsePayload(const uint8_t* body)
     if (in.bytesLeft() % 4 != 0)
         throw error(kBadContent, "Pat parse error");
     while (!in.atEnd())
-        programs.push_back(
-            {.program_number = in.u16(), .program_map_PID = in.skip(3).bits(13)});
+        programs.push_back({.program_number = in.u16(), .program_map_PID = in.skip(3).bits(13)});
 }
 
 void Pat::dump(std::ostream& out) const

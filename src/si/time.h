@@ -8,7 +8,10 @@
 namespace lib13818 {
 
 /// Two binary-coded decimal digits; digits above 9 are taken as they are.
-constexpr int fromBcd(int byte) { return (byte >> 4) * 10 + (byte & 0x0F); }
+constexpr int fromBcd(int byte)
+{
+    return (byte >> 4) * 10 + (byte & 0x0F);
+}
 
 /// UTC from a 40-bit field: Modified Julian Date and six BCD digits (EN 300 468 Annex C). Nothing
 /// is range-checked; dates before March 1900 are no calendar dates.
