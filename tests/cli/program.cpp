@@ -19,6 +19,7 @@ constexpr const char* kProgram = TESSAVIEW_BUILD_DIR "/bin/tessaview3-scan";
 std::vector<char*> pointersTo(std::vector<std::string>& texts)
 {
     std::vector<char*> pointers;
+    pointers.reserve(texts.size() + 1);
     for (std::string& text : texts)
         pointers.push_back(text.data());
     pointers.push_back(nullptr);

@@ -15,7 +15,6 @@ using namespace test;
 using testing::EndsWith;
 using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::MatchesRegex;
 using testing::Not;
 using testing::StartsWith;
 
@@ -28,7 +27,7 @@ const char* const kHarbourMissing =
     "stream that can be decoded\n";
 
 struct ShellScan : testing::Test {
-    void writeSky(const std::vector<AirSatellite>& sky)
+    void writeSky(const std::vector<AirSatellite>& sky) const
     {
         writeAir(sky, air);
         const std::filesystem::path data = tool.folder() / "data" / "Tessaview 3";
