@@ -6,8 +6,6 @@ namespace test {
 
 namespace {
 
-using testing::ElementsAre;
-
 struct SatelliteScan : Scanning, testing::WithParamInterface<ScanCase> {};
 
 TEST_P(SatelliteScan, saysAndDoesWhatItShould)

@@ -127,8 +127,8 @@ const std::vector<ScanCase> kNitCases{
                 Lines{"1 entries in NIT section", "0 entries in NIT section",
                       "Transport streams: 1 stored, 0 already there, 2 not stored",
                       "  Harbour  0001  0001  11100 MHz V  the tuner could not be set to it",
-                      "  Harbour  0001  0003               "
-                      "the NIT has no parameters of this kind of tuner for it"},
+                      std::string("  Harbour  0001  0003               ") +
+                          unstoredReasonText(UnstoredReason::NoParameters)},
      .logged = {"<4> - Reading current NIT", "<4> - Read 3 NIT sections", "<4> - scan network",
                 "<1> - Failed to set tuner", "<4> - restoring tuner", "<4> - scanned network",
                 "<1> - exit"},

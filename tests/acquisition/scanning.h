@@ -48,10 +48,10 @@ inline std::vector<Bytes> networkSections()
     return out;
 }
 
-inline Air streamAir(unsigned stream, std::vector<Bytes> nit = networkSections())
+inline Air streamAir(unsigned stream, const std::vector<Bytes>& nit = networkSections())
 {
     return {{{0x0000, 0x00}, {test::pat(stream, {})}},
-            {{0x0010, 0x40}, std::move(nit)},
+            {{0x0010, 0x40}, nit},
             {{0x0011, 0x42}, {test::sdt(0x42, stream, kNetwork, {})}}};
 }
 
