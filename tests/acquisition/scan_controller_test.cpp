@@ -19,7 +19,6 @@ using namespace tessaview; // NOLINT(google-build-using-namespace)
 using namespace std::chrono_literals;
 using test::ScriptedDriver;
 using testing::ElementsAre;
-using testing::IsEmpty;
 using State = ScanController::State;
 
 /// What arrives at the window's thread.

@@ -64,6 +64,7 @@ class Enumerator final : public Implements<Enumerator<Interface, Item>, Interfac
 public:
     explicit Enumerator(std::vector<ComPtr<Item>> items) : items_(std::move(items)) {}
 
+    // NOLINTNEXTLINE(readability-non-const-parameter): an out-parameter of the interface
     Status Next(std::uint32_t count, Item** item, std::uint32_t* fetched) noexcept override
     {
         if (count != 1 || !item || fetched)
@@ -103,11 +104,13 @@ public:
         const Status result = script_->answer("EnumTransponders", data_.name);
         if (failed(result) || purpose != 1 || script_->isMute("EnumTransponders"))
             return result;
-        std::vector<ComPtr<ISatTransponder>> items;
-        for (const ListedTransponder& each : data_.transponders)
-            items.push_back(ComPtr<ISatTransponder>::adopt(new Transponder(script_, each)));
-        *out = new Enumerator<IEnumSatTransponder, ISatTransponder>(std::move(items));
-        return result;
+        return guarded([&] {
+            std::vector<ComPtr<ISatTransponder>> items;
+            for (const ListedTransponder& each : data_.transponders)
+                items.push_back(ComPtr<ISatTransponder>::adopt(new Transponder(script_, each)));
+            *out = new Enumerator<IEnumSatTransponder, ISatTransponder>(std::move(items));
+            return result;
+        });
     }
     Status put_Selected(std::int32_t) noexcept override { return kUnused; }
     Status get_Selected(std::int32_t*) noexcept override { return kUnused; }
@@ -151,13 +154,15 @@ Status ScriptedSatellites::EnumSatellites(std::int32_t /*one*/, std::int32_t sel
     const Status result = answer("EnumSatellites");
     if (failed(result) || isMute("EnumSatellites"))
         return result;
-    std::vector<ComPtr<ISatellite>> items;
-    for (const ListedSatellite& each : list)
-        if (each.isSelected || selectedOnly == 0)
-            items.push_back(ComPtr<ISatellite>::adopt(
-                new Satellite(ComPtr<ScriptedSatellites>::share(this), each)));
-    *out = new Enumerator<IEnumSatellite, ISatellite>(std::move(items));
-    return result;
+    return guarded([&] {
+        std::vector<ComPtr<ISatellite>> items;
+        for (const ListedSatellite& each : list)
+            if (each.isSelected || selectedOnly == 0)
+                items.push_back(ComPtr<ISatellite>::adopt(
+                    new Satellite(ComPtr<ScriptedSatellites>::share(this), each)));
+        *out = new Enumerator<IEnumSatellite, ISatellite>(std::move(items));
+        return result;
+    });
 }
 
 Status ScriptedSatellites::GetSatellite(const char16_t* name, ISatellite** out) noexcept
@@ -165,12 +170,14 @@ Status ScriptedSatellites::GetSatellite(const char16_t* name, ISatellite** out) 
     const Status result = answer("GetSatellite");
     if (failed(result) || isMute("GetSatellite"))
         return result;
-    for (const ListedSatellite& each : list)
-        if (each.name == bstrToUtf8(name)) {
-            *out = new Satellite(ComPtr<ScriptedSatellites>::share(this), each);
-            return result;
-        }
-    return status::kNotFound;
+    return guarded([&] {
+        for (const ListedSatellite& each : list)
+            if (each.name == bstrToUtf8(name)) {
+                *out = new Satellite(ComPtr<ScriptedSatellites>::share(this), each);
+                return result;
+            }
+        return status::kNotFound;
+    });
 }
 
 Status ScriptedSatellites::Save(const char16_t* /*path*/) noexcept

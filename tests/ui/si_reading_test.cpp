@@ -73,7 +73,7 @@ struct SiReading : testing::Test {
         open(mode);
         ASSERT_TRUE(waitFor([this] { return start().isEnabled(); }));
     }
-    void click(QPushButton& button) const { QTest::mouseClick(&button, Qt::LeftButton); }
+    static void click(QPushButton& button) { QTest::mouseClick(&button, Qt::LeftButton); }
     bool waitForEnd() const
     {
         return waitFor([this] { return start().isEnabled() && start().text() == "Start"; });
@@ -219,7 +219,9 @@ TEST_F(SiReading, goesAfterTheScanThatIsClosed)
         startAndStopInReading();
         closing(*dialog);
         bool isServed = false;
-        QTimer::singleShot(0, [&] { isServed = true; });
+        QTimer timer;
+        QObject::connect(&timer, &QTimer::timeout, [&] { isServed = true; });
+        timer.start(0);
         EXPECT_TRUE(waitFor([&] { return isServed; }));
         EXPECT_TRUE(dialog->isVisible()) << "the driver is still at work";
         go.set_value();
@@ -250,7 +252,10 @@ TEST_F(SiReading, isDestroyedInMidScanWithoutHanging)
 {
     openIdle(ScanMode::CurrentTransponder);
     startAndStopInReading();
-    QTimer::singleShot(0, [this] { go.set_value(); });
+    QTimer timer;
+    timer.setSingleShot(true);
+    QObject::connect(&timer, &QTimer::timeout, [this] { go.set_value(); });
+    timer.start(0);
     dialog.reset();
     EXPECT_THAT(driver->calls, ElementsAre("GetTunerType", "GetSatelliteTuning", "ReadTables"));
 }
