@@ -1,6 +1,7 @@
 #include "ui/charset_menu.h"
 
 #include "explorer/charset_settings.h"
+#include "platform/format.h"
 #include "ui/message.h"
 #include "ui/text.h"
 #include "ui/tree_pane.h"
@@ -36,8 +37,7 @@ void CharsetMenu::build()
         return;
     const auto own = policy.ofNetworks().find(*network);
     const bool isOwn = own != policy.ofNetworks().end();
-    QMenu* const menu =
-        addMenu(QStringLiteral("&Network %1").arg(*network, 4, 16, QLatin1Char('0')).toUpper());
+    QMenu* const menu = addMenu(toQString(formatted("&Network %04X", *network)));
     QAction* const common = menu->addAction(QStringLiteral("As &all networks"), this,
                                             [this, id = *network] { forget(id); });
     common->setCheckable(true);

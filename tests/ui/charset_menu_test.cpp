@@ -66,7 +66,7 @@ TEST_F(CharsetMenuTest, showsTextsWithTheTableThatIsChosen)
     // The choice is there again in the next run.
     frame.reset();
     open();
-    frame->RebuildTree(document->model());
+    scan();
     select("SERVICE_DESCRIPTOR");
     EXPECT_EQ(names(), Names(automatic.first, "\u0104"));
     choose({"All networks", "Automatic"});
