@@ -35,6 +35,8 @@ namespace tessaview {
 namespace {
 
 constexpr QSize kFrameSize(1280, 800);
+/// What the window takes of a small screen, for its own frame to fit.
+constexpr double kScreenShare = 0.9;
 /// How the width is shared between tree and values.
 constexpr int kTreeShare = 2;
 constexpr int kValueShare = 3;
@@ -69,7 +71,7 @@ CMainFrame::CMainFrame(CTessaview3Doc& document, HelpAddresses addresses)
     createOutputBar();
     createPanes();
     createMenus();
-    resize(kFrameSize.boundedTo(screen()->availableSize()));
+    resize(kFrameSize.boundedTo(screen()->availableSize() * kScreenShare));
     resizeDocks({outputBar_}, {kOutputHeight}, Qt::Vertical);
     updateTitle();
     refresh();
