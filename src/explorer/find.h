@@ -43,7 +43,7 @@ public:
     double progress() const;
 
 private:
-    bool findIn(NodeId node, std::size_t first, std::size_t last);
+    bool findIn(NodeId id, std::size_t first, std::size_t last);
     void advance();
 
     const Tree& tree_;

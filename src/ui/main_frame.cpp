@@ -45,7 +45,7 @@ constexpr int kRefreshMilliseconds = 200;
 
 QKeySequence keySequence(std::string_view keys)
 {
-    return QKeySequence(toQString(keys), QKeySequence::PortableText);
+    return {toQString(keys), QKeySequence::PortableText};
 }
 
 bool isToBeEmptied(QWidget* parent, const QString& path)
@@ -181,7 +181,7 @@ void CMainFrame::createMenus()
     }
 }
 
-void CMainFrame::fillMenu(QMenu& menu, std::span<const MenuLine> lines)
+void CMainFrame::fillMenu(QMenu& menu, std::span<const MenuLine> lines) const
 {
     QMenu* current = &menu;
     for (const MenuLine& line : lines) {

@@ -69,7 +69,7 @@ private:
     void createPanes();
     void createMenus();
 
-    void fillMenu(QMenu& menu, std::span<const MenuLine> lines);
+    void fillMenu(QMenu& menu, std::span<const MenuLine> lines) const;
     void showRecentFiles(QMenu& menu);
 
     void run(Command command);

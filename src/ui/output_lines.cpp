@@ -59,7 +59,7 @@ void OutputLines::clear()
 void OutputLines::takeSoon()
 {
     if (!std::exchange(isTakingSoon_, true))
-        QMetaObject::invokeMethod(this, &OutputLines::takePending, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(this, "takePending", Qt::QueuedConnection);
 }
 
 void OutputLines::takePending()

@@ -24,11 +24,11 @@ public:
     explicit OutputLines(QObject* parent = nullptr);
     ~OutputLines() override;
 
-    void print(std::string_view line) override;
+    void print(std::string_view text) override;
     void clear() override;
 
     /// Shows what has been printed until now; the window's thread does so by itself.
-    void takePending();
+    Q_INVOKABLE void takePending();
 
     QString text() const { return lines_.join(QLatin1Char('\n')); }
     const QString& line(int row) const { return lines_[row]; }

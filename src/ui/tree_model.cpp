@@ -52,7 +52,8 @@ NodeView TreeModel::node(const QModelIndex& index) const
 
 QModelIndex TreeModel::indexOf(const NodeView& node) const
 {
-    return createIndex(static_cast<int>(node.row()), 0, quintptr{node.id() * kScatter});
+    const std::uint32_t scattered = node.id() * kScatter;
+    return createIndex(static_cast<int>(node.row()), 0, quintptr{scattered});
 }
 
 QModelIndex TreeModel::index(int row, int column, const QModelIndex& parent) const

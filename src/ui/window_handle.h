@@ -10,6 +10,7 @@ namespace tessaview {
 /// the window again with `QWidget::find`.
 inline WindowHandle windowHandle(const QWidget* widget)
 {
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): a handle of the window system is a number
     return widget ? reinterpret_cast<WindowHandle>(widget->window()->winId()) : nullptr;
 }
 

@@ -3,7 +3,7 @@
 #include <QApplication>
 #include <gtest/gtest.h>
 
-int main(int argc, char** argv)
+int main(int argc, char** argv) // NOLINT(bugprone-exception-escape): ends the tests
 {
     // No screen is needed, and nothing of the user's is read or written.
     const test::TemporaryFolder home;
