@@ -5,8 +5,8 @@
 #include "cli/print_tree.h"
 #include "cli/run_scan.h"
 #include "cli/satellites.h"
-#include "component/bstr.h"
 #include "driver/driver_session.h"
+#include "driver/source_files.h"
 #include "explorer/tree.h"
 #include "log/log_file.h"
 #include "platform/paths.h"
@@ -51,7 +51,8 @@ std::vector<Guid> candidates(const Options& options, const DriverList& list)
                      "'; --list-drivers lists those there are");
     } else if (!options.captures.empty()) {
         for (const DriverChoice& driver : list.drivers)
-            classes.push_back(driver.clsid);
+            if (driver.readsFiles)
+                classes.push_back(driver.clsid);
         if (classes.empty())
             complain("no driver is installed that can read captures");
     } else if (const auto stored =
@@ -67,25 +68,10 @@ std::vector<Guid> candidates(const Options& options, const DriverList& list)
 /// Points a driver at the captures.
 bool useCaptures(IUnknown* driver, const std::vector<std::string>& captures)
 {
-    ComPtr<ISourceFiles> files;
-    if (failed(query(driver, files)))
-        return false;
-    std::vector<Bstr> paths;
-    std::vector<const char16_t*> pointers;
-    for (const std::string& capture : captures)
-        pointers.push_back(paths.emplace_back(std::string_view(capture)).get());
-    Bstr problem;
-    const Status result = files->SetSourceFiles(static_cast<std::uint32_t>(pointers.size()),
-                                                pointers.data(), problem.put());
-    if (!problem.view().empty())
-        complain(problem.utf8());
+    std::string problems;
+    const Status result = useSourceFiles(driver, captures, problems);
+    complain(problems);
     return !failed(result);
-}
-
-bool canReadFiles(IUnknown* driver)
-{
-    ComPtr<ISourceFiles> files;
-    return !failed(query(driver, files));
 }
 
 /// Opens the first driver that serves the options.

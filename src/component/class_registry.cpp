@@ -116,8 +116,11 @@ ClassRegistry::ClassRegistry(const std::vector<std::filesystem::path>& folders)
         std::error_code failure;
         for (const std::filesystem::path& file : manifestsIn(folder, failure))
             readManifest(file);
-        if (failure)
+        if (failure) {
             problems_.push_back(folder.string() + ": " + failure.message());
+            folderStatus_ =
+                failure == std::errc::permission_denied ? status::kAccessDenied : status::kFail;
+        }
     }
 }
 

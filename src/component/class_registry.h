@@ -34,6 +34,9 @@ public:
     /// One line per manifest that could not be used, naming the file and what is wrong with it.
     const std::vector<std::string>& problems() const { return problems_; }
 
+    /// A failure when no class was found and a folder that is there could not be read.
+    Status searchStatus() const { return classes_.empty() ? folderStatus_ : status::kOk; }
+
     std::vector<ComponentClass> classesOf(const Guid& category) const;
     const ComponentClass* find(const Guid& clsid) const;
 
@@ -59,6 +62,7 @@ private:
 
     std::vector<ComponentClass> classes_;
     std::vector<std::string> problems_;
+    Status folderStatus_ = status::kOk;
 };
 
 /// Where manifests are looked for, in this order: the folders of $TESSAVIEW_COMPONENT_PATH

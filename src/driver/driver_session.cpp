@@ -1,6 +1,7 @@
 #include "driver/driver_session.h"
 
 #include "component/bstr.h"
+#include "driver/source_files.h"
 
 #include <array>
 #include <cstdio>
@@ -16,6 +17,12 @@ std::string withCode(const char* format, Status status)
     return text.data();
 }
 
+void tell(const CallObserver& observer, const char* operation)
+{
+    if (observer)
+        observer(operation);
+}
+
 std::u16string driversBelow(const std::filesystem::path& folder)
 {
     return toUtf16((folder / "drivers").string());
@@ -25,13 +32,15 @@ std::u16string driversBelow(const std::filesystem::path& folder)
 
 Status DriverSession::open(const ClassRegistry& registry, const Guid& clsid,
                            const DriverPlaces& places, ISatListManager* satellites,
-                           std::string& why)
+                           std::string& why, const CallObserver& observer)
 {
     ComPtr<IDriverInfo> info;
+    tell(observer, "CreateInstance");
     Status result = registry.create(clsid, info, &why);
     if (failed(result))
         return result;
     ComPtr<IDriverControl> control;
+    tell(observer, "QueryInterface");
     result = query(info, control);
     if (failed(result)) {
         why = withCode("the driver lacks its control interface: %#x", result);
@@ -40,11 +49,13 @@ Status DriverSession::open(const ClassRegistry& registry, const Guid& clsid,
     const Bstr key(toUtf16(places.settingsKey + "\\drivers"));
     const Bstr user(driversBelow(places.userFolder));
     const Bstr common(driversBelow(places.commonFolder));
+    tell(observer, "Initialize");
     result = control->Initialize(key.get(), user.get(), common.get());
     if (failed(result)) {
         why = withCode("Initialize failed: %#x", result);
         return result;
     }
+    tell(observer, "SetSatListManager");
     result = control->SetSatListManager(satellites);
     if (failed(result)) {
         why = withCode("SetSatListManager failed: %#x", result);
@@ -52,13 +63,21 @@ Status DriverSession::open(const ClassRegistry& registry, const Guid& clsid,
     }
     info_ = std::move(info);
     control_ = std::move(control);
+    isShutDown_ = false;
     return result;
+}
+
+void DriverSession::shutDown()
+{
+    if (control_ && !isShutDown_) {
+        isShutDown_ = true;
+        control_->Shutdown();
+    }
 }
 
 void DriverSession::close()
 {
-    if (control_)
-        control_->Shutdown();
+    shutDown();
     control_.reset();
     info_.reset();
 }
@@ -69,29 +88,38 @@ std::string DriverProblem::message() const
                                 : withCode("Failed to get driver name: %08X", status);
 }
 
+void listDriver(const ClassRegistry& registry, const ComponentClass& driver, DriverList& list,
+                const CallObserver& observer)
+{
+    std::string why;
+    ComPtr<IDriverInfo> info;
+    tell(observer, "CreateInstance");
+    const Status created = registry.create(driver.clsid, info, &why);
+    if (failed(created)) {
+        list.problems.push_back({.step = DriverProblem::Step::Create,
+                                 .status = created,
+                                 .detail = driver.manifest.string() + ": " + why});
+        return;
+    }
+    Bstr name;
+    tell(observer, "GetName");
+    const Status named = info->GetName(name.put());
+    if (failed(named)) {
+        list.problems.push_back({.step = DriverProblem::Step::GetName,
+                                 .status = named,
+                                 .detail = driver.manifest.string()});
+        return;
+    }
+    tell(observer, "QueryInterface");
+    list.drivers.push_back(
+        {.name = name.utf8(), .clsid = driver.clsid, .readsFiles = canReadFiles(info.get())});
+}
+
 DriverList listDrivers(const ClassRegistry& registry)
 {
     DriverList list;
-    for (const ComponentClass& each : registry.classesOf(kDriverCategory)) {
-        std::string why;
-        ComPtr<IDriverInfo> info;
-        const Status created = registry.create(each.clsid, info, &why);
-        if (failed(created)) {
-            list.problems.push_back({.step = DriverProblem::Step::Create,
-                                     .status = created,
-                                     .detail = each.manifest.string() + ": " + why});
-            continue;
-        }
-        Bstr name;
-        const Status named = info->GetName(name.put());
-        if (failed(named)) {
-            list.problems.push_back({.step = DriverProblem::Step::GetName,
-                                     .status = named,
-                                     .detail = each.manifest.string()});
-            continue;
-        }
-        list.drivers.push_back({.name = name.utf8(), .clsid = each.clsid});
-    }
+    for (const ComponentClass& each : registry.classesOf(kDriverCategory))
+        listDriver(registry, each, list);
     return list;
 }
 

@@ -4,6 +4,8 @@
 #include "driver/tuner_driver.h"
 
 #include <filesystem>
+#include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,6 +19,9 @@ struct DriverPlaces {
     std::filesystem::path commonFolder; ///< likewise
 };
 
+/// Told the name of each operation of a driver right before it is called, on the calling thread.
+using CallObserver = std::function<void(const char* operation)>;
+
 /// A tuner driver from its creation to its shutdown.
 class DriverSession {
 public:
@@ -28,7 +33,9 @@ public:
     /// Creates the driver of the class, initialises it and hands it the satellite list, which
     /// may be null. A failure names its step in `why` and leaves the session empty.
     Status open(const ClassRegistry& registry, const Guid& clsid, const DriverPlaces& places,
-                ISatListManager* satellites, std::string& why);
+                ISatListManager* satellites, std::string& why, const CallObserver& observer = {});
+    /// Tells the driver, once, that the program ends. Without one, nothing.
+    void shutDown();
     /// Shuts the driver down and lets go of it, control before driver. Without one, nothing.
     void close();
 
@@ -38,12 +45,14 @@ public:
 private:
     ComPtr<IDriverInfo> info_;
     ComPtr<IDriverControl> control_;
+    bool isShutDown_ = false;
 };
 
 /// A driver that can be chosen.
 struct DriverChoice {
     std::string name; ///< what the driver calls itself
     Guid clsid;
+    bool readsFiles = false; ///< it can be pointed at captures, so that it needs no hardware
 };
 
 /// A class of the driver category that could not be asked for its name.
@@ -62,7 +71,12 @@ struct DriverList {
     std::vector<DriverProblem> problems;
 };
 
-/// Asks every class of the driver category for its name, with an instance that lives only so long.
+/// Asks one class of the driver category for its name, with an instance that lives only so long,
+/// and adds it to the list.
+void listDriver(const ClassRegistry& registry, const ComponentClass& driver, DriverList& list,
+                const CallObserver& observer = {});
+
+/// The same for every class of the driver category.
 DriverList listDrivers(const ClassRegistry& registry);
 
 /// The class that is meant by a driver's name or by its braced class identifier; the last of

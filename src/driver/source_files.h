@@ -1,0 +1,18 @@
+#pragma once
+
+#include "driver/tuner_driver.h"
+
+#include <string>
+#include <vector>
+
+namespace tessaview {
+
+/// Whether a driver can be pointed at captured files.
+bool canReadFiles(IUnknown* driver);
+
+/// Points a driver at captured files or folders for this run; the first is what it is set to.
+/// `problems` receives one line per path that could not be used. Fails when none could.
+Status useSourceFiles(IUnknown* driver, const std::vector<std::string>& paths,
+                      std::string& problems);
+
+} // namespace tessaview
