@@ -4,8 +4,12 @@
 
 #include <array>
 #include <cctype>
+#include <cerrno>
 #include <cstdarg>
 #include <cstdlib>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
 #include <sys/time.h>
 #include <system_error>
 #include <unistd.h>
@@ -78,6 +82,40 @@ std::filesystem::path stateFolder()
     return folder;
 }
 
+constexpr int kInUse = 3;
+
+/// Opens an empty file that is locked until it is closed; null when it cannot be opened or, then
+/// it stays as it is, when another holds the lock. Devices and pipes are anybody's.
+std::FILE* openUnshared(const std::string& path, bool& isInUse)
+{
+    const int descriptor = ::open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666);
+    if (descriptor < 0)
+        return nullptr;
+    struct stat about {};
+    if (::fstat(descriptor, &about) == 0 && S_ISREG(about.st_mode)) {
+        isInUse = ::flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+        if (isInUse || ::ftruncate(descriptor, 0) != 0) {
+            ::close(descriptor);
+            return nullptr;
+        }
+    }
+    std::FILE* const file = ::fdopen(descriptor, "w");
+    if (!file)
+        ::close(descriptor);
+    return file;
+}
+
+/// "name.txt" with the number put in: "name-2.txt".
+std::string numbered(const std::string& path, int number)
+{
+    const std::filesystem::path file(path);
+    std::filesystem::path name = file.stem();
+    name += '-';
+    name += std::to_string(number);
+    name += file.extension();
+    return (file.parent_path() / name).string();
+}
+
 template <class... Arguments>
 void append(std::string& line, const char* format, Arguments... arguments)
 {
@@ -110,9 +148,11 @@ int CLogFile::Open(const std::string& path, std::uint32_t openFlags, std::uint32
     if (!(openFlags & log_open::kFile) && !(openFlags & log_open::kDebugger))
         return 5;
     if (openFlags & log_open::kFile) {
-        file_.reset(std::fopen(path.c_str(), "we"));
+        bool isInUse = false;
+        file_.reset(openFlags & log_open::kUnshared ? openUnshared(path, isInUse)
+                                                    : std::fopen(path.c_str(), "we"));
         if (!file_)
-            return 1;
+            return isInUse ? kInUse : 1;
     }
     // NOLINTNEXTLINE(concurrency-mt-unsafe): only read
     isMirrored_ = (openFlags & log_open::kDebugger) && std::getenv("TESSAVIEW_DEBUG");
@@ -213,11 +253,26 @@ std::string logPathFor(const std::filesystem::path& executable)
 
 int openApplicationLog(const std::string& path)
 {
-    const int status = g_log.Open(
-        path, log_open::kFile | log_open::kDebugger,
-        log_prefix::kTime | log_prefix::kElapsed | log_prefix::kLevel | log_prefix::kLineNumber, 0);
+    const auto open = [](const std::string& file) {
+        return g_log.Open(file, log_open::kFile | log_open::kDebugger | log_open::kUnshared,
+                          log_prefix::kTime | log_prefix::kElapsed | log_prefix::kLevel |
+                              log_prefix::kLineNumber,
+                          0);
+    };
+    std::string file = path;
+    int status = open(file);
+    for (int number = 2; status == kInUse; ++number) {
+        file = numbered(path, number);
+        status = open(file);
+    }
     g_log.SetLevel(log_level::kDetail);
     LogPrint(g_log, log_level::kInformation, "Starting Tessaview 3");
+    if (status == 0 && file != path) {
+        constexpr const char* kSaying = "another explorer writes the log %s; this one writes %s";
+        LogPrint(g_log, log_level::kInformation, kSaying, path.c_str(), file.c_str());
+        std::fprintf(stderr, kSaying, path.c_str(), file.c_str());
+        std::fputc('\n', stderr);
+    }
     return status;
 }
 

@@ -31,6 +31,8 @@ constexpr std::uint32_t kLineNumber = 0x08;
 namespace log_open {
 constexpr std::uint32_t kFile = 0x01;
 constexpr std::uint32_t kDebugger = 0x40; ///< standard error, when $TESSAVIEW_DEBUG is set
+/// Only a file that no other log with this flag writes, in this program or another.
+constexpr std::uint32_t kUnshared = 0x100;
 } // namespace log_open
 
 namespace log_level {
@@ -48,7 +50,8 @@ public:
     /// Starts a new log in the named file. `openFlags` are log_open's, `prefixFlags` log_prefix's;
     /// lines above `maxLevel` are dropped, a negative one drops all. Returns 0, or 1 when the file
     /// cannot be opened, 4 when the log is open already, 5 when no flag says where lines go, 6
-    /// when the open flags are 0.
+    /// when the open flags are 0, with kUnshared 3 when another log writes the file, which then
+    /// stays as it is.
     int Open(const std::string& path, std::uint32_t openFlags, std::uint32_t prefixFlags,
              std::int32_t maxLevel);
     void SetLevel(std::int32_t maxLevel);
@@ -92,7 +95,9 @@ extern CLogFile g_log;
 /// current folder.
 std::string logPathFor(const std::filesystem::path& executable);
 
-/// Starts the program's log with its first line; returns the status of `CLogFile::Open`.
+/// Starts the program's log with its first line; returns the status of `CLogFile::Open`. While
+/// another explorer writes that file, this one takes the first free one of "name-2.txt",
+/// "name-3.txt" and so on, and says so in it and on standard error.
 int openApplicationLog(const std::string& path);
 
 } // namespace tessaview

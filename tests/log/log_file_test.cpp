@@ -2,6 +2,7 @@
 
 #include "tests/support/temporary_folder.h"
 
+#include <array>
 #include <gmock/gmock.h>
 #include <regex>
 #include <sys/stat.h>
@@ -226,6 +227,30 @@ TEST(ApplicationLog, startsWithItsFirstLine)
             "   2 - .{19} - \\([0-9]+\\.[0-9]{3}\\) - <4> - detail\r\n")))
         << readFile(folder / "run.txt");
     EXPECT_EQ(openApplicationLog((folder / "no/such/folder").string()), 1);
+}
+
+TEST(ApplicationLog, takesTheFirstFreeNameWhileOthersWriteAndSaysSo)
+{
+    const TemporaryFolder folder;
+    const std::string path = (folder / "run.txt").string();
+    const std::uint32_t flags = log_open::kFile | log_open::kUnshared;
+    std::array<CLogFile, 2> others;
+    ASSERT_EQ(others[0].Open(path, flags, 0, 4), 0);
+    ASSERT_EQ(others[1].Open((folder / "run-2.txt").string(), flags, 0, 4), 0);
+    LogPrint(others[0], 1, "not lost");
+    testing::internal::CaptureStderr();
+    ASSERT_EQ(openApplicationLog(path), 0);
+    const std::string saying = "another explorer writes the log " + path + "; this one writes " +
+                               (folder / "run-3.txt").string();
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), saying + "\n");
+    EXPECT_THAT(readFile(folder / "run-3.txt"),
+                testing::ContainsRegex("1 - .*Starting Tessaview 3\r\n   2 - .*" + saying));
+    EXPECT_EQ(readFile(path), "not lost\r\n");
+    g_log.Close();
+    others[0].Close();
+    ASSERT_EQ(openApplicationLog(path), 0);
+    EXPECT_THAT(readFile(path), testing::HasSubstr("Starting Tessaview 3"));
+    g_log.Close();
 }
 
 } // namespace
