@@ -21,13 +21,25 @@ ComPtr<Interface> queried(IUnknown* object)
 } // namespace
 
 CTessaview3Doc::CTessaview3Doc(IUnknown* driver, IUnknown* satellites, Dialogs& dialogs)
-    : driver_(ComPtr<IUnknown>::share(driver))
-    , control_(queried<IDriverControl>(driver))
-    , deviceDialogs_(queried<IDeviceDialogs>(control_.get()))
-    , satellites_(queried<ISatListManager>(satellites))
+    : satellites_(queried<ISatListManager>(satellites))
     , dialogs_(dialogs)
-    , monitor_(control_, queried<ITunerStatus>(control_.get()))
 {
+    useDriver(driver);
+}
+
+void CTessaview3Doc::setDriver(IUnknown* driver)
+{
+    if (driver != driver_.get())
+        useDriver(driver);
+}
+
+void CTessaview3Doc::useDriver(IUnknown* driver)
+{
+    monitor_.reset();
+    driver_ = ComPtr<IUnknown>::share(driver);
+    control_ = queried<IDriverControl>(driver);
+    deviceDialogs_ = queried<IDeviceDialogs>(control_.get());
+    monitor_.emplace(control_, queried<ITunerStatus>(control_.get()));
 }
 
 CTessaview3Doc::~CTessaview3Doc() = default;

@@ -6,6 +6,8 @@
 #include "ui/dialogs.h"
 #include "ui/driver_call.h"
 
+#include <optional>
+
 #include <QString>
 
 namespace tessaview {
@@ -44,9 +46,12 @@ public:
 
     const NetworkMap& model() const { return model_; }
     IUnknown* driver() const { return driver_.get(); }
+    /// Another driver takes the place of the one so far, unless it is that one. Not while a call
+    /// to the driver is busy.
+    void setDriver(IUnknown* driver);
     /// For calls to the driver that may take long; the commands wait for the one that runs.
     DriverCall& driverCall() { return driverCall_; }
-    DriverState driverState() const { return monitor_.state(); }
+    DriverState driverState() const { return monitor_->state(); }
     bool isEnabled(EnabledWhen rule) const;
     bool isEnabled(Command command) const;
 
@@ -55,7 +60,7 @@ public:
     bool run(Command command);
 
     /// Call it after something that may have changed the state of the driver.
-    void driverMayHaveChanged() { monitor_.askSoon(); }
+    void driverMayHaveChanged() { monitor_->askSoon(); }
 
     // The file of the document, which is always empty.
 
@@ -68,6 +73,7 @@ public:
 private:
     enum class KeepData { Keep, Discard, Cancel };
 
+    void useDriver(IUnknown* driver);
     KeepData askKeepData();
     void scan(ScanMode mode);
     void showDriverDialog(Status (IDeviceDialogs::*show)(WindowHandle) noexcept);
@@ -81,7 +87,7 @@ private:
     NetworkMap model_;
     QString path_;
     DriverCall driverCall_;
-    DriverMonitor monitor_;
+    std::optional<DriverMonitor> monitor_;
 };
 
 } // namespace tessaview

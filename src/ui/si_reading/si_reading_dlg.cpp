@@ -200,6 +200,13 @@ void CSiReadingDlg::takeTuner()
     }
 }
 
+void CSiReadingDlg::runByItself()
+{
+    runsByItself_ = true;
+    if (controller_.state() == ScanController::State::Idle && !controller_.isCloseRequested())
+        startOrCancel();
+}
+
 void CSiReadingDlg::startOrCancel()
 {
     if (controller_.state() == ScanController::State::Idle) {
@@ -232,6 +239,8 @@ void CSiReadingDlg::takeOpening()
     if (controller_.completeOpening())
         takeTuner();
     showState();
+    if (runsByItself_)
+        runByItself();
 }
 
 void CSiReadingDlg::takeSteps()
@@ -249,6 +258,10 @@ void CSiReadingDlg::takeSteps()
 void CSiReadingDlg::takeEnd()
 {
     controller_.completeScan();
+    if (runsByItself_) {
+        leave();
+        return;
+    }
     showState();
     if (!focusWidget())
         start_->setFocus();
@@ -278,10 +291,12 @@ void CSiReadingDlg::showState()
 }
 
 bool runSiReading(QWidget* parent, NetworkMap& model, ScanMode mode, IDriverInfo* driver,
-                  ISatListManager* satellites)
+                  ISatListManager* satellites, bool byItself)
 {
     try {
         CSiReadingDlg dialog(parent, model, mode, driver, satellites);
+        if (byItself)
+            dialog.runByItself();
         return dialog.exec() == QDialog::Accepted;
     } catch (const std::system_error&) {
         showMessage(parent, "Failed to create thread");

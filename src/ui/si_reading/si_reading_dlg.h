@@ -32,6 +32,9 @@ public:
     /// Waits until nothing is under way, without keeping the windows from being served.
     ~CSiReadingDlg() override;
 
+    /// Starts the scan as soon as the driver has told its tuner, and goes when it has ended.
+    void runByItself();
+
     void accept() override { leave(); }
     void reject() override { leave(); }
 
@@ -79,6 +82,7 @@ private:
     std::array<Level, kScanLevelCount> levels_{};
     QPushButton* start_ = nullptr;
     QPushButton* close_ = nullptr;
+    bool runsByItself_ = false;
     QProgressBar* activity_ = nullptr;
 
     std::mutex stepsMutex_;
@@ -86,8 +90,8 @@ private:
     ScanController controller_; ///< last: its threads use what stands above
 };
 
-/// Runs the dialog; true when it ended with OK.
+/// Runs the dialog, which may do its work by itself; true when it ended with OK.
 bool runSiReading(QWidget* parent, NetworkMap& model, ScanMode mode, IDriverInfo* driver,
-                  ISatListManager* satellites);
+                  ISatListManager* satellites, bool byItself = false);
 
 } // namespace tessaview
