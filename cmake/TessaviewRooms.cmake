@@ -64,6 +64,8 @@ function(tessaview_component name)
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR})
   target_link_libraries(${name} PRIVATE tessaview_options ${component_LINKS})
   configure_file(${component_MANIFEST} ${TESSAVIEW_COMPONENT_DIR}/${name}.component COPYONLY)
+  install(TARGETS ${name} LIBRARY DESTINATION lib/tessaview3/components)
+  install(FILES ${component_MANIFEST} DESTINATION lib/tessaview3/components RENAME ${name}.component)
 endfunction()
 
 # tessaview_tests(FOLDER [LINKS target...]): the test program of one folder under tests/.

@@ -2,7 +2,7 @@
 
 BUILD_PACKAGES=(g++ cmake ninja-build ccache git pkg-config nlohmann-json3-dev libcli11-dev
                 libpugixml-dev libsqlite3-dev qt6-base-dev libgl1-mesa-dev)
-TEST_PACKAGES=(libgtest-dev libgmock-dev clang-14 libclang-rt-14-dev llvm-14)
+TEST_PACKAGES=(libgtest-dev libgmock-dev clang-14 libclang-rt-14-dev llvm-14 xvfb openbox xdotool)
 CHECK_PACKAGES=(clang-format-14 clang-tidy-14)
 
 # install_packages PACKAGE...: installs those that are not there; as root, or else through sudo.

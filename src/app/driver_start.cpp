@@ -1,0 +1,78 @@
+#include "app/driver_start.h"
+
+#include "driver/source_files.h"
+#include "platform/format.h"
+
+#include <optional>
+
+namespace tessaview {
+
+namespace {
+
+/// The class of the first driver that can be pointed at files.
+std::optional<Guid> classForFiles(const ClassRegistry& registry, const CallObserver& observer)
+{
+    DriverList list;
+    for (const ComponentClass& each : registry.classesOf(kDriverCategory)) {
+        listDriver(registry, each, list, observer);
+        if (!list.drivers.empty() && list.drivers.back().readsFiles)
+            return list.drivers.back().clsid;
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+void DriverStart::run(const CallObserver& observer)
+{
+    const auto chosen = captures.empty() ? parseGuid(clsid) : classForFiles(*registry, observer);
+    if (!chosen) {
+        status = status::kClassNotRegistered;
+        if (!captures.empty())
+            why = "no driver that can read captures is installed";
+        else if (clsid.empty())
+            why = "no driver was chosen";
+        else
+            why = "the stored choice '" + clsid + "' is no class identifier";
+        return;
+    }
+    clsid = toText(*chosen);
+    auto opened = std::make_shared<DriverSession>();
+    status = opened->open(*registry, *chosen, places, satellites.get(), why, observer);
+    if (failed(status))
+        return;
+    if (!captures.empty()) {
+        observer("SetSourceFiles");
+        captured.status = useSourceFiles(opened->driver(), captures, captured.problems);
+    }
+    session = std::move(opened);
+}
+
+std::string DriverStart::driverName() const
+{
+    const auto chosen = parseGuid(clsid);
+    const ComponentClass* const found = chosen ? registry->find(*chosen) : nullptr;
+    return found ? found->name : clsid;
+}
+
+std::string DriverStart::problem(const std::string& operation) const
+{
+    std::string text = driverName();
+    if (text != clsid)
+        text += " " + clsid;
+    text += (text.empty() ? "" : "\n") + why;
+    // The other operations' failures carry their status already.
+    if (operation == "CreateInstance")
+        text += formatted(" (CreateInstance: %#x)", statusCode(status));
+    if (captures.empty())
+        text += "\nThe next start asks for a driver again.";
+    return text;
+}
+
+void CaptureChange::run(const CallObserver& observer)
+{
+    observer("SetSourceFiles");
+    result.status = useSourceFiles(session->driver(), captures, result.problems);
+}
+
+} // namespace tessaview

@@ -1,0 +1,147 @@
+#include "app/window_host.h"
+
+#include "app/tessaview3_app.h"
+#include "log/log_file.h"
+#include "platform/settings.h"
+#include "tests/app/installed_components.h"
+#include "tests/app/when_shown.h"
+#include "ui/tree_pane.h"
+
+#include <optional>
+
+#include <QAction>
+#include <QComboBox>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QUrl>
+#include <gtest/gtest.h>
+
+using namespace tessaview;
+using test::whenShown;
+
+namespace {
+
+const std::string kSample = TESSAVIEW_BUILD_DIR "/share/tessaview3/sample.ts";
+
+class Window : public testing::Test {
+protected:
+    Window()
+    {
+        components_.satelliteList();
+        components_.captureDriver();
+        components_.scriptedDriver(test::scripted::kWorks, "Receiver");
+        Settings(settings_).setText(kSettingsKey, kDriverClassValue,
+                                    toText(test::scripted::kWorks));
+        application_.emplace(host_, ApplicationPlaces{.executable = "/opt/bin/tessaview3",
+                                                      .logFile = (home_ / "log.txt").string(),
+                                                      .settingsFile = settings_,
+                                                      .allUsersFolder = std::nullopt,
+                                                      .userFolder = home_ / "user",
+                                                      .componentFolders = {components_.folder()}});
+        EXPECT_TRUE(application_->InitInstance());
+    }
+    ~Window() override
+    {
+        host_.closeDocument();
+        application_->ExitInstance();
+        g_log.Close();
+    }
+
+    static CMainFrame& frame()
+    {
+        for (QWidget* const window : QApplication::topLevelWidgets())
+            if (auto* const frame = qobject_cast<CMainFrame*>(window))
+                return *frame;
+        throw std::runtime_error("no main window");
+    }
+    static int treeRows() { return frame().treePane().model()->rowCount(); }
+
+    /// Whether the drop was taken.
+    static bool drop(const std::string& path)
+    {
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(QString::fromStdString(path))});
+        QDragEnterEvent enter({}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton,
+                              Qt::NoModifier);
+        QApplication::sendEvent(&frame(), &enter);
+        QDropEvent event({}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton,
+                         Qt::NoModifier);
+        QApplication::sendEvent(&frame(), &event);
+        EXPECT_TRUE(!event.isAccepted() || event.dropAction() == Qt::CopyAction);
+        return event.isAccepted();
+    }
+
+    test::TemporaryFolder home_;
+    const test::Environment environment_{"TESSAVIEW_TEST_JOURNAL", (home_ / "journal").c_str()};
+    std::filesystem::path settings_ = home_ / "settings.json";
+    test::InstalledComponents components_{home_ / "components"};
+    WindowHost host_{std::chrono::hours(1)};
+    std::optional<CTessaview3App> application_;
+};
+
+TEST_F(Window, readsADroppedCaptureAtOnceInPlaceOfTheDriver)
+{
+    EXPECT_TRUE(drop(kSample));
+    ASSERT_TRUE(QTest::qWaitFor([] { return treeRows() > 0; }, 20'000));
+    EXPECT_EQ(Settings(settings_).text(kSettingsKey, kDriverClassValue),
+              toText(test::scripted::kWorks));
+    // The second time there is data to be kept or not.
+    const auto shown = whenShown({[](QWidget& box) {
+        EXPECT_EQ(test::messageOf(box),
+                  "Data is already loaded.\nDo you want to keep existing data ?");
+        QTest::keyClick(&box, Qt::Key_Escape);
+    }});
+    EXPECT_TRUE(drop(kSample));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return shown->left() == 0; }, 20'000));
+    EXPECT_GT(treeRows(), 0);
+}
+
+TEST_F(Window, tellsWhatCannotBeReadOfADropAndStaysAsItWas)
+{
+    const auto shown = whenShown({[](QWidget& box) {
+        EXPECT_EQ(test::messageOf(box), "None of these captures can be read.");
+        QTest::keyClick(&box, Qt::Key_Return);
+    }});
+    EXPECT_TRUE(drop((home_ / "gone.ts").string()));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return shown->left() == 0; }, 20'000));
+    EXPECT_EQ(test::readFile(home_ / "journal").find("Shutdown"), std::string::npos);
+}
+
+TEST_F(Window, takesNoDropWithoutFiles)
+{
+    QMimeData data;
+    data.setUrls({QUrl("https://tessaview.example/x.ts")});
+    QDropEvent event({}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    event.ignore();
+    QApplication::sendEvent(&frame(), &event);
+    EXPECT_FALSE(event.isAccepted());
+}
+
+TEST_F(Window, storesAnotherDriverFromTheMenuAndTellsToRestart)
+{
+    const auto shown = whenShown({[](QWidget& dialog) {
+                                      EXPECT_EQ(dialog.windowTitle(), "Driver selction");
+                                      auto* const names = dialog.findChild<QComboBox*>();
+                                      EXPECT_EQ(names->currentText(), "Scripted <b>driver</b>");
+                                      names->setCurrentText("Captured transport streams");
+                                      QTest::keyClick(&dialog, Qt::Key_Return);
+                                  },
+                                  [](QWidget& box) {
+                                      EXPECT_EQ(test::messageOf(box),
+                                                "You must restart application for any changed to "
+                                                "be effected.");
+                                      QTest::keyClick(&box, Qt::Key_Return);
+                                  },
+                                  [](QWidget& dialog) {
+                                      EXPECT_EQ(dialog.windowTitle(), "Driver selction");
+                                      QTest::keyClick(&dialog, Qt::Key_Escape);
+                                  }});
+    const auto stored = [&] { return Settings(settings_).text(kSettingsKey, kDriverClassValue); };
+    frame().action(Command::DriverSelection)->trigger();
+    EXPECT_EQ(stored(), "{8F6E0A52-3B1D-4C7E-9A64-D20B71C5E3F8}");
+    frame().action(Command::DriverSelection)->trigger();
+    EXPECT_EQ(stored(), "{8F6E0A52-3B1D-4C7E-9A64-D20B71C5E3F8}");
+    EXPECT_EQ(shown->left(), 0U);
+}
+
+} // namespace
