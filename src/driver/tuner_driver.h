@@ -14,7 +14,8 @@ namespace tessaview {
 /// The component category of tuner drivers.
 constexpr Guid kDriverCategory = "{EF0D1518-8E81-4B68-940C-42A0ABF05AA6}"_guid;
 
-/// The window that a driver may use as parent of any window it shows; null for none.
+/// The id in the window system of the window that a driver may use as parent of any window it
+/// shows; null for none.
 using WindowHandle = void*;
 
 /// What kind of tuner a driver has; any other value means unknown.

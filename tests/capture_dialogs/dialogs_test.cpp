@@ -3,6 +3,7 @@
 #include "tests/multiplex/descriptors.h"
 #include "tests/multiplex/sections.h"
 #include "tests/multiplex/stream_builder.h"
+#include "ui/window_handle.h"
 
 #include <functional>
 #include <memory>
@@ -71,16 +72,18 @@ protected:
     void show(Show which, const std::function<void(QDialog&)>& act)
     {
         bool acted = false;
+        QWidget owner;
         QTimer::singleShot(0, [&] {
             auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
             ASSERT_NE(dialog, nullptr);
+            EXPECT_EQ(dialog->parentWidget(), &owner);
             act(*dialog);
             acted = true;
             if (dialog->isVisible())
                 dialog->reject();
         });
         const auto dialogs = driver_.as<IDeviceDialogs>();
-        EXPECT_EQ((dialogs.get()->*which)(nullptr), status::kOk);
+        EXPECT_EQ((dialogs.get()->*which)(tessaview::windowHandle(&owner)), status::kOk);
         EXPECT_TRUE(acted);
     }
 

@@ -46,6 +46,6 @@ TessaviewShowCaptureDialog(tessaview::CaptureDialog dialog, tessaview::CaptureTu
             tuner->report("dialogs are only shown by a program with windows, on their thread");
             return status::kNotReady;
         }
-        return show(dialog, *tuner, static_cast<QWidget*>(owner));
+        return show(dialog, *tuner, QWidget::find(reinterpret_cast<WId>(owner)));
     });
 }
