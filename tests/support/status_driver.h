@@ -81,8 +81,10 @@ public:
     Status ReservedSlot3() noexcept override { return tessaview::status::kNotImplemented; }
     Status GetStatusText(char16_t** text) noexcept override
     {
-        *text = tessaview::Bstr(std::string_view("61 dB\u00B5V")).release();
-        return hasStatusText ? tessaview::status::kOk : tessaview::status::kFail;
+        static char16_t rubbish[] = u"not to be freed"; // what a failure may leave
+        *text =
+            hasStatusText ? tessaview::Bstr(std::string_view("61 dB\u00B5V")).release() : rubbish;
+        return *text == rubbish ? tessaview::status::kFail : tessaview::status::kOk;
     }
 
     Status ShowTuningDialog(tessaview::WindowHandle) noexcept override { return note("tuning"); }

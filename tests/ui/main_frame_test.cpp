@@ -76,6 +76,8 @@ TEST_F(MainFrame, showsTheStatusOfADriverThatHasNotAnsweredAsNotLocked)
     EXPECT_FALSE(isEnabled(Command::ScanTransponder));
     goesOn = true;
     goesOn.notify_all();
+    frame.reset();
+    document.reset(); // asks no more
 }
 
 TEST_F(MainFrame, opensWhatTheCommandsNameOnlyWhileTheyAreEnabled)
