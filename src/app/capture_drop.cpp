@@ -4,7 +4,6 @@
 
 #include <QDropEvent>
 #include <QMimeData>
-#include <QTimer>
 #include <QUrl>
 #include <QWidget>
 
@@ -48,7 +47,8 @@ bool CaptureDrop::eventFilter(QObject* watched, QEvent* event)
     drop.accept();
     // The program that files are dragged from waits until this returns.
     if (event->type() == QEvent::Drop)
-        QTimer::singleShot(0, this, [this, paths] { open_(paths); });
+        QMetaObject::invokeMethod(
+            this, [this, paths] { open_(paths); }, Qt::QueuedConnection);
     return true;
 }
 

@@ -164,7 +164,7 @@ void CTessaview3App::storeDriverChoice(const std::string& choice)
     }
 }
 
-void CTessaview3App::forgetDriverChoice()
+void CTessaview3App::forgetDriverChoice() const
 {
     try {
         Settings(places_.settingsFile).remove(kSettingsKey, kDriverClassValue);

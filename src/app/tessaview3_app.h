@@ -57,7 +57,7 @@ private:
 
     std::string read_driver_clsid();
     void storeDriverChoice(const std::string& choice);
-    void forgetDriverChoice();
+    void forgetDriverChoice() const;
     bool startChosenDriver();
     bool startFileDriver(const std::vector<std::string>& captures, CaptureResult& result);
     std::shared_ptr<DriverStart> newDriverStart() const;

@@ -8,6 +8,8 @@
 #include "ui/text.h"
 
 #include <algorithm>
+#include <iterator>
+#include <utility>
 
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -65,9 +67,9 @@ void tellProblems(QWidget* parent, const ClassRegistry& registry, const DriverLi
 
 } // namespace
 
-CDriverSelectDlg::CDriverSelectDlg(const DriverList& list, QWidget* parent)
+CDriverSelectDlg::CDriverSelectDlg(DriverList list, QWidget* parent)
     : QDialog(parent)
-    , list_(list)
+    , list_(std::move(list))
     , layout_(new QVBoxLayout(this))
     , names_(new QComboBox)
 {

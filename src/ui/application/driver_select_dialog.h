@@ -23,7 +23,7 @@ class CDriverSelectDlg : public QDialog {
 public:
     /// Of several drivers with one name, each stands in the list, and choosing either means the
     /// last of them.
-    explicit CDriverSelectDlg(const DriverList& list, QWidget* parent = nullptr);
+    explicit CDriverSelectDlg(DriverList list, QWidget* parent = nullptr);
 
     /// Chooses the first driver that reads captures, if there is one, and tells a newcomer what
     /// a driver is.
