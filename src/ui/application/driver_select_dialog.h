@@ -49,7 +49,7 @@ struct DriverSelection {
     std::shared_ptr<const ClassRegistry> registry;
     bool isFirstStart = false;               ///< welcome the user
     std::optional<std::string> current = {}; ///< the class that is in use, in braces
-    std::chrono::milliseconds patience;      ///< with a driver that does not answer
+    std::chrono::milliseconds patience{};    ///< with a driver that does not answer
     std::function<bool()> isOver = nullptr;  ///< stop waiting for drivers; may be null
 };
 
