@@ -3,7 +3,7 @@
 #   end_to_end.sh BUILD_FOLDER [CASE...]
 # Ends with status 77, which skips the test, where there is nothing to show a window on.
 set -u
-build=$1
+build=$(realpath "$1")
 shift
 program=$build/bin/tessaview3
 sample=$build/share/tessaview3/sample.ts
@@ -37,6 +37,11 @@ done
 export DISPLAY=:$(cat "$work/display")
 openbox >/dev/null 2>&1 &
 children+=($!)
+# A window that comes before the window manager is ready may never be mapped.
+for _ in $(seq 100); do
+    xdotool get_desktop >/dev/null 2>&1 && break
+    sleep 0.1
+done
 unset WAYLAND_DISPLAY XDG_CONFIG_HOME XDG_DATA_HOME XDG_STATE_HOME TESSAVIEW_COMPONENT_PATH
 export QT_QPA_PLATFORM=xcb
 
