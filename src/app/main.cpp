@@ -5,6 +5,7 @@
 #include "app/window_host.h"
 #include "log/log_file.h"
 
+#include <clocale>
 #include <cstdio>
 #include <unistd.h>
 
@@ -57,6 +58,8 @@ int main(int argc, char** argv)
     }
     int noArguments = 1;
     const QApplication qt(noArguments, argv);
+    // The toolkit takes over the user's locale; numbers are shown with a point all the same.
+    std::setlocale(LC_NUMERIC, "C"); // NOLINT(concurrency-mt-unsafe): no other thread runs yet
     QApplication::setApplicationName(QStringLiteral("Tessaview3"));
     QApplication::setDesktopFileName(QStringLiteral("tessaview3"));
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/tessaview3.png")));
