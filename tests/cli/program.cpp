@@ -1,6 +1,7 @@
 #include "tests/cli/program.h"
 
 #include <array>
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <fcntl.h>
@@ -89,6 +90,9 @@ pid_t ShellTool::start(const std::string& out, const ErrorOutput& err,
     const Redirections redirections(out, err);
     std::vector<std::string> words{kProgram};
     words.insert(words.end(), arguments.begin(), arguments.end());
+    // Beside the program, the logs of tests that run at the same time would meet.
+    if (std::find(words.begin(), words.end(), "--log") == words.end())
+        words.insert(words.begin() + 1, {"--log", folder_ / "log.txt"});
     std::vector<std::string> environment = environment_;
     pid_t child = -1;
     const int error = posix_spawn(&child, kProgram, redirections.get(), nullptr,
