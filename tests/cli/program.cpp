@@ -1,7 +1,7 @@
 #include "tests/cli/program.h"
 
-#include <array>
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <csignal>
 #include <fcntl.h>
