@@ -1,4 +1,4 @@
-#include "component/unknown.h"
+#include "component/create_instance.h"
 #include "components/satlist/sat_list_manager.h"
 
 // The one function that the library exports.
@@ -6,13 +6,5 @@ extern "C" __attribute__((visibility("default"))) tessaview::Status
 TessaviewCreateInstance(const tessaview::Guid* clsid, const tessaview::Guid* iid, void** object)
 {
     using namespace tessaview;
-    return guarded([&]() -> Status {
-        if (!clsid || !iid || !object)
-            return status::kNullPointer;
-        *object = nullptr;
-        if (!(*clsid == kSatListManagerClass))
-            return status::kClassNotRegistered;
-        const auto manager = ComPtr<ISatListManager>::adopt(new SatListManager);
-        return manager->QueryInterface(*iid, object);
-    });
+    return createInstanceOf<SatListManager>(kSatListManagerClass, clsid, iid, object);
 }
