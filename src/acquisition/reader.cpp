@@ -8,7 +8,6 @@
 #include "log/output.h"
 #include "platform/format.h"
 
-#include <algorithm>
 #include <optional>
 #include <span>
 #include <string>
@@ -49,10 +48,7 @@ void storeEit(EitMap& networks, Eit&& eit)
 /// The first four bytes, which tell table_id, length and half of what comes next.
 void logFirstBytes(Bytes section)
 {
-    std::string text;
-    for (const std::uint8_t byte : section.first(std::min<std::size_t>(section.size(), 4)))
-        text += formatted(text.empty() ? "%02X" : " %02X", unsigned{byte});
-    LogPrint(g_log, log_level::kDetail, "%s", text.c_str());
+    LogPrint(g_log, log_level::kDetail, "%s", hexList(section, 4).c_str());
 }
 
 /// The reading of one transport stream, step by step.

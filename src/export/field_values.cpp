@@ -1,6 +1,5 @@
 #include "export/database_export.h"
-
-#include <algorithm>
+#include "platform/format.h"
 
 namespace tessaview {
 
@@ -30,10 +29,7 @@ int FirstAudioPid(const lib13818::Pmt* pmt)
 std::string FormatPrivateBytes(std::span<const std::uint8_t> bytes)
 {
     constexpr std::size_t kMostBytes = (256 - 1) / 3; // what a buffer of 256 characters holds
-    std::string text;
-    for (const std::uint8_t byte : bytes.first(std::min(bytes.size(), kMostBytes)))
-        text += formatted(text.empty() ? "%02X" : " %02X", unsigned{byte});
-    return text;
+    return hexList(bytes, kMostBytes);
 }
 
 } // namespace tessaview

@@ -1,5 +1,6 @@
 #include "platform/format.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 
@@ -28,6 +29,14 @@ std::string formatted(const char* format, ...)
     va_start(arguments, format);
     std::string text = formattedList(format, arguments);
     va_end(arguments);
+    return text;
+}
+
+std::string hexList(std::span<const std::uint8_t> bytes, std::size_t most)
+{
+    std::string text;
+    for (const std::uint8_t byte : bytes.first(std::min(bytes.size(), most)))
+        text += formatted(text.empty() ? "%02X" : " %02X", unsigned{byte});
     return text;
 }
 

@@ -1,6 +1,9 @@
 #pragma once
 
 #include <cstdarg>
+#include <cstddef>
+#include <cstdint>
+#include <span>
 #include <string>
 
 namespace tessaview {
@@ -10,5 +13,8 @@ namespace tessaview {
 
 /// The same over the arguments of a caller with an ellipsis of its own.
 [[gnu::format(printf, 1, 0)]] std::string formattedList(const char* format, std::va_list arguments);
+
+/// At most the first `most` bytes, in upper case: "00 1F FF".
+std::string hexList(std::span<const std::uint8_t> bytes, std::size_t most);
 
 } // namespace tessaview

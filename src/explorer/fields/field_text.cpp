@@ -3,7 +3,6 @@
 #include "explorer/node_text.h"
 #include "platform/format.h"
 
-#include <algorithm>
 #include <string_view>
 
 namespace tessaview {
@@ -38,15 +37,6 @@ std::string timeText(const char* format, const lib13818::DateTime& time)
     return formatted(format, time.day, time.month, time.year, time.hour, time.minute, time.second);
 }
 
-std::string bytesText(std::span<const std::uint8_t> bytes)
-{
-    constexpr std::size_t kShown = 100;
-    std::string text;
-    for (const std::uint8_t byte : bytes.first(std::min(bytes.size(), kShown)))
-        text += formatted(text.empty() ? "%02X" : " %02X", unsigned{byte});
-    return text;
-}
-
 void fillText(const std::string& broadcast, const NodeView& node, ValueRow& row)
 {
     fillBroadcast(BroadcastText{.text = broadcast}, node, row);
@@ -64,7 +54,8 @@ void fillText(const lib13818::Code& code, const NodeView& /*node*/, ValueRow& ro
 
 void fillBytes(std::span<const std::uint8_t> bytes, ValueRow& row)
 {
-    row.data = bytesText(bytes);
+    constexpr std::size_t kMostBytes = 100;
+    row.data = hexList(bytes, kMostBytes);
     row.item = RowItem::Bytes;
     row.bytes = bytes;
 }

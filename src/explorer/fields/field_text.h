@@ -19,12 +19,11 @@ std::string numberText(const char* format, std::uint32_t number, const char* wor
 std::string realText(const char* format, double value);
 /// Day, month, year, hour, minute and second by a format of six numbers.
 std::string timeText(const char* format, const lib13818::DateTime& time);
-/// At most the first 100 bytes: "00 1F FF".
-std::string bytesText(std::span<const std::uint8_t> bytes);
 
 void fillText(const std::string& broadcast, const NodeView& node, ValueRow& row);
 void fillText(const lib13818::StrippedText& broadcast, const NodeView& node, ValueRow& row);
 void fillText(const lib13818::Code& code, const NodeView& node, ValueRow& row);
+/// At most the first 100 of them; the row keeps all.
 void fillBytes(std::span<const std::uint8_t> bytes, ValueRow& row);
 void fillPid(int pid, ValueRow& row);
 
