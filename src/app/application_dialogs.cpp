@@ -4,14 +4,12 @@
 #include "platform/settings.h"
 #include "ui/application/about_dialog.h"
 #include "ui/application/driver_select_dialog.h"
-#include "ui/application/message.h"
 #include "ui/application/si_tables_dialog.h"
 #include "ui/export/database_export_dlg.h"
+#include "ui/message.h"
 #include "ui/satlist/satellite_list_dialog.h"
 #include "ui/si_reading/si_reading_dlg.h"
 #include "ui/text.h"
-
-#include <QMessageBox>
 
 namespace tessaview {
 
@@ -34,8 +32,8 @@ bool ApplicationDialogs::runSiReading(QWidget* parent, NetworkMap& model, ScanMo
     const bool isOk =
         tessaview::runSiReading(parent, model, mode, driver, satellites, readsAtOnce_);
     if (readsAtOnce_ && isOk && transponderCount(model) == before)
-        showMessage(parent, QStringLiteral("Nothing new was read."),
-                    QStringLiteral("The lines in the output window tell why."));
+        complain(parent, QStringLiteral("Nothing new was read."),
+                 QStringLiteral("The lines in the output window tell why."));
     return isOk;
 }
 
@@ -56,13 +54,13 @@ bool ApplicationDialogs::runDriverSelection(QWidget* parent)
     try {
         settings.setText(kSettingsKey, kDriverClassValue, *choice);
     } catch (const SettingsError& problem) {
-        showMessage(parent, QStringLiteral("The choice of the driver cannot be stored."),
-                    toQString(problem.what()));
+        complain(parent, QStringLiteral("The choice of the driver cannot be stored."),
+                 toQString(problem.what()));
         return false;
     }
-    QMessageBox::information(
-        parent, QStringLiteral("Tessaview3"),
-        QStringLiteral("You must restart application for any changed to be effected."));
+    ask(parent, QMessageBox::Information,
+        QStringLiteral("You must restart application for any changed to be effected."),
+        QMessageBox::Ok);
     return true;
 }
 

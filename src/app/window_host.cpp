@@ -5,7 +5,7 @@
 #include "app/tessaview3_app.h"
 #include "ui/application/driver_select_dialog.h"
 #include "ui/application/driver_wait.h"
-#include "ui/application/message.h"
+#include "ui/message.h"
 #include "ui/text.h"
 
 #include <QApplication>
@@ -45,7 +45,7 @@ void WindowHost::closeDocument()
 void WindowHost::showMessage(const std::string& text, const std::string& detail)
 {
     if (!isQuitting_)
-        tessaview::showMessage(frame_.get(), toQString(text), toQString(detail));
+        complain(frame_.get(), toQString(text), toQString(detail));
 }
 
 std::optional<std::string> WindowHost::RunDriverSelection(CTessaview3App& application,

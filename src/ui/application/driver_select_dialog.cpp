@@ -4,7 +4,7 @@
 #include "log/log_file.h"
 #include "platform/format.h"
 #include "ui/application/driver_wait.h"
-#include "ui/application/message.h"
+#include "ui/message.h"
 #include "ui/text.h"
 
 #include <algorithm>
@@ -57,12 +57,12 @@ DriverList findDrivers(QWidget* parent, const DriverSelection& selection)
 void tellProblems(QWidget* parent, const ClassRegistry& registry, const DriverList& list)
 {
     if (failed(registry.searchStatus()))
-        showMessage(parent,
-                    toQString(formatted("Failed to open CategoriesMgr: %#x",
-                                        statusCode(registry.searchStatus()))),
-                    toQString(joinedLines(registry.problems())));
+        complain(parent,
+                 toQString(formatted("Failed to open CategoriesMgr: %#x",
+                                     statusCode(registry.searchStatus()))),
+                 toQString(joinedLines(registry.problems())));
     for (const DriverProblem& problem : list.problems)
-        showMessage(parent, toQString(problem.message()), toQString(problem.detail));
+        complain(parent, toQString(problem.message()), toQString(problem.detail));
 }
 
 } // namespace

@@ -1,13 +1,12 @@
 #include "ui/application/driver_wait.h"
 
+#include "ui/message.h"
 #include "ui/text.h"
 
 #include <memory>
 
 #include <QCoreApplication>
-#include <QMessageBox>
 #include <QPushButton>
-#include <QTextDocument>
 
 namespace tessaview {
 
@@ -19,12 +18,11 @@ using Clock = std::chrono::steady_clock;
 class WaitBox {
 public:
     WaitBox(QWidget* parent, const QString& driverName, const DriverWait& wait)
-        : box_(QMessageBox::Warning, QStringLiteral("Tessaview3"),
+        : box_(parent, QMessageBox::Warning,
                QStringLiteral("The driver %1 does not answer.").arg(driverName),
-               QMessageBox::NoButton, parent)
+               QMessageBox::NoButton)
         , consequence_(wait.consequence)
     {
-        box_.setTextFormat(Qt::PlainText);
         QPushButton* const keep =
             box_.addButton(QStringLiteral("&Keep waiting"), QMessageBox::RejectRole);
         giveUp_ = box_.addButton(wait.giveUp, QMessageBox::DestructiveRole);
@@ -35,20 +33,18 @@ public:
 
     void show(const std::string& operation, std::chrono::seconds sinceStart)
     {
-        box_.setInformativeText(Qt::convertFromPlainText(
-            QStringLiteral("Its call %1 has not returned for %2 s. It may still do so: this "
-                           "box closes by itself then.\n%3")
-                .arg(toQString(operation))
-                .arg(sinceStart.count())
-                .arg(consequence_),
-            Qt::WhiteSpaceNormal));
+        box_.setDetail(QStringLiteral("Its call %1 has not returned for %2 s. It may still do so: "
+                                      "this box closes by itself then.\n%3")
+                           .arg(toQString(operation))
+                           .arg(sinceStart.count())
+                           .arg(consequence_));
         box_.show();
     }
     bool isVisible() const { return box_.isVisible(); }
     bool wasGivenUp() const { return box_.clickedButton() == giveUp_; }
 
 private:
-    QMessageBox box_;
+    MessageBox box_;
     QString consequence_;
     QPushButton* giveUp_ = nullptr;
 };

@@ -1,7 +1,7 @@
 #include "ui/application/si_tables_dialog.h"
 
 #include "platform/settings.h"
-#include "ui/application/message.h"
+#include "ui/message.h"
 #include "ui/text.h"
 
 #include <utility>
@@ -100,8 +100,8 @@ void CSiTablesDlg::accept()
         storeTableSelection(mask, settingsFile_);
         QDialog::accept();
     } catch (const SettingsError& problem) {
-        showMessage(this, QStringLiteral("The choice of tables cannot be stored."),
-                    toQString(problem.what()));
+        complain(this, QStringLiteral("The choice of tables cannot be stored."),
+                 toQString(problem.what()));
     }
 }
 

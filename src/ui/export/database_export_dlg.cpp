@@ -1,7 +1,7 @@
 #include "ui/export/database_export_dlg.h"
 
-#include "ui/export/export_message.h"
 #include "ui/export/export_progress_dlg.h"
+#include "ui/message.h"
 
 #include <QFile>
 #include <QFileDialog>
@@ -62,7 +62,7 @@ void CDatabaseExportDlg::browse()
 void CDatabaseExportDlg::exportModel()
 {
     if (path_.isEmpty()) {
-        showExportMessage(this, "Choose the file of the new database with \"Browse...\" first.");
+        complain(this, "Choose the file of the new database with \"Browse...\" first.");
         return;
     }
     CExportProgressDlg(this, model_, QFile::encodeName(path_).toStdString()).exec();

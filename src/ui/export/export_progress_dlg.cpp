@@ -1,7 +1,7 @@
 #include "ui/export/export_progress_dlg.h"
 
 #include "export/database_export.h"
-#include "ui/export/export_message.h"
+#include "ui/message.h"
 
 #include <system_error>
 #include <utility>
@@ -54,7 +54,7 @@ void CExportProgressDlg::start()
             emit workerEnded();
         });
     } catch (const std::system_error&) {
-        showExportMessage(this, "Failed to create thread");
+        complain(this, "Failed to create thread");
     }
 }
 
@@ -62,7 +62,7 @@ void CExportProgressDlg::finish()
 {
     worker_.join();
     if (failure_)
-        showExportMessage(this, failure_->what());
+        complain(this, failure_->what());
     done(0);
 }
 

@@ -1,13 +1,13 @@
 #include "ui/satlist/list_dialog_parts.h"
 
 #include "platform/format.h"
+#include "ui/message.h"
 
 #include <algorithm>
 #include <utility>
 
 #include <QKeyEvent>
 #include <QListWidget>
-#include <QMessageBox>
 
 namespace tessaview {
 
@@ -98,16 +98,9 @@ void onKeys(QWidget* control, std::vector<int> keys, std::function<void()> act)
     control->installEventFilter(new KeyFilter(control, std::move(keys), std::move(act)));
 }
 
-void warn(QWidget* parent, const QString& text)
+void complain(QWidget* parent, const QString& text, Status status)
 {
-    QMessageBox box(QMessageBox::Warning, parent->windowTitle(), text, QMessageBox::Ok, parent);
-    box.setTextFormat(Qt::PlainText);
-    box.exec();
-}
-
-void warn(QWidget* parent, const QString& text, Status status)
-{
-    warn(parent, text + QString::fromStdString(formatted(": %08X", statusCode(status))));
+    complain(parent, text + QString::fromStdString(formatted(": %08X", statusCode(status))));
 }
 
 } // namespace tessaview

@@ -34,8 +34,7 @@ void refill(QListWidget& list, const QStringList& texts);
 /// Calls `act` for one of the keys while the control has the focus.
 void onKeys(QWidget* control, std::vector<int> keys, std::function<void()> act);
 
-/// Tells what is wrong, and about a failed call its status.
-void warn(QWidget* parent, const QString& text);
-void warn(QWidget* parent, const QString& text, Status status);
+/// Tells about a failed call, with its status.
+void complain(QWidget* parent, const QString& text, Status status);
 
 } // namespace tessaview

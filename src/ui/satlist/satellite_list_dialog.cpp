@@ -2,6 +2,7 @@
 
 #include "satlist/list_access.h"
 #include "satlist/scan_table_import.h"
+#include "ui/message.h"
 #include "ui/satlist/list_dialog_parts.h"
 #include "ui/satlist/transponder_list_dialog.h"
 
@@ -15,7 +16,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QMessageBox>
 #include <QVBoxLayout>
 
 namespace tessaview {
@@ -129,7 +129,7 @@ void SatelliteListDialog::fill()
     ComPtr<IEnumSatellite> satellites;
     const Status result = enumSatellites(manager_, false, satellites);
     if (failed(result))
-        return warn(this, QStringLiteral("The satellite list cannot be read"), result);
+        return complain(this, QStringLiteral("The satellite list cannot be read"), result);
     for (const auto& satellite : Items(satellites.get())) {
         Bstr name;
         std::int32_t isSelected = 0;
@@ -151,7 +151,7 @@ void SatelliteListDialog::select(QListWidget* from, bool selected)
         if (!failed(result))
             result = manager_.PutSatellite(satellite.get());
         if (failed(result))
-            return warn(this, QStringLiteral("'%1' cannot be changed").arg(name), result);
+            return complain(this, QStringLiteral("'%1' cannot be changed").arg(name), result);
     }
     fill();
 }
@@ -161,7 +161,7 @@ void SatelliteListDialog::deleteSelected()
     for (const QString& name : selectedTexts(*available_)) {
         const Status result = manager_.RemoveSatellite(toBstr(name).get());
         if (failed(result))
-            return warn(this, QStringLiteral("'%1' cannot be deleted").arg(name), result);
+            return complain(this, QStringLiteral("'%1' cannot be deleted").arg(name), result);
     }
     fill();
 }
@@ -171,15 +171,16 @@ void SatelliteListDialog::addSatellite()
     const QString name = name_->text();
     name_->setFocus();
     if (name.trimmed().isEmpty())
-        return warn(this, QStringLiteral("Type the name of the new satellite first."));
+        return complain(this, QStringLiteral("Type the name of the new satellite first."));
     ComPtr<ISatellite> satellite;
     // A new one would take the place, and the transponders, of one that is there.
     if (!failed(getSatellite(manager_, toBstr(name), satellite)))
-        return warn(this, QStringLiteral("'%1' is in the list already.").arg(name));
+        return complain(this, QStringLiteral("'%1' is in the list already.").arg(name));
     Status result = createSatellite(manager_, toBstr(name), satellite);
     if (result == status::kInvalidArgument)
-        return warn(this, QStringLiteral("This cannot be the name of a satellite: it is too long "
-                                         "or has characters that cannot be kept."));
+        return complain(this,
+                        QStringLiteral("This cannot be the name of a satellite: it is too long "
+                                       "or has characters that cannot be kept."));
     if (!failed(result))
         result = satellite->put_Selected(0);
     if (!failed(result))
@@ -187,7 +188,7 @@ void SatelliteListDialog::addSatellite()
     if (!failed(result))
         result = manager_.PutSatellite(satellite.get());
     if (failed(result))
-        return warn(this, QStringLiteral("'%1' cannot be added").arg(name), result);
+        return complain(this, QStringLiteral("'%1' cannot be added").arg(name), result);
     name_->clear();
     fill();
     for (QListWidgetItem* const item :
@@ -203,7 +204,7 @@ void SatelliteListDialog::openTransponders(QListWidget* list)
     ComPtr<ISatellite> satellite;
     const Status result = getSatellite(manager_, toBstr(item->text()), satellite);
     if (failed(result))
-        return warn(this, QStringLiteral("'%1' cannot be opened").arg(item->text()), result);
+        return complain(this, QStringLiteral("'%1' cannot be opened").arg(item->text()), result);
     TransponderListDialog(manager_, satellite, this).exec();
 }
 
@@ -225,8 +226,8 @@ void SatelliteListDialog::importFiles(const QStringList& files)
         paths.emplace_back(QFile::encodeName(file).toStdString());
     const ImportReport report = importScanTables(manager_, paths);
     fill();
-    QMessageBox box(report.problems.empty() ? QMessageBox::Information : QMessageBox::Warning,
-                    windowTitle(), QString::fromStdString(report.summary()), QMessageBox::Ok, this);
+    MessageBox box(this, report.problems.empty() ? QMessageBox::Information : QMessageBox::Warning,
+                   QString::fromStdString(report.summary()));
     QStringList problems;
     for (const std::string& problem : report.problems)
         problems << QString::fromStdString(problem);

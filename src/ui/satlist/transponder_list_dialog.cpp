@@ -2,6 +2,7 @@
 
 #include "platform/format.h"
 #include "satlist/transponder_text.h"
+#include "ui/message.h"
 #include "ui/satlist/list_dialog_parts.h"
 
 #include <utility>
@@ -50,9 +51,9 @@ auto typedValue(QLineEdit* field, const char* expected, Parse parse)
         const auto* const form = static_cast<QFormLayout*>(field->parentWidget()->layout());
         const QString name = static_cast<QLabel*>(form->labelForField(field))->text();
         const QString wanted = QLatin1String(expected);
-        warn(field->window(),
-             typed.isEmpty() ? QStringLiteral("%1 is empty: type %2.").arg(name, wanted)
-                             : QStringLiteral("%1 is '%2': type %3.").arg(name, typed, wanted));
+        complain(field->window(),
+                 typed.isEmpty() ? QStringLiteral("%1 is empty: type %2.").arg(name, wanted)
+                                 : QStringLiteral("%1 is '%2': type %3.").arg(name, typed, wanted));
         field->setFocus();
         field->selectAll();
     }
@@ -149,7 +150,7 @@ void TransponderListDialog::fill()
         lines << QString::fromStdString(transponderLine(entry));
     refill(*list_, lines);
     if (failed(result))
-        warn(this, QStringLiteral("The transponders cannot be read"), result);
+        complain(this, QStringLiteral("The transponders cannot be read"), result);
 }
 
 void TransponderListDialog::deleteSelected()
@@ -159,11 +160,11 @@ void TransponderListDialog::deleteSelected()
         const Status result =
             key ? satellite_->RemoveTransponder(key->first, key->second) : status::kUnexpected;
         if (failed(result))
-            return warn(this, QStringLiteral("'%1' cannot be deleted").arg(line), result);
+            return complain(this, QStringLiteral("'%1' cannot be deleted").arg(line), result);
     }
     const Status result = manager_.PutSatellite(satellite_.get());
     if (failed(result))
-        return warn(this, QStringLiteral("The satellite cannot be stored"), result);
+        return complain(this, QStringLiteral("The satellite cannot be stored"), result);
     fill();
 }
 
@@ -200,15 +201,15 @@ void TransponderListDialog::add()
         return;
     Status result = addTransponder(*satellite_.get(), *entry);
     if (result == status::kAlreadyExists)
-        return warn(this,
-                    QString::fromStdString(formatted(
-                        "NID %04X, TSID %04X is in the list already. Delete that entry "
-                        "first to replace it.",
-                        static_cast<unsigned>(entry->nid), static_cast<unsigned>(entry->tsid))));
+        return complain(
+            this, QString::fromStdString(formatted(
+                      "NID %04X, TSID %04X is in the list already. Delete that entry "
+                      "first to replace it.",
+                      static_cast<unsigned>(entry->nid), static_cast<unsigned>(entry->tsid))));
     if (!failed(result))
         result = manager_.PutSatellite(satellite_.get());
     if (failed(result))
-        return warn(this, QStringLiteral("The transponder cannot be added"), result);
+        return complain(this, QStringLiteral("The transponder cannot be added"), result);
     fill();
 }
 

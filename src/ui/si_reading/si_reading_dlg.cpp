@@ -1,6 +1,7 @@
 #include "ui/si_reading/si_reading_dlg.h"
 
 #include "satlist/list_access.h"
+#include "ui/message.h"
 #include "ui/text.h"
 #include "ui/window_handle.h"
 
@@ -13,7 +14,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QProgressBar>
 #include <QPushButton>
 
@@ -64,12 +64,12 @@ QLabel* addRow(QGridLayout& grid, const char* text, int labelId, QWidget* field)
     return label;
 }
 
-void showMessage(QWidget* parent, const QString& text)
+/// Complains, but waits for nobody to close the box, so that a scan that ends meanwhile is seen to.
+void complainMeanwhile(QWidget* parent, const QString& text)
 {
-    auto* const box =
-        new QMessageBox(QMessageBox::Warning, "Tessaview 3", text, QMessageBox::Ok, parent);
+    auto* const box = new MessageBox(parent, QMessageBox::Warning, text);
     box->setAttribute(Qt::WA_DeleteOnClose);
-    box->open(); // nobody waits for it, so that a scan that ends meanwhile is seen to
+    box->open();
 }
 
 } // namespace
@@ -149,7 +149,7 @@ void CSiReadingDlg::connectWorker()
     connect(this, &CSiReadingDlg::endCame, this, &CSiReadingDlg::takeEnd, queued);
     connect(
         this, &CSiReadingDlg::satelliteWanted, this,
-        [this] { showMessage(this, "You must select a satellite to scan"); }, queued);
+        [this] { complainMeanwhile(this, "You must select a satellite to scan"); }, queued);
 }
 
 void CSiReadingDlg::listSatellites(ISatListManager* satellites)
@@ -216,7 +216,7 @@ void CSiReadingDlg::startOrCancel()
         try {
             controller_.start(std::move(chosen));
         } catch (const std::system_error&) {
-            showMessage(this, "Failed to create thread");
+            complainMeanwhile(this, "Failed to create thread");
         }
     } else {
         controller_.cancel();
@@ -299,7 +299,7 @@ bool runSiReading(QWidget* parent, NetworkMap& model, ScanMode mode, IDriverInfo
             dialog.runByItself();
         return dialog.exec() == QDialog::Accepted;
     } catch (const std::system_error&) {
-        showMessage(parent, "Failed to create thread");
+        complainMeanwhile(parent, "Failed to create thread");
         return false;
     }
 }
