@@ -3,9 +3,7 @@
 #include "ui/message.h"
 
 #include <chrono>
-#include <condition_variable>
-#include <mutex>
-#include <thread>
+#include <memory>
 #include <utility>
 
 #include <QProgressDialog>
@@ -19,38 +17,19 @@ namespace {
 constexpr std::chrono::milliseconds kImperceptible(150);
 constexpr std::chrono::milliseconds kLookAgainAfter(50);
 
-} // namespace
-
-struct DriverCall::Shared {
-    std::optional<Status> waitFor(std::chrono::milliseconds time)
-    {
-        std::unique_lock lock(mutex);
-        ended.wait_for(lock, time, [this] { return result.has_value(); });
-        return result;
-    }
-
-    std::function<Status()> call;
-    std::mutex mutex;
-    std::condition_variable ended;
-    std::optional<Status> result = {}; // guarded by mutex
-};
-
-namespace {
-
-template <class Shared>
-std::optional<Status> waitBehindBox(Shared& shared, QWidget* parent, const QString& text)
+bool waitBehindBox(const PendingCall& call, QWidget* parent, const QString& text)
 {
     QProgressDialog box(text, QStringLiteral("Stop waiting"), 0, 0, parent);
     box.setWindowTitle(QLatin1String(kProgramTitle));
     box.setWindowModality(Qt::ApplicationModal);
     QTimer look;
     QObject::connect(&look, &QTimer::timeout, &box, [&] {
-        if (shared.waitFor({}))
+        if (call.waitFor({}))
             box.accept();
     });
     look.start(kLookAgainAfter);
     box.exec();
-    return shared.waitFor({});
+    return call.waitFor({});
 }
 
 } // namespace
@@ -58,23 +37,11 @@ std::optional<Status> waitBehindBox(Shared& shared, QWidget* parent, const QStri
 std::optional<Status> DriverCall::run(QWidget* parent, const QString& text,
                                       std::function<Status()> call)
 {
-    last_ = std::make_shared<Shared>();
-    last_->call = std::move(call);
-    std::thread worker([shared = last_] {
-        const Status result = shared->call();
-        shared->call = nullptr;
-        const std::lock_guard lock(shared->mutex);
-        shared->result = result;
-        shared->ended.notify_all();
-    });
-    auto result = last_->waitFor(kImperceptible);
-    if (!result)
-        result = waitBehindBox(*last_, parent, text);
-    if (result)
-        worker.join();
-    else
-        worker.detach();
-    return result;
+    const auto result = std::make_shared<Status>(status::kUnexpected);
+    last_.emplace([result, call = std::move(call)](const CallObserver&) { *result = call(); });
+    if (!last_->waitFor(kImperceptible) && !waitBehindBox(*last_, parent, text))
+        return std::nullopt;
+    return *result;
 }
 
 bool DriverCall::isBusy() const

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "component/status.h"
+#include "driver/pending_call.h"
 
 #include <functional>
-#include <memory>
 #include <optional>
 
 #include <QString>
@@ -16,11 +16,6 @@ namespace tessaview {
 /// the window goes on painting behind a modal box. The user may stop waiting for one.
 class DriverCall {
 public:
-    DriverCall() = default;
-    DriverCall(const DriverCall&) = delete;
-    DriverCall& operator=(const DriverCall&) = delete;
-    ~DriverCall() = default;
-
     /// Returns what the call returned; nothing when the user stopped waiting. The call then goes
     /// on, so `call` must own what it uses. Not to be used while `isBusy`.
     std::optional<Status> run(QWidget* parent, const QString& text, std::function<Status()> call);
@@ -29,8 +24,7 @@ public:
     bool isBusy() const;
 
 private:
-    struct Shared;
-    std::shared_ptr<Shared> last_;
+    std::optional<PendingCall> last_;
 };
 
 } // namespace tessaview
