@@ -69,9 +69,10 @@ void ApplicationDialogs::runSatelliteListManager(QWidget* parent, ISatListManage
     tessaview::runSatelliteListManager(parent, satellites);
 }
 
-void ApplicationDialogs::runDatabaseExport(QWidget* parent, const NetworkMap& model)
+void ApplicationDialogs::runDatabaseExport(QWidget* parent, const NetworkMap& model,
+                                           const CharsetPolicy& charsets)
 {
-    tessaview::runDatabaseExport(parent, model);
+    tessaview::runDatabaseExport(parent, model, charsets);
 }
 
 void ApplicationDialogs::runAbout(QWidget* parent)

@@ -22,7 +22,8 @@ public:
     void runSiTables(QWidget* parent) override;
     bool runDriverSelection(QWidget* parent) override;
     void runSatelliteListManager(QWidget* parent, ISatListManager& satellites) override;
-    void runDatabaseExport(QWidget* parent, const NetworkMap& model) override;
+    void runDatabaseExport(QWidget* parent, const NetworkMap& model,
+                           const CharsetPolicy& charsets) override;
     void runAbout(QWidget* parent) override;
 
 private:

@@ -26,11 +26,12 @@ std::string exportObstacle(const std::string& file)
     return {};
 }
 
-std::string exportTo(const std::string& file, const NetworkMap& model)
+std::string exportTo(const std::string& file, const NetworkMap& model,
+                     const CharsetPolicy& charsets)
 {
     if (file.empty() || model.empty())
         return {};
-    const auto failure = exportDatabase(model, file);
+    const auto failure = exportDatabase(model, file, charsets);
     return failure ? "the export failed\n" + std::string(failure->what()) : std::string();
 }
 

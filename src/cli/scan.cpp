@@ -130,7 +130,7 @@ int scan(const Options& options)
     runScan(options, session, satellites.get(), model);
     session.close();
 
-    const std::string exportProblem = exportTo(options.exportDb, model);
+    const std::string exportProblem = exportTo(options.exportDb, model, options.charsets);
     complain(exportProblem);
     Tree tree;
     tree.setCharsetPolicy(options.charsets);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "charset/charset_policy.h"
 #include "export/database_error.h"
 #include "model/network_map.h"
 
@@ -17,12 +18,14 @@ namespace tessaview {
 void CreateDatabase(const std::filesystem::path& file);
 
 /// Writes the model into a database of CreateDatabase that has no rows yet. Throws DatabaseError;
-/// the rows written before that stay.
-void ExportModel(const NetworkMap& model, const std::filesystem::path& file);
+/// the rows written before that stay. Names are read by the rule of their network.
+void ExportModel(const NetworkMap& model, const std::filesystem::path& file,
+                 const CharsetPolicy& charsets = {});
 
 /// Both, one after the other: for a worker, since it throws nothing. Gives what went wrong.
 std::optional<DatabaseError> exportDatabase(const NetworkMap& model,
-                                            const std::filesystem::path& file) noexcept;
+                                            const std::filesystem::path& file,
+                                            const CharsetPolicy& charsets = {}) noexcept;
 
 /// Stands for a PID that there is not.
 constexpr int kNoPid = 0x1FFF;

@@ -28,11 +28,12 @@ void writeNetwork(Database& database, TableWriter& networks, const Network& netw
 
 } // namespace
 
-void ExportModel(const NetworkMap& model, const std::filesystem::path& file)
+void ExportModel(const NetworkMap& model, const std::filesystem::path& file,
+                 const CharsetPolicy& charsets)
 {
     Database database(file);
     TableWriter networks(database, "tb_network");
-    TransponderExport transponders(database);
+    TransponderExport transponders(database, charsets);
     for (const auto& [id, network] : model) {
         writeNetwork(database, networks, network);
         for (const auto& [stream, transponder] : network.transponders) {
@@ -46,10 +47,11 @@ void ExportModel(const NetworkMap& model, const std::filesystem::path& file)
 }
 
 std::optional<DatabaseError> exportDatabase(const NetworkMap& model,
-                                            const std::filesystem::path& file) noexcept
+                                            const std::filesystem::path& file,
+                                            const CharsetPolicy& charsets) noexcept
 try {
     CreateDatabase(file);
-    ExportModel(model, file);
+    ExportModel(model, file, charsets);
     return std::nullopt;
 } catch (const DatabaseError& failure) {
     return failure;

@@ -67,8 +67,9 @@ void writeAccess(TableWriter& table, const ColumnValue& owner,
 
 } // namespace
 
-TransponderExport::TransponderExport(Database& database)
-    : transponders_(database, "tb_transponder")
+TransponderExport::TransponderExport(Database& database, const CharsetPolicy& charsets)
+    : charsets_(charsets)
+    , transponders_(database, "tb_transponder")
     , services_(database, "tb_service")
     , ecms_(database, "tb_ca_ecm")
     , emms_(database, "tb_ca_emm")
@@ -86,20 +87,24 @@ void TransponderExport::write(const Network& network, const Transponder& transpo
                                                {"FEC", tuning.fec}});
     writeAccess(emms_, {"TRANSPONDER_ID", id}, transponder.cat.descriptors);
 
+    const CharsetRule& charset = charsets_.ruleFor(network.original_network_id);
     std::set<int> written; // a PAT that lists a program again means nothing by it
     for (const lib13818::PatProgram& program : transponder.pat.programs)
         if (program.program_number != 0 && written.insert(program.program_number).second)
-            writeService(id, program, findEntry(transponder, program.program_number),
+            writeService(id, charset, program, findEntry(transponder, program.program_number),
                          findPmt(transponder, program.program_number));
 }
 
-void TransponderExport::writeService(std::int64_t transponderId,
+void TransponderExport::writeService(std::int64_t transponderId, const CharsetRule& charset,
                                      const lib13818::PatProgram& program,
                                      const lib13818::SdtService* entry, const lib13818::Pmt* pmt)
 {
     const DescriptorService* const described = serviceDescriptorOf(entry);
-    const std::string name = described ? displayText(described->service_name) : "";
-    const std::string provider = described ? displayText(described->provider_name) : "";
+    const auto shown = [&](const std::string& text) {
+        return displayText(BroadcastText{.text = text}, charset);
+    };
+    const std::string name = described ? shown(described->service_name) : "";
+    const std::string provider = described ? shown(described->provider_name) : "";
     const std::int64_t id = services_.add(
         {{"TRANSPONDER_ID", transponderId},
          {"SID", program.program_number},

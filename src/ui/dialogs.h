@@ -1,6 +1,7 @@
 #pragma once
 
 #include "acquisition/scan_mode.h"
+#include "charset/charset_policy.h"
 #include "driver/tuner_driver.h"
 #include "model/network_map.h"
 #include "satlist/satellite_list.h"
@@ -26,8 +27,9 @@ public:
     virtual bool runDriverSelection(QWidget* parent) = 0;
     /// "Satellite list manager".
     virtual void runSatelliteListManager(QWidget* parent, ISatListManager& satellites) = 0;
-    /// "Database export".
-    virtual void runDatabaseExport(QWidget* parent, const NetworkMap& model) = 0;
+    /// "Database export"; names are read as the policy says.
+    virtual void runDatabaseExport(QWidget* parent, const NetworkMap& model,
+                                   const CharsetPolicy& charsets) = 0;
     virtual void runAbout(QWidget* parent) = 0;
 };
 

@@ -79,7 +79,7 @@ bool CTessaview3Doc::run(Command command)
         dialogs_.runSiTables(view_->widget());
         break;
     case Command::DatabaseExport:
-        dialogs_.runDatabaseExport(view_->widget(), model_);
+        dialogs_.runDatabaseExport(view_->widget(), model_, view_->charsetPolicy());
         break;
     case Command::SatelliteList:
         dialogs_.runSatelliteListManager(view_->widget(), *satellites_.get());

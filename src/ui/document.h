@@ -22,6 +22,8 @@ public:
     /// Drops everything that points into the model.
     virtual void ClearTree() = 0;
     virtual void RebuildTree(const NetworkMap& model) = 0;
+    /// What texts are shown with.
+    virtual const CharsetPolicy& charsetPolicy() const = 0;
     /// The parent of the dialogs.
     virtual QWidget* widget() = 0;
 

@@ -382,4 +382,9 @@ void CMainFrame::RebuildTree(const NetworkMap& model)
     treePane_->RebuildTree(model);
 }
 
+const CharsetPolicy& CMainFrame::charsetPolicy() const
+{
+    return treePane_->charsetPolicy();
+}
+
 } // namespace tessaview

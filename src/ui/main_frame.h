@@ -59,6 +59,7 @@ public:
 
     void ClearTree() override;
     void RebuildTree(const NetworkMap& model) override;
+    const CharsetPolicy& charsetPolicy() const override;
     QWidget* widget() override { return this; }
 
 private:

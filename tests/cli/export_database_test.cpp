@@ -16,14 +16,14 @@ using namespace test; // NOLINT(google-build-using-namespace)
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-Bytes smallStream()
+Bytes smallStream(const std::string& serviceName = "One")
 {
     const std::vector<Bytes> tuning{
         satelliteDelivery({.frequency = 1218750, .orbitalPosition = 0})};
     return StreamBuilder()
         .put(0x00, pat(0x0451, {{0x1001, 0x100}}))
         .put(0x10, nit(0x40, 0x3002, {}, {{0x0451, 0x3001, tuning}}))
-        .put(0x11, sdt(0x42, 0x0451, 0x3001, {{0x1001, {service(1, "Co", "One")}}}))
+        .put(0x11, sdt(0x42, 0x0451, 0x3001, {{0x1001, {service(1, "Co", serviceName)}}}))
         .build();
 }
 
@@ -43,6 +43,17 @@ TEST(ShellToolExport, writesADatabaseBesidesTheTree)
     EXPECT_EQ(again.status, 3);
     EXPECT_THAT(again.err, HasSubstr("a.sqlite exists already"));
     EXPECT_EQ(again.out, "") << "told before anything is read";
+}
+
+TEST(ShellToolExport, readsNamesAsTheTreeDoes)
+{
+    const ShellTool tool;
+    const std::string database = tool.folder() / "a.sqlite";
+    const std::string capture = tool.file("hill.ts", smallStream("\xA1"));
+    const Outcome exported = tool.run({"--quiet", "--charset", "iso-8859-2", "--format", "values",
+                                       "--export-db", database, capture});
+    EXPECT_THAT(exported.out, HasSubstr("\u0104"));
+    EXPECT_THAT(rowsOf(database, "SELECT SERVICENAME FROM tb_service"), ElementsAre("\u0104"));
 }
 
 TEST(ShellToolExport, tellsThatItFailedAndStillPrintsTheTree)

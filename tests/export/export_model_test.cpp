@@ -29,7 +29,7 @@ Bytes counting(std::size_t size)
 struct Export : testing::Test {
     void exportIt()
     {
-        const auto failure = exportDatabase(model, file);
+        const auto failure = exportDatabase(model, file, charsets);
         ASSERT_FALSE(failure) << failure->what();
         EXPECT_THAT(test::faultsOf(file), IsEmpty());
     }
@@ -38,6 +38,7 @@ struct Export : testing::Test {
     test::TemporaryFolder folder;
     std::filesystem::path file = folder / "a.sqlite";
     NetworkMap model;
+    CharsetPolicy charsets;
 };
 
 const test::StreamSections kMixedStream{
@@ -144,6 +145,21 @@ TEST_F(Export, takesServicesFromTheSdtOfTheStreamItselfOnly)
         model, 1, {.pat = test::pat(2, {{5, 0x105}}), .sdts = {named(1, "no"), named(2, "yes")}});
     exportIt();
     EXPECT_THAT(rows("SELECT SERVICENAME FROM tb_service"), ElementsAre("yes"));
+}
+
+TEST_F(Export, readsNamesByTheRuleOfTheirNetwork)
+{
+    charsets.set({.table = findTable("iso-8859-2"), .beatsSelector = true});
+    charsets.set({.table = findTable("iso-8859-5"), .original_network_id = 2});
+    for (const unsigned network : {1U, 2U})
+        test::addSatelliteStream(
+            model, network,
+            {.pat = test::pat(1, {{5, 0x105}}),
+             .sdts = {test::sdt(test::kSdtActual, 1, network,
+                                {{5, {test::service(1, "\x05\xB1", "\xB1")}}})}});
+    exportIt();
+    EXPECT_THAT(rows("SELECT PROVIDERNAME, SERVICENAME FROM tb_service ORDER BY rowid"),
+                ElementsAre("\u0105|\u0105", "\u00B1|\u0411"));
 }
 
 TEST_F(Export, cutsNamesBehindTheLastCharacterThatFits)

@@ -60,6 +60,8 @@ TEST_F(CharsetMenuTest, showsTextsWithTheTableThatIsChosen)
     EXPECT_EQ(names(), Names(automatic.first, "\u0104"));
     choose({"Network 0001", "All texts", "ISO/IEC 8859-2"});
     EXPECT_EQ(names(), Names("\u0104", "\u0104"));
+    frame->action(Command::DatabaseExport)->trigger();
+    EXPECT_EQ(dialogs.exportCharsets.ofNetworks(), frame->treePane().charsetPolicy().ofNetworks());
     choose({"Network 0001", "As all networks"});
     EXPECT_EQ(names(), Names(automatic.first, "\u0104"));
 

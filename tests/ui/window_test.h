@@ -21,6 +21,7 @@ namespace test {
 class RecordedDialogs : public tessaview::Dialogs {
 public:
     std::vector<std::string> opened;
+    tessaview::CharsetPolicy exportCharsets; ///< of the last "Database export"
     /// Fills the model; the answer is the dialog's.
     std::function<bool(tessaview::NetworkMap& model)> read = [](tessaview::NetworkMap& model) {
         fillSmallModel(model);
@@ -44,8 +45,10 @@ public:
     {
         opened.emplace_back("satellites");
     }
-    void runDatabaseExport(QWidget*, const tessaview::NetworkMap& model) override
+    void runDatabaseExport(QWidget*, const tessaview::NetworkMap& model,
+                           const tessaview::CharsetPolicy& charsets) override
     {
+        exportCharsets = charsets;
         opened.push_back("export of " + std::to_string(model.size()));
     }
     void runAbout(QWidget*) override { opened.emplace_back("about"); }

@@ -3,6 +3,8 @@
 #include "ui/export/export_progress_dlg.h"
 #include "ui/message.h"
 
+#include <utility>
+
 #include <QFile>
 #include <QFileDialog>
 #include <QGridLayout>
@@ -12,9 +14,11 @@
 
 namespace tessaview {
 
-CDatabaseExportDlg::CDatabaseExportDlg(QWidget* parent, const NetworkMap& model)
+CDatabaseExportDlg::CDatabaseExportDlg(QWidget* parent, const NetworkMap& model,
+                                       CharsetPolicy charsets)
     : QDialog(parent)
     , model_(model)
+    , charsets_(std::move(charsets))
     , edit_(new QLineEdit)
 {
     setWindowTitle("Database export");
@@ -65,12 +69,12 @@ void CDatabaseExportDlg::exportModel()
         complain(this, "Choose the file of the new database with \"Browse...\" first.");
         return;
     }
-    CExportProgressDlg(this, model_, QFile::encodeName(path_).toStdString()).exec();
+    CExportProgressDlg(this, model_, QFile::encodeName(path_).toStdString(), charsets_).exec();
 }
 
-void runDatabaseExport(QWidget* parent, const NetworkMap& model)
+void runDatabaseExport(QWidget* parent, const NetworkMap& model, const CharsetPolicy& charsets)
 {
-    CDatabaseExportDlg(parent, model).exec();
+    CDatabaseExportDlg(parent, model, charsets).exec();
 }
 
 } // namespace tessaview

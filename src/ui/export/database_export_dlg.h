@@ -1,5 +1,6 @@
 #pragma once
 
+#include "charset/charset_policy.h"
 #include "model/network_map.h"
 
 #include <QDialog>
@@ -14,8 +15,8 @@ class CDatabaseExportDlg : public QDialog {
     Q_OBJECT
 
 public:
-    /// The model must outlive this and stay as it is meanwhile.
-    CDatabaseExportDlg(QWidget* parent, const NetworkMap& model);
+    /// The model must outlive this and stay as it is meanwhile. Names are read as the policy says.
+    CDatabaseExportDlg(QWidget* parent, const NetworkMap& model, CharsetPolicy charsets = {});
 
 protected:
     /// Lets the user choose the file to save to, starting from `path`; empty for none.
@@ -26,11 +27,12 @@ private:
     void exportModel();
 
     const NetworkMap& model_;
+    CharsetPolicy charsets_;
     QString path_;
     QLineEdit* edit_;
 };
 
 /// Runs the dialog; returns when it is closed.
-void runDatabaseExport(QWidget* parent, const NetworkMap& model);
+void runDatabaseExport(QWidget* parent, const NetworkMap& model, const CharsetPolicy& charsets);
 
 } // namespace tessaview

@@ -13,10 +13,11 @@
 namespace tessaview {
 
 CExportProgressDlg::CExportProgressDlg(QWidget* parent, const NetworkMap& model,
-                                       std::filesystem::path file)
+                                       std::filesystem::path file, CharsetPolicy charsets)
     : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint)
     , model_(model)
     , file_(std::move(file))
+    , charsets_(std::move(charsets))
 {
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(24, 24, 24, 24);
@@ -50,7 +51,7 @@ void CExportProgressDlg::start()
 {
     try {
         worker_ = startThread([this] {
-            failure_ = exportDatabase(model_, file_);
+            failure_ = exportDatabase(model_, file_, charsets_);
             emit workerEnded();
         });
     } catch (const std::system_error&) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "charset/charset_policy.h"
 #include "export/database_error.h"
 #include "model/network_map.h"
 
@@ -19,7 +20,8 @@ class CExportProgressDlg : public QDialog {
 
 public:
     /// The model must outlive this and stay as it is meanwhile.
-    CExportProgressDlg(QWidget* parent, const NetworkMap& model, std::filesystem::path file);
+    CExportProgressDlg(QWidget* parent, const NetworkMap& model, std::filesystem::path file,
+                       CharsetPolicy charsets = {});
 
     void reject() override;
 
@@ -38,6 +40,7 @@ private:
 
     const NetworkMap& model_;
     std::filesystem::path file_;
+    CharsetPolicy charsets_;
     std::optional<DatabaseError> failure_; ///< the worker's until it is joined
     std::jthread worker_;                  ///< last: joined before anything else goes
 };
