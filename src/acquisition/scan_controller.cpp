@@ -73,12 +73,12 @@ void ScanController::start(std::optional<std::string> satellite)
         satellite.emplace();
     context_.satellite = std::move(satellite);
     cancelled_ = false;
-    state_ = State::Scanning;
     scan_ = std::jthread([this] {
         OutputClear();
         Scanner(context_, events_, cancelled_).run(mode_);
         events_.scanFinished();
     });
+    state_ = State::Scanning; // not without a thread, whose end would never come
 }
 
 void ScanController::cancel()

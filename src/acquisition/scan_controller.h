@@ -60,7 +60,8 @@ public:
     /// What the driver said; not before the opening is complete.
     const TunerNow& tuner() const { return tuner_; }
 
-    /// Starts a scan with the satellite that the user chose, if any. Only when idle.
+    /// Starts a scan with the satellite that the user chose, if any. Only when idle, and stays so
+    /// when there can be no thread: then throws std::system_error.
     void start(std::optional<std::string> satellite);
     /// Asks the scan under way to end.
     void cancel();

@@ -6,12 +6,14 @@
 #include "tests/acquisition/task_memory_watch.h"
 #include "tests/multiplex/descriptors.h"
 #include "tests/multiplex/sections.h"
+#include "tests/support/no_threads.h"
 
 #include <condition_variable>
 #include <filesystem>
 #include <gmock/gmock.h>
 #include <iterator>
 #include <mutex>
+#include <system_error>
 
 namespace {
 
@@ -219,6 +221,21 @@ TEST_F(Control, needsASatelliteOfASatelliteTunerOnly)
     window.waitForScan();
     control->completeScan();
     EXPECT_THAT(recorder.printed(), ElementsAre("No satellite selected"));
+}
+
+TEST_F(Control, staysIdleWhenThereCanBeNoThread)
+{
+    const auto control = controller(ScanMode::CurrentNit);
+    EXPECT_TRUE(control->openedWithin(1h));
+    {
+        const test::NoThreads noThreads;
+        EXPECT_THROW(control->start({}), std::system_error);
+    }
+    EXPECT_FALSE(control->isBusy());
+    control->start({});
+    window.waitForScan();
+    control->completeScan();
+    EXPECT_FALSE(model.empty());
 }
 
 std::ptrdiff_t threads()
