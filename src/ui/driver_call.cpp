@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <memory>
+#include <system_error>
 #include <utility>
 
 #include <QProgressDialog>
@@ -38,7 +39,11 @@ std::optional<Status> DriverCall::run(QWidget* parent, const QString& text,
                                       std::function<Status()> call)
 {
     const auto result = std::make_shared<Status>(status::kUnexpected);
-    last_.emplace([result, call = std::move(call)](const CallObserver&) { *result = call(); });
+    try {
+        last_.emplace([result, call = std::move(call)](const CallObserver&) { *result = call(); });
+    } catch (const std::system_error&) { // there can be no thread
+        return status::kOutOfMemory;
+    }
     if (!last_->waitFor(kImperceptible) && !waitBehindBox(*last_, parent, text))
         return std::nullopt;
     return *result;

@@ -17,7 +17,8 @@ namespace tessaview {
 class DriverCall {
 public:
     /// Returns what the call returned; nothing when the user stopped waiting. The call then goes
-    /// on, so `call` must own what it uses. Not to be used while `isBusy`.
+    /// on, so `call` must own what it uses. `kOutOfMemory` when there can be no thread. Not to be
+    /// used while `isBusy`.
     std::optional<Status> run(QWidget* parent, const QString& text, std::function<Status()> call);
 
     /// Whether a call that nobody waits for is still under way.

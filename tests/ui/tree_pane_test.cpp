@@ -1,6 +1,7 @@
 #include "ui/tree_pane.h"
 
 #include "tests/acquisition/recorder.h"
+#include "tests/support/no_threads.h"
 #include "tests/ui/window_test.h"
 #include "ui/tree_model.h"
 
@@ -117,6 +118,19 @@ TEST_F(TreePane, reportsATunerThatCannotBeSet)
     driver->hasSetTuner = false;
     chooseFirst("SATELLITEDELIVERYSYSTEM");
     EXPECT_EQ(recorder.logged().back(), "<2> - Failed to query settuner interface: 0X80004002");
+}
+
+TEST_F(TreePane, reportsATunerThatCannotBeSetForWantOfAThread)
+{
+    open();
+    scan();
+    const BoxAnswer answer(Qt::Key_Return);
+    {
+        const test::NoThreads noThreads;
+        chooseFirst("SATELLITEDELIVERYSYSTEM");
+    }
+    EXPECT_EQ(answer.text(), "Failed to set tuner");
+    EXPECT_FALSE(document->driverCall().isBusy());
 }
 
 TEST_F(TreePane, letsTheUserStopWaitingForATunerThatHangs)
