@@ -2,10 +2,10 @@
 
 #include "component/bstr.h"
 #include "platform/format.h"
+#include "platform/number.h"
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cstring>
 #include <new>
 #include <pugixml.hpp>
@@ -48,21 +48,6 @@ constexpr std::array kTransponderFields{
     Field<StoredTransponder>{"flag", &StoredTransponder::flag},
 };
 
-/// A decimal number, or a hexadecimal one after "0x".
-bool parseNumber(std::string_view text, std::int32_t& value)
-{
-    int base = 10;
-    if (text.starts_with("0x") || text.starts_with("0X")) {
-        text.remove_prefix(2);
-        base = 16;
-        if (text.starts_with('-'))
-            return false;
-    }
-    const char* const end = text.data() + text.size();
-    const auto [stop, problem] = std::from_chars(text.data(), end, value, base);
-    return problem == std::errc() && stop == end;
-}
-
 /// Reads the fields that are there; false when one holds no number or an identifier is missing.
 template <class Record, std::size_t N>
 bool readFields(const pugi::xml_node& node, const std::array<Field<Record>, N>& fields,
@@ -70,11 +55,12 @@ bool readFields(const pugi::xml_node& node, const std::array<Field<Record>, N>& 
 {
     for (const Field<Record>& field : fields) {
         const pugi::xml_attribute attribute = node.attribute(field.attribute);
-        std::int32_t& value = record.*field.member;
-        if (!attribute ? field.isIdentifier : !parseNumber(attribute.value(), value))
+        if (!attribute && !field.isIdentifier)
+            continue;
+        const auto number = decimalOrHexadecimal<std::int32_t>(attribute.value());
+        if (!number || (field.isIdentifier && !isIdentifier(*number)))
             return false;
-        if (field.isIdentifier && !isIdentifier(value))
-            return false;
+        record.*field.member = *number;
     }
     return true;
 }
@@ -197,9 +183,8 @@ std::optional<StoredList> parseList(std::string_view xml)
     if (result.status == pugi::status_out_of_memory)
         throw std::bad_alloc();
     const pugi::xml_node root = document.child(kListElement);
-    std::int32_t version = 0;
-    if (!result || !parseNumber(root.attribute(kVersionAttribute).value(), version) ||
-        version != kVersion)
+    const char* const version = root.attribute(kVersionAttribute).value();
+    if (!result || decimalOrHexadecimal<std::int32_t>(version) != kVersion)
         return std::nullopt;
 
     StoredList list;

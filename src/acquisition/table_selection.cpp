@@ -1,11 +1,10 @@
 #include "acquisition/table_selection.h"
 
 #include "platform/format.h"
+#include "platform/number.h"
 #include "platform/settings.h"
 
 #include <algorithm>
-#include <charconv>
-#include <system_error>
 #include <utility>
 
 namespace tessaview {
@@ -21,15 +20,10 @@ bool isDigit(char c)
 
 std::optional<SiTableMask> parseMask(std::string_view text, std::string& problem)
 {
-    const bool isHex = text.starts_with("0x") || text.starts_with("0X");
-    const std::string_view digits = isHex ? text.substr(2) : text;
-    SiTableMask mask = 0;
-    const char* const end = digits.data() + digits.size();
-    const auto [stop, error] = std::from_chars(digits.data(), end, mask, isHex ? 16 : 10);
-    if (error == std::errc() && stop == end)
-        return mask;
-    problem = formatted("'%s' is not a bit mask of at most 32 bits", std::string(text).c_str());
-    return std::nullopt;
+    const auto mask = decimalOrHexadecimal<SiTableMask>(text);
+    if (!mask)
+        problem = formatted("'%s' is not a bit mask of at most 32 bits", std::string(text).c_str());
+    return mask;
 }
 
 std::string allNames()

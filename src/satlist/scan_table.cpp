@@ -1,8 +1,9 @@
 #include "satlist/scan_table.h"
 
+#include "platform/number.h"
+
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <optional>
 #include <utility>
 
@@ -97,12 +98,10 @@ std::string quoted(std::string_view text)
 
 std::optional<std::int32_t> numberIn(std::string_view text, const Range& range, unsigned divisor)
 {
-    std::uint64_t value = 0;
-    const char* const end = text.data() + text.size();
-    const auto [stop, problem] = std::from_chars(text.data(), end, value);
-    if (problem != std::errc() || stop != end || value < range.least || value > range.most)
+    const auto value = wholeNumber<std::uint64_t>(text);
+    if (!value || *value < range.least || *value > range.most)
         return std::nullopt;
-    return static_cast<std::int32_t>(value / divisor);
+    return static_cast<std::int32_t>(*value / divisor);
 }
 
 template <std::size_t N>

@@ -1,24 +1,13 @@
 #include "satlist/transponder_text.h"
 
 #include "platform/format.h"
+#include "platform/number.h"
 
-#include <charconv>
 #include <cstdio>
 
 namespace tessaview {
 
 namespace {
-
-template <class Number>
-std::optional<Number> parseWhole(std::string_view text, int base)
-{
-    Number value = 0;
-    const char* const end = text.data() + text.size();
-    const auto [stop, problem] = std::from_chars(text.data(), end, value, base);
-    if (problem != std::errc() || stop != end)
-        return std::nullopt;
-    return value;
-}
 
 char polarizationLetter(std::int32_t polarization)
 {
@@ -50,12 +39,12 @@ std::optional<std::int32_t> parseIdentifier(std::string_view typed)
 {
     if (typed.starts_with("0x") || typed.starts_with("0X"))
         typed.remove_prefix(2);
-    return parseWhole<std::uint16_t>(typed, 16);
+    return wholeNumber<std::uint16_t>(typed, 16);
 }
 
 std::optional<std::uint32_t> parseDecimal(std::string_view typed)
 {
-    return parseWhole<std::uint32_t>(typed, 10);
+    return wholeNumber<std::uint32_t>(typed);
 }
 
 } // namespace tessaview
