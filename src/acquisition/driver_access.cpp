@@ -1,5 +1,7 @@
 #include "acquisition/driver_access.h"
 
+#include "component/received_text.h"
+
 namespace tessaview {
 
 DriverAccess::DriverAccess(IUnknown* driver)
@@ -24,13 +26,8 @@ Status DriverAccess::currentTuning(SatelliteTuning& tuning, std::string& satelli
 {
     if (!tuner_)
         return status::kNoInterface;
-    Bstr name;
-    const Status result = tuner_->GetSatelliteTuning(name.put(), &tuning);
-    if (failed(result))
-        static_cast<void>(name.release()); // a failed call hands nothing over, whatever it left
-    else
-        satellite = name.utf8();
-    return result;
+    return receivedText(satellite,
+                        [&](char16_t** name) { return tuner_->GetSatelliteTuning(name, &tuning); });
 }
 
 Status DriverAccess::currentTuning(CableTuning& tuning) const

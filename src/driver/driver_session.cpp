@@ -1,10 +1,11 @@
 #include "driver/driver_session.h"
 
-#include "component/bstr.h"
+#include "component/received_text.h"
 #include "driver/source_files.h"
 
 #include <array>
 #include <cstdio>
+#include <utility>
 
 namespace tessaview {
 
@@ -101,9 +102,9 @@ void listDriver(const ClassRegistry& registry, const ComponentClass& driver, Dri
                                  .detail = driver.manifest.string() + ": " + why});
         return;
     }
-    Bstr name;
+    std::string name;
     tell(observer, "GetName");
-    const Status named = info->GetName(name.put());
+    const Status named = receivedText(name, [&](char16_t** text) { return info->GetName(text); });
     if (failed(named)) {
         list.problems.push_back({.step = DriverProblem::Step::GetName,
                                  .status = named,
@@ -112,7 +113,7 @@ void listDriver(const ClassRegistry& registry, const ComponentClass& driver, Dri
     }
     tell(observer, "QueryInterface");
     list.drivers.push_back(
-        {.name = name.utf8(), .clsid = driver.clsid, .readsFiles = canReadFiles(info.get())});
+        {.name = std::move(name), .clsid = driver.clsid, .readsFiles = canReadFiles(info.get())});
 }
 
 DriverList listDrivers(const ClassRegistry& registry)

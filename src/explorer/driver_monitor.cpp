@@ -1,6 +1,6 @@
 #include "explorer/driver_monitor.h"
 
-#include "component/bstr.h"
+#include "component/received_text.h"
 
 #include <condition_variable>
 #include <mutex>
@@ -47,11 +47,9 @@ DriverState DriverMonitor::Shared::ask() const
     answer.isLocked = status && !failed(status->IsLocked(&locked)) && locked != 0;
     if (!status)
         return answer;
-    Bstr text;
-    if (failed(status->GetStatusText(text.put())))
-        static_cast<void>(text.release()); // a failed call hands nothing over, whatever it left
-    else
-        answer.statusText = text.utf8();
+    std::string text;
+    if (!failed(receivedText(text, [&](char16_t** out) { return status->GetStatusText(out); })))
+        answer.statusText = std::move(text);
     return answer;
 }
 

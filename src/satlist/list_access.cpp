@@ -1,5 +1,7 @@
 #include "satlist/list_access.h"
 
+#include "component/received_text.h"
+
 namespace tessaview {
 
 namespace {
@@ -39,13 +41,7 @@ Status getSatellite(ISatListManager& manager, const Bstr& name, ComPtr<ISatellit
 
 Status satelliteName(ISatellite& satellite, std::string& utf8)
 {
-    Bstr name;
-    const Status result = satellite.get_Name(name.put());
-    if (failed(result))
-        static_cast<void>(name.release()); // a failed call hands nothing over, whatever it left
-    else
-        utf8 = name.utf8();
-    return result;
+    return receivedText(utf8, [&](char16_t** name) { return satellite.get_Name(name); });
 }
 
 Status createSatellite(ISatListManager& manager, const Bstr& name, ComPtr<ISatellite>& out)

@@ -43,12 +43,6 @@ private:
 
 } // namespace
 
-QString toQString(const Bstr& text)
-{
-    const std::u16string_view units = text.view();
-    return QString::fromUtf16(units.data(), static_cast<qsizetype>(units.size()));
-}
-
 Bstr toBstr(const QString& text)
 {
     return Bstr(text.toStdU16String());

@@ -16,7 +16,6 @@ namespace tessaview {
 
 // What the two dialogs of the satellite list share.
 
-QString toQString(const Bstr& text);
 Bstr toBstr(const QString& text);
 
 /// Names a control after its identifier.

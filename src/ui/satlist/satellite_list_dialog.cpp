@@ -5,6 +5,7 @@
 #include "ui/message.h"
 #include "ui/satlist/list_dialog_parts.h"
 #include "ui/satlist/transponder_list_dialog.h"
+#include "ui/text.h"
 
 #include <filesystem>
 #include <vector>
@@ -131,9 +132,10 @@ void SatelliteListDialog::fill()
     if (failed(result))
         return complain(this, QStringLiteral("The satellite list cannot be read"), result);
     for (const auto& satellite : Items(satellites.get())) {
-        Bstr name;
+        std::string name;
         std::int32_t isSelected = 0;
-        if (failed(satellite->get_Name(name.put())) || failed(satellite->get_Selected(&isSelected)))
+        if (failed(satelliteName(*satellite.get(), name)) ||
+            failed(satellite->get_Selected(&isSelected)))
             continue;
         (isSelected ? selected : available) << toQString(name);
     }

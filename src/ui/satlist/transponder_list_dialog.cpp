@@ -4,6 +4,7 @@
 #include "satlist/transponder_text.h"
 #include "ui/message.h"
 #include "ui/satlist/list_dialog_parts.h"
+#include "ui/text.h"
 
 #include <utility>
 
@@ -79,8 +80,8 @@ void TransponderListDialog::build()
     auto* const name = new QLabel;
     name->setTextFormat(Qt::PlainText);
     identify(name, kSatellite);
-    Bstr text;
-    if (!failed(satellite_->get_Name(text.put())))
+    std::string text;
+    if (!failed(satelliteName(*satellite_.get(), text)))
         name->setText(toQString(text));
     rows->addWidget(name);
     auto* const columns = new QHBoxLayout;
