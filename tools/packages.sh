@@ -5,6 +5,7 @@ BUILD_PACKAGES=(g++ cmake ninja-build ccache git pkg-config nlohmann-json3-dev l
                 fonts-dejavu-core)
 TEST_PACKAGES=(libgtest-dev libgmock-dev clang-14 libclang-rt-14-dev llvm-14 xvfb openbox xdotool)
 CHECK_PACKAGES=(clang-format-14 clang-tidy-14)
+BENCHMARK_PACKAGES=(libbenchmark-dev)
 
 # install_packages PACKAGE...: installs those that are not there; as root, or else through sudo.
 install_packages() {
