@@ -4,6 +4,7 @@
 #include "ui/output_lines.h"
 #include "ui/output_list.h"
 
+#include <map>
 #include <numeric>
 #include <thread>
 
@@ -33,6 +34,27 @@ TEST(OutputLines, comeInOrderFromAnyThreadBeforeWhatThatThreadPostsNext)
     EXPECT_EQ(shown, 1001);
     EXPECT_EQ(lines.line(0), "first");
     EXPECT_EQ(lines.line(1000), "line 999");
+}
+
+TEST(OutputLines, areAllThereWhenThreadsPrintWhileOthersAreShown)
+{
+    constexpr int kEach = 2000;
+    OutputLines lines;
+    std::atomic<int> printing = 2;
+    const auto print = [&](char thread) {
+        for (int i = 0; i < kEach; ++i)
+            OutputPrint("%c%d", thread, i);
+        --printing;
+    };
+    std::jthread a(print, 'a');
+    std::jthread b(print, 'b');
+    while (printing > 0)
+        lines.takePending();
+    lines.takePending();
+    std::map<QChar, int> next;
+    for (int row = 0; row < lines.rowCount(); ++row)
+        EXPECT_EQ(lines.line(row).mid(1).toInt(), next[lines.line(row)[0]]++);
+    EXPECT_EQ(next, (std::map<QChar, int>{{'a', kEach}, {'b', kEach}}));
 }
 
 TEST(OutputLines, areClearedInTheirPlaceAmongTheLines)
