@@ -82,8 +82,8 @@ void FindBar::open()
 void FindBar::close()
 {
     cancel();
+    treePane_.setFocus(); // before the bar goes, which would pass the keys on to its neighbour
     hide();
-    treePane_.setFocus();
 }
 
 void FindBar::keyPressEvent(QKeyEvent* event)

@@ -5,6 +5,7 @@
 #include "explorer/find.h"
 #include "explorer/node_text.h"
 #include "log/log_file.h"
+#include "ui/focus_selection.h"
 #include "ui/set_tuner.h"
 #include "ui/text.h"
 #include "ui/value_pane.h"
@@ -122,6 +123,12 @@ void CTransponderTableListPaneWnd::setCharsetPolicy(const CharsetPolicy& policy)
     model_->setCharsetPolicy(policy);
     if (const auto node = selectedNode())
         valuePane_.showNode(*node);
+}
+
+void CTransponderTableListPaneWnd::focusInEvent(QFocusEvent* event)
+{
+    QTreeView::focusInEvent(event);
+    selectWhenFocusedByKey(*this, event->reason());
 }
 
 void CTransponderTableListPaneWnd::currentChanged(const QModelIndex& current,

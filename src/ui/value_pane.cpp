@@ -3,8 +3,10 @@
 #include "explorer/commands.h"
 #include "explorer/copy_text.h"
 #include "log/log_file.h"
+#include "ui/focus_selection.h"
 #include "ui/text.h"
 
+#include <algorithm>
 #include <memory>
 #include <utility>
 
@@ -46,8 +48,13 @@ CTransponderValuePaneWnd::CTransponderValuePaneWnd(QWidget* parent)
     header()->resizeSection(ValueModel::kName, kNameWidth);
     header()->resizeSection(ValueModel::kData, kDataWidth);
     header()->setSectionsMovable(false);
+    header()->setStretchLastSection(false);
     connect(header(), &QHeaderView::sectionResized, this, [this](int section) {
-        isWidthChosen_ = isWidthChosen_ || (section == ValueModel::kName && !isWidening_);
+        if (isFitting_)
+            return;
+        auto& isChosen = section == ValueModel::kName ? isNameWidthChosen_ : isDataWidthChosen_;
+        isChosen = true;
+        fitColumns();
     });
 
     copyValue_->setShortcuts(QKeySequence::Copy);
@@ -71,7 +78,7 @@ void CTransponderValuePaneWnd::showNode(const NodeView& node)
         break;
     case NodeItem::Filled:
         model_->fill(valueRows(node));
-        widenNames();
+        fitColumns();
         break;
     }
 }
@@ -81,16 +88,25 @@ void CTransponderValuePaneWnd::clear()
     model_->fill({});
 }
 
-/// Makes room for the longest name, unless the user has chosen a width.
-void CTransponderValuePaneWnd::widenNames()
+/// Makes room for the longest name, and for the data as much as is left, but at least for the
+/// longest text; a width that the user has chosen stays.
+void CTransponderValuePaneWnd::fitColumns()
 {
-    if (isWidthChosen_)
-        return;
-    isWidening_ = true;
-    const int wanted = sizeHintForColumn(ValueModel::kName);
-    if (wanted > columnWidth(ValueModel::kName))
-        setColumnWidth(ValueModel::kName, wanted);
-    isWidening_ = false;
+    isFitting_ = true;
+    if (!isNameWidthChosen_)
+        setColumnWidth(ValueModel::kName, std::max(columnWidth(ValueModel::kName),
+                                                   sizeHintForColumn(ValueModel::kName)));
+    const int wanted = model_->rows().empty() ? kDataWidth : sizeHintForColumn(ValueModel::kData);
+    if (!isDataWidthChosen_)
+        setColumnWidth(ValueModel::kData,
+                       std::max(viewport()->width() - columnWidth(ValueModel::kName), wanted));
+    isFitting_ = false;
+}
+
+void CTransponderValuePaneWnd::resizeEvent(QResizeEvent* event)
+{
+    QTreeView::resizeEvent(event);
+    fitColumns();
 }
 
 std::optional<std::size_t> CTransponderValuePaneWnd::selectedRow() const
@@ -104,6 +120,12 @@ std::optional<std::size_t> CTransponderValuePaneWnd::selectedRow() const
 void CTransponderValuePaneWnd::selectRow(std::size_t row)
 {
     setCurrentIndex(model_->index(static_cast<int>(row), ValueModel::kName));
+}
+
+void CTransponderValuePaneWnd::focusInEvent(QFocusEvent* event)
+{
+    QTreeView::focusInEvent(event);
+    selectWhenFocusedByKey(*this, event->reason());
 }
 
 void CTransponderValuePaneWnd::currentChanged(const QModelIndex& current,

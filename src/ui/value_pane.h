@@ -41,17 +41,20 @@ signals:
 
 protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
 private:
-    void widenNames();
+    void fitColumns();
 
     ValueModel* model_;
     QAction* copyValue_;
     QAction* copyRow_;
     QAction* copyAllRows_;
-    bool isWidthChosen_ = false; ///< by the user
-    bool isWidening_ = false;
+    bool isNameWidthChosen_ = false; ///< by the user
+    bool isDataWidthChosen_ = false;
+    bool isFitting_ = false;
 };
 
 } // namespace tessaview

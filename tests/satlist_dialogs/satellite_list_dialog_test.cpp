@@ -30,8 +30,10 @@ protected:
 
 TEST_F(SatelliteListDialogTest, saysWhatItIs)
 {
-    const Dialog dialog(manager_.get());
+    Dialog dialog(manager_.get());
+    dialog.show();
     EXPECT_EQ(dialog.windowTitle(), "Satellite list manager");
+    EXPECT_TRUE(control<QPushButton>(dialog, 1).isDefault());
     std::vector<std::string> texts;
     for (const QLabel* const label : dialog.findChildren<QLabel*>())
         texts.push_back(label->text().toStdString());

@@ -3,6 +3,7 @@
 #include "ui/export/database_export_dlg.h"
 #include "ui/export/export_progress_dlg.h"
 
+#include <algorithm>
 #include <gmock/gmock.h>
 #include <latch>
 #include <memory>
@@ -84,6 +85,8 @@ TEST_F(ExportDialogs, exportToTheFileThatWasChosen)
     dialog.show();
     auto* const edit = dialog.findChild<QLineEdit*>();
     EXPECT_EQ(dialog.windowTitle(), "Database export");
+    QApplication::setActiveWindow(&dialog);
+    edit->setFocus();
     EXPECT_TRUE(buttonOf(dialog, "Export...")->isDefault());
 
     QTest::keyClicks(edit, "typed");
@@ -101,6 +104,12 @@ TEST_F(ExportDialogs, exportToTheFileThatWasChosen)
     EXPECT_EQ(messages.texts.size(), 1) << messages.texts.back();
     EXPECT_TRUE(dialog.isVisible());
     EXPECT_EQ(test::numberOf(file, "SELECT TID FROM tb_transponder"), 0x0451);
+    const auto outcome = [&] {
+        return std::ranges::any_of(dialog.findChildren<QLabel*>(), [](const QLabel* label) {
+            return label->text() == "The database is written.";
+        });
+    };
+    EXPECT_TRUE(outcome());
 
     QTest::mouseClick(buttonOf(dialog, "Export..."), Qt::LeftButton);
     ASSERT_EQ(messages.texts.size(), 2);
@@ -109,8 +118,23 @@ TEST_F(ExportDialogs, exportToTheFileThatWasChosen)
                   "\" exists already and was left as it is. Choose a new file name, or move the "
                   "old file away first.\nSource: File system");
     EXPECT_TRUE(dialog.isVisible());
+    EXPECT_FALSE(outcome());
     QTest::mouseClick(buttonOf(dialog, "Cancel"), Qt::LeftButton);
     EXPECT_FALSE(dialog.isVisible());
+}
+
+TEST_F(ExportDialogs, areWorkedByEnterAlone)
+{
+    ScriptedExportDlg dialog(nullptr, model);
+    dialog.answer = QString::fromStdString(file.string());
+    dialog.show();
+    QApplication::setActiveWindow(&dialog);
+    for (const char* const focused : {"Browse...", "Export..."}) {
+        EXPECT_EQ(dialog.focusWidget(), buttonOf(dialog, focused));
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);
+    }
+    EXPECT_TRUE(std::filesystem::exists(file));
+    EXPECT_THAT(messages.texts, testing::IsEmpty());
 }
 
 class ScriptedProgressDlg : public CExportProgressDlg {

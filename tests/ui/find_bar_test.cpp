@@ -74,6 +74,15 @@ TEST_F(Finding, opensOnlyTheWayToWhatItFinds)
     EXPECT_FALSE(pane.isExpanded(pane.treeModel().indexOf(node("PMT"))));
 }
 
+TEST_F(Finding, givesTheKeysBackToTheTree)
+{
+    openBar();
+    type("SERVICE_DESCRIPTOR");
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(frame->treePane().hasFocus());
+    EXPECT_FALSE(frame->valuePane().selectedRow()) << "the other pane was not passed on the way";
+}
+
 TEST_F(Finding, saysWhatIsNotThere)
 {
     openBar();

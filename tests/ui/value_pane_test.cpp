@@ -8,6 +8,7 @@
 #include <QAbstractItemModelTester>
 #include <QApplication>
 #include <QClipboard>
+#include <QHeaderView>
 #include <QMenu>
 
 namespace {
@@ -49,6 +50,11 @@ TEST_F(ValuePane, showsTheRowsOfTheNodeThatIsSelected)
     scan();
     select("SERVICE_DESCRIPTOR");
     EXPECT_EQ(rowCount(), 7U);
+    EXPECT_LE(frame->valuePane().header()->length(), frame->valuePane().viewport()->width())
+        << "short texts need no scroll bar";
+    select("CA_DESCRIPTOR"); // a long one
+    EXPECT_GE(frame->valuePane().columnWidth(ValueModel::kData),
+              frame->valuePane().fontMetrics().horizontalAdvance(QString(200, '0')));
     select("PMT"); // a heading
     EXPECT_EQ(rowCount(), 0U);
 }
@@ -100,6 +106,9 @@ TEST_F(ValuePane, copiesByKey)
     scan();
     select("SERVICE_DESCRIPTOR");
     auto& pane = frame->valuePane();
+    frame->treePane().setFocus();
+    frame->action(Command::NextPane)->trigger();
+    EXPECT_EQ(pane.selectedRow(), 0U) << "where the keys act is seen";
     pane.selectRow(6);
     const auto copied = [&](auto press) {
         press();

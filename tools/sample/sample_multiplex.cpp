@@ -8,6 +8,7 @@
 #include <fstream>
 #include <iostream>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -67,6 +68,15 @@ const std::vector<Channel> kChannels{
      "Strings", "Piano Evening"},
 };
 
+/// What the provider of the scrambled service tells its cards.
+Bytes cardData()
+{
+    constexpr std::string_view data = "\x01\x2B\x14\xA0"
+                                      "Meadow Kids|area 07|valid to 2027-12-31"
+                                      "\xC3\x7E\x91\x08";
+    return {data.begin(), data.end()};
+}
+
 Bytes own(uint64_t frequency, unsigned polarization)
 {
     return satelliteDelivery(
@@ -99,7 +109,7 @@ void patAndPmts(StreamBuilder& stream)
     for (const Channel& channel : kChannels) {
         std::vector<Bytes> programInfo;
         if (channel.isScrambled)
-            programInfo.push_back(conditionalAccess(kCaSystem, channel.pmtPid() + 4));
+            programInfo.push_back(conditionalAccess(kCaSystem, channel.pmtPid() + 4, cardData()));
         stream.put(channel.pmtPid(),
                    pmt(channel.id, channel.hasVideo() ? channel.videoPid() : channel.audioPid(),
                        streamsOf(channel), programInfo));

@@ -70,8 +70,6 @@ void StreamingDialog::arrange(const QString& source)
     destination_->setPlaceholderText("the file to write");
     start_->setObjectName("start");
     start_->setDefault(true);
-    close_->setAutoDefault(false);
-    browse_->setAutoDefault(false);
     bar_->setRange(0, kBarSteps);
     bar_->setAccessibleName("Progress of the copy");
     progress_->setAccessibleName("Size, rate and free space");

@@ -118,10 +118,8 @@ void TuningDialog::arrange()
     view_->setAccessibleName("Captures");
     view_->setAllColumnsShowFocus(true);
     view_->setUniformRowHeights(true);
-    addFiles_->setAutoDefault(false);
-    addFolder_->setAutoDefault(false);
     remove_->setObjectName("remove");
-    remove_->setAutoDefault(false);
+    buttons_->button(QDialogButtonBox::Ok)->setDefault(true);
     bar_->setAccessibleName("Progress of looking at captures");
     bar_->hide();
 
@@ -270,6 +268,7 @@ void TuningDialog::removeSelected()
     const QModelIndex selected = view_->currentIndex().siblingAtColumn(0);
     removeSource(set_, selected.data(kSourceRole).toULongLong());
     fill();
+    view_->setFocus();
 }
 
 void TuningDialog::copyAsText() const

@@ -20,6 +20,8 @@ CDatabaseExportDlg::CDatabaseExportDlg(QWidget* parent, const NetworkMap& model,
     , model_(model)
     , charsets_(std::move(charsets))
     , edit_(new QLineEdit)
+    , exportButton_(new QPushButton("Export..."))
+    , outcome_(new QLabel)
 {
     setWindowTitle("Database export");
     auto* const label = new QLabel("Database:");
@@ -28,23 +30,22 @@ CDatabaseExportDlg::CDatabaseExportDlg(QWidget* parent, const NetworkMap& model,
     edit_->setPlaceholderText("No file chosen");
     edit_->setMinimumWidth(edit_->fontMetrics().averageCharWidth() * 50);
     auto* const browseButton = new QPushButton("Browse...");
-    auto* const exportButton = new QPushButton("Export...");
     auto* const cancelButton = new QPushButton("Cancel");
-    browseButton->setAutoDefault(false);
-    cancelButton->setAutoDefault(false);
-    exportButton->setDefault(true);
+    outcome_->setTextInteractionFlags(Qt::TextSelectableByMouse);
 
     auto* const layout = new QGridLayout(this);
     layout->addWidget(label, 0, 0);
     layout->addWidget(edit_, 0, 1, 1, 2);
     layout->addWidget(browseButton, 0, 3);
-    layout->addWidget(exportButton, 1, 2);
+    layout->addWidget(outcome_, 1, 0, 1, 2);
+    layout->addWidget(exportButton_, 1, 2);
     layout->addWidget(cancelButton, 1, 3);
     layout->setColumnStretch(1, 1);
 
     connect(browseButton, &QPushButton::clicked, this, &CDatabaseExportDlg::browse);
-    connect(exportButton, &QPushButton::clicked, this, &CDatabaseExportDlg::exportModel);
+    connect(exportButton_, &QPushButton::clicked, this, &CDatabaseExportDlg::exportModel);
     connect(cancelButton, &QPushButton::clicked, this, &CDatabaseExportDlg::reject);
+    exportButton_->setDefault(true); // takes effect in the dialog only
     browseButton->setFocus();
 }
 
@@ -61,6 +62,8 @@ void CDatabaseExportDlg::browse()
         return;
     path_ = chosen;
     edit_->setText(path_);
+    outcome_->clear();
+    exportButton_->setFocus();
 }
 
 void CDatabaseExportDlg::exportModel()
@@ -69,7 +72,11 @@ void CDatabaseExportDlg::exportModel()
         complain(this, "Choose the file of the new database with \"Browse...\" first.");
         return;
     }
-    CExportProgressDlg(this, model_, QFile::encodeName(path_).toStdString(), charsets_).exec();
+    outcome_->clear();
+    CExportProgressDlg progress(this, model_, QFile::encodeName(path_).toStdString(), charsets_);
+    progress.exec();
+    if (progress.hasExported())
+        outcome_->setText("The database is written.");
 }
 
 void runDatabaseExport(QWidget* parent, const NetworkMap& model, const CharsetPolicy& charsets)

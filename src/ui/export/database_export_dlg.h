@@ -6,7 +6,9 @@
 #include <QDialog>
 #include <QString>
 
+class QLabel;
 class QLineEdit;
+class QPushButton;
 
 namespace tessaview {
 
@@ -30,6 +32,8 @@ private:
     CharsetPolicy charsets_;
     QString path_;
     QLineEdit* edit_;
+    QPushButton* exportButton_;
+    QLabel* outcome_;
 };
 
 /// Runs the dialog; returns when it is closed.

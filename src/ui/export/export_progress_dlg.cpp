@@ -62,6 +62,7 @@ void CExportProgressDlg::start()
 void CExportProgressDlg::finish()
 {
     worker_.join();
+    hasExported_ = !failure_;
     if (failure_)
         complain(this, failure_->what());
     done(0);

@@ -25,6 +25,9 @@ public:
 
     void reject() override;
 
+    /// Once it has closed: whether the database holds everything.
+    bool hasExported() const { return hasExported_; }
+
 signals:
     void shown();
     void workerEnded(); ///< from the worker
@@ -42,7 +45,8 @@ private:
     std::filesystem::path file_;
     CharsetPolicy charsets_;
     std::optional<DatabaseError> failure_; ///< the worker's until it is joined
-    std::jthread worker_;                  ///< last: joined before anything else goes
+    bool hasExported_ = false;
+    std::jthread worker_; ///< last: joined before anything else goes
 };
 
 } // namespace tessaview

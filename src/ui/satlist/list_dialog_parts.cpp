@@ -56,7 +56,6 @@ void identify(QWidget* control, int id)
 QPushButton* button(const QString& text, int id, QWidget* parent)
 {
     auto* const made = new QPushButton(text, parent);
-    made->setAutoDefault(false);
     identify(made, id);
     return made;
 }

@@ -63,6 +63,7 @@ void SatelliteListDialog::build()
     connect(end, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(end, &QDialogButtonBox::rejected, this, &QDialog::reject);
     rows->addWidget(end);
+    end->button(QDialogButtonBox::Ok)->setDefault(true); // takes effect in the dialog only
     resize(720, 440);
 }
 

@@ -93,6 +93,7 @@ void TransponderListDialog::build()
     identify(end->button(QDialogButtonBox::Ok), kOk);
     connect(end, &QDialogButtonBox::accepted, this, &QDialog::accept);
     rows->addWidget(end);
+    end->button(QDialogButtonBox::Ok)->setDefault(true); // takes effect in the dialog only
     resize(660, 400);
 }
 

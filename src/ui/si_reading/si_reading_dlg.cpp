@@ -115,9 +115,7 @@ void CSiReadingDlg::build()
     }
 
     start_ = withId(kStartButton, new QPushButton("Start"));
-    start_->setDefault(true);
     close_ = withId(kCloseButton, new QPushButton("Close"));
-    close_->setAutoDefault(false);
     connect(start_, &QPushButton::clicked, this, &CSiReadingDlg::startOrCancel);
     connect(close_, &QPushButton::clicked, this, &CSiReadingDlg::accept);
     activity_ = new QProgressBar;
@@ -138,6 +136,7 @@ void CSiReadingDlg::build()
     layout->addWidget(activity_);
     layout->addStretch();
     layout->addLayout(buttons);
+    start_->setDefault(true); // takes effect in the dialog only
     start_->setFocus();
 }
 
@@ -263,8 +262,7 @@ void CSiReadingDlg::takeEnd()
         return;
     }
     showState();
-    if (!focusWidget())
-        start_->setFocus();
+    close_->setFocus(); // what was read is shown then
 }
 
 void CSiReadingDlg::leave()
