@@ -36,8 +36,8 @@ std::vector<std::string> linesOf(const std::string& text)
 std::vector<std::string> printedTree(const fs::path& capture)
 {
     const std::string command = std::string("'") + TESSAVIEW_BUILD_DIR +
-                                "/bin/tessaview3-scan' --quiet --tables all '" + capture.string() +
-                                "' 2>&1";
+                                "/bin/tessaview3-scan' --log /dev/null --quiet --tables all '" +
+                                capture.string() + "' 2>&1";
     const std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen(command.c_str(), "r"), pclose);
     std::string text;
     std::array<char, 4096> block{};
