@@ -60,7 +60,8 @@ bool readFields(const pugi::xml_node& node, const std::array<Field<Record>, N>& 
         const auto number = decimalOrHexadecimal<std::int32_t>(attribute.value());
         if (!number || (field.isIdentifier && !isIdentifier(*number)))
             return false;
-        record.*field.member = *number;
+        std::int32_t& member = record.*field.member;
+        member = *number;
     }
     return true;
 }

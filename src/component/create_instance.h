@@ -7,7 +7,7 @@ namespace tessaview {
 /// What the entry point of a library answers whose one class is `Class`, by the class identifier
 /// `own`: a new object through the interface that is asked for.
 template <class Class>
-Status createInstanceOf(const Guid& own, const Guid* clsid, const Guid* iid, void** object) noexcept
+Status createInstanceOf(const Guid& own, const Guid* clsid, const Guid* iid, void** object)
 {
     return guarded([&]() -> Status {
         if (!clsid || !iid || !object)
