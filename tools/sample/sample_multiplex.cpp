@@ -119,6 +119,7 @@ void patAndPmts(StreamBuilder& stream)
 std::vector<ListedService> listedServices()
 {
     std::vector<ListedService> services;
+    services.reserve(kChannels.size());
     for (const Channel& channel : kChannels)
         services.push_back({.id = channel.id, .type = channel.type});
     return services;
@@ -151,6 +152,7 @@ void networks(StreamBuilder& stream)
 void services(StreamBuilder& stream)
 {
     std::vector<Service> own;
+    own.reserve(kChannels.size());
     for (const Channel& channel : kChannels)
         own.push_back({.id = channel.id,
                        .descriptors = {service(channel.type, "Harbour Media", channel.name)},
