@@ -5,6 +5,7 @@
 #include "drivers/capture/packet_file.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include <QDir>
 #include <QFileDialog>
@@ -25,7 +26,7 @@ constexpr int kBarSteps = 1000;      // sizes do not fit into the bar's int
 
 QString elapsedText(double seconds)
 {
-    const auto whole = static_cast<int>(seconds + 0.5);
+    const long whole = std::lround(seconds);
     return QString("%1:%2").arg(whole / 60).arg(whole % 60, 2, 10, QChar('0'));
 }
 
