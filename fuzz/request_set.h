@@ -1,6 +1,6 @@
 #pragma once
 
-#include "drivers/capture/section_collector.h"
+#include "drivers/common/section_collector.h"
 
 #include <vector>
 

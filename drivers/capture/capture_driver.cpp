@@ -3,22 +3,13 @@
 #include "component/bstr.h"
 #include "drivers/capture/packet_file.h"
 #include "drivers/capture/status_text.h"
-
-#include <algorithm>
+#include "drivers/common/answers.h"
 
 namespace tessaview {
 
 namespace {
 
 constexpr const char* kName = "Captured transport streams";
-
-Status giveText(std::string_view utf8, char16_t** out)
-{
-    if (!out)
-        return status::kNullPointer;
-    *out = Bstr(utf8).release();
-    return status::kOk;
-}
 
 std::string joinedLines(const std::vector<CaptureProblem>& problems)
 {
@@ -29,23 +20,6 @@ std::string joinedLines(const std::vector<CaptureProblem>& problems)
         text += problem.line();
     }
     return text;
-}
-
-/// Copies the answers into the caller's array, all of them or none.
-void giveSections(std::vector<std::vector<RawSection>>& answers, SectionList* results)
-{
-    std::vector<SectionList> lists;
-    lists.reserve(answers.size());
-    try {
-        for (auto& answer : answers) {
-            lists.push_back(toTaskMemory(answer));
-            answer = {}; // so that everything is not there twice at the end
-        }
-    } catch (...) {
-        std::for_each(lists.begin(), lists.end(), release);
-        throw;
-    }
-    std::copy(lists.begin(), lists.end(), results);
 }
 
 } // namespace
@@ -167,19 +141,28 @@ Status CaptureDriver::ReadTables(std::uint32_t count, const TableRequest* reques
     });
 }
 
+Status CaptureDriver::show(DriverDialog dialog, WindowHandle owner)
+{
+    std::string problem;
+    const Status result = dialogs_.show(dialog, &tuner_, owner, problem);
+    if (!problem.empty())
+        tuner_.report(std::move(problem));
+    return result;
+}
+
 Status CaptureDriver::ShowTuningDialog(WindowHandle owner) noexcept
 {
-    return guarded([&] { return dialogs_.show(CaptureDialog::Tuning, tuner_, owner); });
+    return guarded([&] { return show(DriverDialog::Tuning, owner); });
 }
 
 Status CaptureDriver::ShowSettingsDialog(WindowHandle owner) noexcept
 {
-    return guarded([&] { return dialogs_.show(CaptureDialog::Settings, tuner_, owner); });
+    return guarded([&] { return show(DriverDialog::Settings, owner); });
 }
 
 Status CaptureDriver::ShowStreamingDialog(WindowHandle owner) noexcept
 {
-    return guarded([&] { return dialogs_.show(CaptureDialog::Streaming, tuner_, owner); });
+    return guarded([&] { return show(DriverDialog::Streaming, owner); });
 }
 
 Status CaptureDriver::IsLocked(std::int32_t* locked) noexcept

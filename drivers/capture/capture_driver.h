@@ -3,7 +3,7 @@
 #include "component/unknown.h"
 #include "driver/tuner_driver.h"
 #include "drivers/capture/capture_tuner.h"
-#include "drivers/capture/dialogs_library.h"
+#include "drivers/common/dialogs_library.h"
 
 namespace tessaview {
 
@@ -62,8 +62,10 @@ private:
     template <class Tuning>
     Status getTuning(const Capture* capture, Tuning* tuning) const;
 
+    Status show(DriverDialog dialog, WindowHandle owner);
+
     CaptureTuner tuner_;
-    DialogsLibrary dialogs_;
+    DialogsLibrary dialogs_{"capture_dialogs.so"};
 };
 
 } // namespace tessaview

@@ -3,7 +3,7 @@
 #include "drivers/capture/delivery_parameters.h"
 #include "drivers/capture/demultiplexer.h"
 #include "drivers/capture/packet_file.h"
-#include "drivers/capture/section_collector.h"
+#include "drivers/common/section_collector.h"
 #include "si/crc32.h"
 
 #include <algorithm>

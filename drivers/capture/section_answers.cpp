@@ -1,27 +1,11 @@
 #include "drivers/capture/section_answers.h"
 
-#include "component/task_memory.h"
 #include "drivers/capture/demultiplexer.h"
 #include "platform/format.h"
 
-#include <algorithm>
-#include <cstring>
-#include <new>
 #include <unordered_map>
 
 namespace tessaview {
-
-namespace {
-
-void* taskMemory(std::size_t bytes)
-{
-    void* const block = TessaviewTaskMemAlloc(bytes);
-    if (!block)
-        throw std::bad_alloc();
-    return block;
-}
-
-} // namespace
 
 Answers readSections(const std::filesystem::path& file, std::span<const TableRequest> requests,
                      std::size_t limit)
@@ -60,33 +44,6 @@ Answers readSections(const std::filesystem::path& file, std::span<const TableReq
     if (isEmpty && !packets.problem().empty())
         throw CaptureError(packets.problem());
     return answers;
-}
-
-SectionList toTaskMemory(const std::vector<RawSection>& sections)
-{
-    SectionList list{};
-    if (sections.empty())
-        return list;
-    list.sections = static_cast<uint8_t**>(taskMemory(sections.size() * sizeof(uint8_t*)));
-    try {
-        for (const RawSection& section : sections) {
-            auto* const copy = static_cast<uint8_t*>(taskMemory(section.size()));
-            std::memcpy(copy, section.data(), section.size());
-            list.sections[list.count++] = copy;
-        }
-    } catch (...) {
-        release(list);
-        throw;
-    }
-    return list;
-}
-
-void release(SectionList& list)
-{
-    for (std::int32_t i = 0; i < list.count; ++i)
-        TessaviewTaskMemFree(list.sections[i]);
-    TessaviewTaskMemFree(list.sections);
-    list = {};
 }
 
 } // namespace tessaview

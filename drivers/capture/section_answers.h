@@ -1,6 +1,6 @@
 #pragma once
 
-#include "drivers/capture/section_collector.h"
+#include "drivers/common/section_collector.h"
 
 #include <filesystem>
 #include <span>
@@ -19,12 +19,5 @@ struct Answers {
 /// when nothing could be read.
 Answers readSections(const std::filesystem::path& file, std::span<const TableRequest> requests,
                      std::size_t limit = kCollectedBytes);
-
-/// Copies the sections into task memory, which the receiver releases. Throws std::bad_alloc with
-/// nothing left allocated.
-SectionList toTaskMemory(const std::vector<RawSection>& sections);
-
-/// Releases what toTaskMemory made.
-void release(SectionList& list);
 
 } // namespace tessaview

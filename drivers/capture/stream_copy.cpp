@@ -3,9 +3,9 @@
 #include "drivers/capture/packet_file.h"
 #include "platform/format.h"
 
-#include <array>
 #include <cerrno>
 #include <fcntl.h>
+#include <stdexcept>
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
@@ -128,16 +128,6 @@ StreamCopy::StreamCopy(fs::path source, fs::path destination, FreeSpace free)
 {
 }
 
-std::uintmax_t StreamCopy::freeSpace(const fs::path& folder)
-{
-    std::error_code failure;
-    const fs::space_info space = fs::space(folder, failure);
-    if (failure)
-        throw CaptureError("the free space in " + folder.string() +
-                           " is not known: " + failure.message());
-    return space.available;
-}
-
 /// A link in the destination's place stays: the file it leads to is written.
 fs::path StreamCopy::target() const
 {
@@ -158,10 +148,10 @@ fs::path StreamCopy::target() const
 void StreamCopy::checkSpace(const fs::path& folder, std::uintmax_t wanted)
 {
     free_ = spaceIn_(folder);
-    if (free_ < wanted + kReserve)
+    if (free_ < wanted + kDiskReserve)
         throw CaptureError(formatted("%s has %s free; the copy needs %s more and leaves %s free",
                                      folder.c_str(), sizeText(free_).c_str(),
-                                     sizeText(wanted).c_str(), sizeText(kReserve).c_str()));
+                                     sizeText(wanted).c_str(), sizeText(kDiskReserve).c_str()));
 }
 
 void StreamCopy::copyBlocks(int from, int to, const fs::path& folder, const std::stop_token& stop)
@@ -198,21 +188,9 @@ StreamCopy::Result StreamCopy::run(const std::stop_token& stop)
         return {End::Done, sizeText(copied_) + " were written to " + destination_.string() + "."};
     } catch (const Cancelled&) {
         return {End::Cancelled, "Cancelled." + left};
-    } catch (const CaptureError& e) {
+    } catch (const std::runtime_error& e) {
         return {End::Failed, "The stream was not copied: " + std::string(e.what()) + "." + left};
     }
-}
-
-std::string sizeText(std::uintmax_t bytes)
-{
-    constexpr std::array kUnits{"bytes", "kB", "MB", "GB", "TB"};
-    if (bytes < 1000)
-        return formatted("%ju bytes", bytes);
-    auto value = static_cast<double>(bytes);
-    std::size_t unit = 0;
-    for (; value >= 1000 && unit + 1 < kUnits.size(); ++unit)
-        value /= 1000;
-    return formatted("%.1f %s", value, kUnits[unit]);
 }
 
 } // namespace tessaview

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "drivers/common/disk_space.h"
+
 #include <atomic>
 #include <cstdint>
 #include <filesystem>
@@ -16,12 +18,8 @@ namespace tessaview {
 /// a copy that does not come to its end leaves nothing behind, or says what.
 class StreamCopy {
 public:
-    /// How much of the disk stays free, in bytes.
-    static constexpr std::uintmax_t kReserve = std::uintmax_t{256} << 20;
     /// Gives the bytes that are free where a file is to be written.
     using FreeSpace = std::function<std::uintmax_t(const std::filesystem::path& folder)>;
-    /// What the file system says.
-    static std::uintmax_t freeSpace(const std::filesystem::path& folder);
 
     enum class End { Done, Cancelled, Failed };
     struct Result {
@@ -54,8 +52,5 @@ private:
     std::atomic<std::uintmax_t> total_ = 0;
     std::atomic<std::uintmax_t> free_ = 0;
 };
-
-/// "12.3 MB" and the like.
-std::string sizeText(std::uintmax_t bytes);
 
 } // namespace tessaview

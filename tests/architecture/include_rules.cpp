@@ -26,11 +26,11 @@ bool isBelow(const std::filesystem::path& path, const std::filesystem::path& fol
            folder.end();
 }
 
-/// "drivers/capture" of a path in that driver, else empty.
+/// "drivers/capture" of a path in that driver, else empty; what drivers share belongs to none.
 std::filesystem::path driverOf(const std::filesystem::path& path)
 {
     auto part = path.begin();
-    if (part == path.end() || *part != "drivers" || ++part == path.end())
+    if (part == path.end() || *part != "drivers" || ++part == path.end() || *part == "common")
         return {};
     return "drivers" / *part;
 }

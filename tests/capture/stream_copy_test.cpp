@@ -107,7 +107,7 @@ TEST_F(StreamCopyTest, respectsWriteProtection)
 
 TEST_F(StreamCopyTest, neverFillsTheDisk)
 {
-    const auto enough = content_.size() + StreamCopy::kReserve;
+    const auto enough = content_.size() + tessaview::kDiskReserve;
     EXPECT_EQ(copyTo(destination_, [&](const fs::path&) { return enough; }).end,
               StreamCopy::End::Done);
     const auto refused = copyTo(destination_, [&](const fs::path&) { return enough - 1; });
@@ -117,7 +117,7 @@ TEST_F(StreamCopyTest, neverFillsTheDisk)
     // Others write to the disk too.
     int asked = 0;
     const auto ended = copyTo(destination_, [&](const fs::path&) {
-        return ++asked <= 2 ? enough : StreamCopy::kReserve;
+        return ++asked <= 2 ? enough : tessaview::kDiskReserve;
     });
     EXPECT_EQ(ended.end, StreamCopy::End::Failed);
     EXPECT_THAT(ended.text, HasSubstr("Nothing of the copy is left."));

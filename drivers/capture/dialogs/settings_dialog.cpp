@@ -1,7 +1,7 @@
 #include "drivers/capture/dialogs/settings_dialog.h"
 
 #include "drivers/capture/capture_tuner.h"
-#include "drivers/capture/dialogs/qt_text.h"
+#include "drivers/common/dialogs/qt_text.h"
 #include "platform/settings.h"
 
 #include <QComboBox>

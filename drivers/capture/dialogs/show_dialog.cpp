@@ -3,25 +3,25 @@
 #include "drivers/capture/dialogs/settings_dialog.h"
 #include "drivers/capture/dialogs/streaming_dialog.h"
 #include "drivers/capture/dialogs/tuning_dialog.h"
-#include "drivers/capture/dialogs_library.h"
+#include "drivers/common/dialogs/dialog_thread.h"
+#include "drivers/common/dialogs_library.h"
 
-#include <QApplication>
-#include <QThread>
+#include <QWidget>
 
 namespace tessaview {
 
 namespace {
 
-Status show(CaptureDialog dialog, CaptureTuner& tuner, QWidget* owner)
+Status show(DriverDialog dialog, CaptureTuner& tuner, QWidget* owner)
 {
     switch (dialog) {
-    case CaptureDialog::Tuning:
+    case DriverDialog::Tuning:
         TuningDialog(tuner, owner).exec();
         return status::kOk;
-    case CaptureDialog::Settings:
+    case DriverDialog::Settings:
         SettingsDialog(tuner, owner).exec();
         return status::kOk;
-    case CaptureDialog::Streaming:
+    case DriverDialog::Streaming:
         StreamingDialog(tuner, owner).exec();
         return status::kOk;
     }
@@ -34,16 +34,16 @@ Status show(CaptureDialog dialog, CaptureTuner& tuner, QWidget* owner)
 
 // The one function that the library exports.
 extern "C" __attribute__((visibility("default"))) tessaview::Status
-TessaviewShowCaptureDialog(tessaview::CaptureDialog dialog, tessaview::CaptureTuner* tuner,
-                           tessaview::WindowHandle owner)
+TessaviewShowDriverDialog(tessaview::DriverDialog dialog, void* tunerOfDriver,
+                          tessaview::WindowHandle owner)
 {
     using namespace tessaview;
     return guarded([&]() -> Status {
+        auto* const tuner = static_cast<CaptureTuner*>(tunerOfDriver);
         if (!tuner)
             return status::kNullPointer;
-        const auto* const application = qobject_cast<QApplication*>(QCoreApplication::instance());
-        if (!application || application->thread() != QThread::currentThread()) {
-            tuner->report("dialogs are only shown by a program with windows, on their thread");
+        if (const char* const obstacle = obstacleToDialogs()) {
+            tuner->report(obstacle);
             return status::kNotReady;
         }
         return show(dialog, *tuner, QWidget::find(reinterpret_cast<WId>(owner)));

@@ -1,8 +1,8 @@
 #include "drivers/capture/dialogs/streaming_dialog.h"
 
 #include "drivers/capture/capture_tuner.h"
-#include "drivers/capture/dialogs/qt_text.h"
 #include "drivers/capture/packet_file.h"
+#include "drivers/common/dialogs/qt_text.h"
 
 #include <algorithm>
 #include <cmath>
@@ -114,7 +114,7 @@ void StreamingDialog::showFreeSpace()
 {
     try {
         const auto folder = std::filesystem::absolute(toPath(destination_->text())).parent_path();
-        progress_->setText(toQt(sizeText(StreamCopy::freeSpace(folder))) + " free there");
+        progress_->setText(toQt(sizeText(freeSpace(folder))) + " free there");
     } catch (const std::exception&) {
         progress_->clear(); // the start tells what is wrong
     }

@@ -1,9 +1,9 @@
 #include "drivers/capture/dialogs/tuning_dialog.h"
 
 #include "drivers/capture/capture_tuner.h"
-#include "drivers/capture/dialogs/qt_text.h"
 #include "drivers/capture/status_text.h"
 #include "drivers/capture/stream_copy.h"
+#include "drivers/common/dialogs/qt_text.h"
 #include "platform/settings.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-#include "drivers/capture/section_collector.h"
+#include "drivers/common/section_collector.h"
 
 #include "si/crc32.h"
 
