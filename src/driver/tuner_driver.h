@@ -216,4 +216,19 @@ protected:
     ~ISourceFiles() = default;
 };
 
+/// Optional: a driver whose work can be cut short, so that who cancels need not wait for a lock or
+/// a slow table.
+struct IInterrupt : IUnknown {
+    static constexpr Guid kId = "{400872CE-69B4-42A8-AB0B-E2F8F16CDBAD}"_guid;
+
+    /// While this was last called with non-zero, a set operation or `ReadTables` under way ends
+    /// soon, with a failure or with what it has, and one that begins fails at once; with 0 they
+    /// work again. A level, not an event, so that an operation that is just beginning is not
+    /// missed. Called from any thread, also while another is in an operation; returns at once.
+    virtual Status SetInterrupted(std::int32_t interrupted) noexcept = 0;
+
+protected:
+    ~IInterrupt() = default;
+};
+
 } // namespace tessaview
