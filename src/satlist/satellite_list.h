@@ -36,6 +36,30 @@ protected:
     ~ISatTransponder() = default;
 };
 
+/// Optional, answered to by a transponder: what DVB-S2 needs besides. Each value is `kNotGiven`
+/// until it is put, and putting `kNotGiven` takes it away again; any other value outside the range
+/// is refused.
+struct ISatTransponderS2 : IUnknown {
+    static constexpr Guid kId = "{BFE9B793-2416-4023-B938-7C585B90AD0A}"_guid;
+    static constexpr std::int32_t kNotGiven = -1;
+
+    virtual Status put_System(std::int32_t system) noexcept = 0; ///< 0 DVB-S, 1 DVB-S2
+    virtual Status get_System(std::int32_t* system) noexcept = 0;
+    /// 1 QPSK, 2 8PSK, 3 16APSK, 4 32APSK
+    virtual Status put_Modulation(std::int32_t modulation) noexcept = 0;
+    virtual Status get_Modulation(std::int32_t* modulation) noexcept = 0;
+    /// As the satellite delivery system descriptor codes it: 0 for 0.35, 1 for 0.25, 2 for 0.20
+    virtual Status put_RollOff(std::int32_t rollOff) noexcept = 0;
+    virtual Status get_RollOff(std::int32_t* rollOff) noexcept = 0;
+    virtual Status put_Pilot(std::int32_t pilot) noexcept = 0; ///< 0 off, 1 on
+    virtual Status get_Pilot(std::int32_t* pilot) noexcept = 0;
+    virtual Status put_StreamId(std::int32_t streamId) noexcept = 0; ///< 0 to 255
+    virtual Status get_StreamId(std::int32_t* streamId) noexcept = 0;
+
+protected:
+    ~ISatTransponderS2() = default;
+};
+
 /// Gives out one item after another. `Next` is always called with a count of 1 and a null third
 /// argument; it returns 0 while it yields an item, which the caller releases.
 template <class Item>
