@@ -38,6 +38,8 @@ constexpr Status kInvalidData = static_cast<Status>(0x8007000D);
 constexpr Status kInvalidArgument = static_cast<Status>(0x80070057);
 constexpr Status kAlreadyExists = static_cast<Status>(0x800700B7);
 constexpr Status kNotFound = static_cast<Status>(0x80070490);
+/// The call was cut short.
+constexpr Status kCancelled = static_cast<Status>(0x800704C7);
 } // namespace status
 
 } // namespace tessaview
