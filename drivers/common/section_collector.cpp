@@ -10,6 +10,9 @@ namespace {
 
 constexpr std::size_t kShortestLong = 12;
 constexpr std::size_t kShortHeader = 3;
+constexpr std::size_t kSegmentLast = 12; // segment_last_section_number of an event table
+constexpr std::size_t kLastTableId = 13;
+constexpr unsigned kTableIdShift = 48;
 constexpr uint8_t kTdt = 0x70;
 constexpr uint8_t kRst = 0x71;
 constexpr uint8_t kTot = 0x73;
@@ -44,7 +47,8 @@ bool isLongTable(std::span<const uint8_t> section)
 uint64_t identifiersOf(std::span<const uint8_t> section)
 {
     const uint8_t table_id = section[0];
-    auto key = static_cast<uint64_t>(table_id) << 48 | static_cast<uint64_t>(u16(section, 3)) << 32;
+    auto key = static_cast<uint64_t>(table_id) << kTableIdShift |
+               static_cast<uint64_t>(u16(section, 3)) << 32;
     if (table_id == 0x42 || table_id == 0x46)
         key |= static_cast<uint64_t>(u16(section, 8));
     else if (isEit(table_id))
@@ -119,8 +123,10 @@ void SectionCollector::take(std::span<const uint8_t> section)
 void SectionCollector::takeShort(std::span<const uint8_t> section)
 {
     isComplete_ = isSoundShort(section);
-    if (isComplete_ || shortSection_.empty())
-        shortSection_.assign(section.begin(), section.end());
+    if (!isComplete_ && !shortSection_.empty())
+        return;
+    shortSection_.assign(section.begin(), section.end());
+    ++keptCount_;
 }
 
 SectionCollector::Version* SectionCollector::Instance::find(int version_number)
@@ -140,6 +146,26 @@ void SectionCollector::Version::keep(std::span<const uint8_t> section, bool isSo
         return;
     ++soundCount;
     size = std::max(size, std::size_t{section[7]} + 1);
+    if (isEit(section[0]))
+        noteSegment(section);
+}
+
+void SectionCollector::Version::noteSegment(std::span<const uint8_t> section)
+{
+    if (section.size() <= kSegmentLast)
+        return;
+    const std::size_t segment = section[6] / kSegment;
+    const std::size_t first = segment * kSegment;
+    const std::size_t last =
+        std::clamp<std::size_t>(section[kSegmentLast], section[6], first + kSegment - 1);
+    segments.set(segment);
+    for (std::size_t number = first; number <= last; ++number)
+        announced.set(number);
+}
+
+bool SectionCollector::Version::hasAllAnnounced() const
+{
+    return size > 0 && segments.count() == (size - 1) / kSegment + 1 && (announced & ~sound).none();
 }
 
 SectionCollector::Instance* SectionCollector::find(uint64_t identifiers)
@@ -151,7 +177,9 @@ SectionCollector::Instance* SectionCollector::find(uint64_t identifiers)
 SectionCollector::Instance& SectionCollector::add(uint64_t identifiers)
 {
     indexOf_.emplace(identifiers, instances_.size());
-    return instances_.emplace_back();
+    Instance& instance = instances_.emplace_back();
+    instance.identifiers = identifiers;
+    return instance;
 }
 
 void SectionCollector::takeLong(std::span<const uint8_t> section)
@@ -179,9 +207,33 @@ void SectionCollector::takeLong(std::span<const uint8_t> section)
         version->version_number = version_number;
     }
     version->keep(section, isSound);
+    ++keptCount_;
+    if (isSound && isEit(section[0]) && section.size() > kLastTableId)
+        instance->last_table_id = std::max(instance->last_table_id, section[kLastTableId]);
     // A schedule leaves numbers out, so it cannot be told when it is complete.
     instance->isComplete = !isEit(section[0]) && version->isComplete();
     isComplete_ = instance->isComplete && asksForOne();
+}
+
+bool SectionCollector::looksComplete(const Instance& instance) const
+{
+    if (instance.isComplete)
+        return true;
+    const auto table_id = static_cast<uint8_t>(instance.identifiers >> kTableIdShift);
+    if (!isEit(table_id) || std::none_of(instance.versions.begin(), instance.versions.end(),
+                                         [](const Version& v) { return v.hasAllAnnounced(); }))
+        return false;
+    // The rest of a schedule is in the next table_id, if one is announced that is asked for.
+    const auto next = static_cast<uint8_t>(table_id + 1);
+    return next > instance.last_table_id || !wantsTable(next) ||
+           indexOf_.contains(instance.identifiers + (uint64_t{1} << kTableIdShift));
+}
+
+bool SectionCollector::looksComplete() const
+{
+    return isComplete_ || (!instances_.empty() &&
+                           std::all_of(instances_.begin(), instances_.end(),
+                                       [this](const Instance& i) { return looksComplete(i); }));
 }
 
 SectionCollector::Version& SectionCollector::best(Instance& instance)

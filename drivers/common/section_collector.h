@@ -54,12 +54,19 @@ public:
     void take(std::span<const uint8_t> section);
     /// Nothing that may still come can change the answer.
     bool isComplete() const { return isComplete_; }
+    /// As far as can be told from what came: every instance that was seen is there as a whole. More
+    /// instances may still turn up. An event table leaves numbers out, but tells which (EN 300 468,
+    /// 5.2.4).
+    bool looksComplete() const;
+    /// How many sections were kept: it grows when something new came.
+    std::size_t keptCount() const { return keptCount_; }
     /// The answer, by instance in the order of their appearance, then by section_number. Once only:
     /// the sections move out.
     std::vector<RawSection> answer();
 
 private:
     static constexpr std::size_t kNumbers = 256; // of sections in a table
+    static constexpr std::size_t kSegment = 8;   // sections of an event table
 
     struct Kept {
         uint8_t number;
@@ -73,18 +80,24 @@ private:
         std::size_t soundCount = 0;
         std::bitset<kNumbers> sound;
         std::bitset<kNumbers> unsound;
+        std::bitset<kNumbers> announced; // of an event table: by the segments that were seen
+        std::bitset<kNumbers / kSegment> segments; // of an event table that were seen
         std::vector<Kept> kept;
 
         bool isComplete() const { return size > 0 && soundCount == size; }
+        bool hasAllAnnounced() const;
         bool has(uint8_t number, bool isSound) const
         {
             return sound[number] || (!isSound && unsound[number]);
         }
         void keep(std::span<const uint8_t> section, bool isSound);
+        void noteSegment(std::span<const uint8_t> section);
     };
     struct Instance {
+        uint64_t identifiers = 0;
         std::vector<Version> versions;
         bool isComplete = false;
+        uint8_t last_table_id = 0; // of an event schedule, which is spread over several
 
         Version* find(int version_number);
     };
@@ -95,6 +108,7 @@ private:
     void takeShort(std::span<const uint8_t> section);
     void takeLong(std::span<const uint8_t> section);
     Instance* find(uint64_t identifiers);
+    bool looksComplete(const Instance& instance) const;
     Instance& add(uint64_t identifiers);
     static Version& best(Instance& instance);
     Instance* onlyInstance();
@@ -105,6 +119,7 @@ private:
     std::vector<Instance> instances_;
     std::unordered_map<uint64_t, std::size_t> indexOf_; // of an instance by its identifiers
     RawSection shortSection_;
+    std::size_t keptCount_ = 0;
     bool isComplete_ = false;
 };
 
