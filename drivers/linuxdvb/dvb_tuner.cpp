@@ -27,10 +27,14 @@ void DvbTuner::open(const std::string& driverKey)
     }
     if (!channel || resuming_.joinable())
         return;
+    isResuming_ = true;
     try {
-        resuming_ = std::thread(
-            [this, channel, stop = resumeStop_.get_token()] { resume(*channel, stop); });
+        resuming_ = std::thread([this, channel, stop = resumeStop_.get_token()] {
+            resume(*channel, stop);
+            isResuming_ = false;
+        });
     } catch (const std::system_error&) {
+        isResuming_ = false;
         report("no thread to tune with; choose the channel again");
     }
 }
@@ -268,8 +272,10 @@ void DvbTuner::awaitLock(const StopRequested& stop)
 ReadAnswers DvbTuner::read(std::span<const TableRequest> requests, std::chrono::seconds waitLimit,
                            const StopRequested& stop)
 {
-    const std::lock_guard operation(operation_);
     const StopRequested ends = stopFor(stop);
+    while (isResuming_)
+        pause(kernel_, kStopInterval / 10, ends);
+    const std::lock_guard operation(operation_);
     try {
         if (ends())
             throw Interrupted();

@@ -96,6 +96,7 @@ private:
     ComPtr<ISatListManager> list_;
     std::atomic<bool> isInterrupted_ = false;
     std::atomic<bool> isClosed_ = false;
+    std::atomic<bool> isResuming_ = false;
     std::stop_source resumeStop_;
     std::thread resuming_;
 };

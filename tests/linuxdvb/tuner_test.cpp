@@ -1,0 +1,235 @@
+#include "drivers/linuxdvb/dvb_tuner.h"
+#include "drivers/linuxdvb/status_text.h"
+#include "platform/settings.h"
+#include "tests/linuxdvb/fake_kernel.h"
+#include "tests/multiplex/sections.h"
+#include "tests/support/temporary_folder.h"
+
+#include <gmock/gmock.h>
+
+// The tuner over receivers that behave and that do not.
+
+namespace {
+
+using namespace std::chrono_literals;
+using namespace test;
+using namespace tessaview;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+
+constexpr const char* kKey = "drivers";
+
+Channel astra()
+{
+    SatelliteTuning tuning{};
+    tuning.frequency = 1218700;
+    tuning.symbol_rate = 275000;
+    return {"Astra", tuning, {}};
+}
+
+bool isDvbS2(const Tuned& tuned)
+{
+    return tuned.at(DTV_DELIVERY_SYSTEM) == SYS_DVBS2;
+}
+
+class LinuxDvbTuner : public ::testing::Test {
+protected:
+    FakeFrontend& receiver() { return kernel_.frontends[0]; }
+    DvbTuner& tuner()
+    {
+        if (!tuner_) {
+            tuner_.emplace(kernel_);
+            tuner_->open(kKey);
+        }
+        return *tuner_;
+    }
+    std::string status() { return statusText(tuner().state(), tuner().signal()); }
+    /// The text of the failure.
+    std::string failureOf(const Channel& channel)
+    {
+        try {
+            tuner().tune(channel);
+        } catch (const DeviceError& e) {
+            return e.what();
+        }
+        return "none";
+    }
+    /// Begins anew, as the next run of a program does.
+    void restart() { tuner_.reset(); }
+
+    TemporaryFolder folder_;
+    Environment config_{"XDG_CONFIG_HOME", folder_.path().c_str()};
+    FakeKernel kernel_;
+    std::optional<DvbTuner> tuner_;
+};
+
+TEST_F(LinuxDvbTuner, triesDvbS2WhenDvbSFails)
+{
+    receiver().receives = isDvbS2;
+    receiver().statistics[DTV_STAT_SIGNAL_STRENGTH] = {FE_SCALE_RELATIVE, {46530}};
+    dtv_stats quality{FE_SCALE_DECIBEL, {}};
+    quality.svalue = 12400;
+    receiver().statistics[DTV_STAT_CNR] = quality;
+    EXPECT_EQ(status(), "adapter0 not tuned");
+    ReceiverStore(kKey).storeDish("Astra", *dishOf("universal; diseqc 2"));
+    tuner().tune(astra());
+    EXPECT_EQ(receiver().tunings.size(), 2U);
+    EXPECT_THAT(receiver().lineCalls, ElementsAre("tone off", "18 V", "E01038F7", "tone on"));
+    EXPECT_EQ(status(), "adapter0 DVB-S2 12187 H 27500 locked 71 % 12.4 dB");
+    receiver().receives = [](const Tuned&) { return false; };
+    EXPECT_THAT(status(), HasSubstr("12187 H 27500 no lock"));
+}
+
+struct FailureCase {
+    const char* name;
+    void (*prepare)(FakeFrontend& receiver);
+    Channel channel;
+    const char* text;
+};
+
+class TuningFails : public LinuxDvbTuner, public ::testing::WithParamInterface<FailureCase> {};
+
+TEST_P(TuningFails, withTheDeviceAndTheStep)
+{
+    GetParam().prepare(receiver());
+    EXPECT_EQ(failureOf(GetParam().channel), GetParam().text);
+    EXPECT_EQ(status(), "adapter0 not tuned (" + std::string(GetParam().text) + ")");
+    EXPECT_FALSE(tuner().state().system);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    LinuxDvbTuner, TuningFails,
+    ::testing::Values(
+        FailureCase{"noSignal",
+                    [](FakeFrontend& r) { r.receives = [](const Tuned&) { return false; }; },
+                    astra(), "adapter0/frontend0: no signal at 12187 MHz H within 10 s"},
+        FailureCase{"busy", [](FakeFrontend& r) { r.isInUse = true; }, astra(),
+                    "adapter0/frontend0: in use by another program"},
+        FailureCase{"forbidden", [](FakeFrontend& r) { r.openProblem = EACCES; }, astra(),
+                    "adapter0/frontend0: no permission; add your user to the group 'video' and log "
+                    "in again"},
+        FailureCase{"absent", [](FakeFrontend& r) { r.isGone = true; }, astra(),
+                    "adapter0/frontend0: no such device; plug it in, or choose another under "
+                    "Device, Settings..."},
+        FailureCase{"voltage", [](FakeFrontend& r) { r.voltageProblem = EIO; }, astra(),
+                    "adapter0/frontend0: switching the LNB's voltage: Input/output error"},
+        FailureCase{"refused", [](FakeFrontend& r) { r.tuneProblem = EINVAL; }, astra(),
+                    "adapter0/frontend0: tuning to DVB-S2: the receiver refuses the parameters; is "
+                    "the frequency in its range?"},
+        FailureCase{"otherType",
+                    [](FakeFrontend&) {},
+                    {"", CableTuning{}, {}},
+                    "adapter0/frontend0: no receiver for 0 MHz; choose another under Device, "
+                    "Settings..."}),
+    [](const auto& each) { return each.param.name; });
+
+TEST_F(LinuxDvbTuner, needsNoLineThatTheReceiverDoesNotFeed)
+{
+    receiver().voltageProblem = EOPNOTSUPP;
+    EXPECT_EQ(failureOf(astra()), "none");
+}
+
+TEST_F(LinuxDvbTuner, endsSoonWhenItIsInterruptedAndWorksAgainAfterwards)
+{
+    receiver().lockTime = 1min;
+    kernel_.at(2s, [this] { tuner().setInterrupted(true); });
+    EXPECT_THROW(tuner().tune(astra()), Interrupted);
+    EXPECT_LE(kernel_.elapsed(), 2200ms);
+    EXPECT_THROW(tuner().tune(astra()), Interrupted);
+    tuner().setInterrupted(false);
+    receiver().lockTime = 0ms;
+    tuner().tune(astra());
+    EXPECT_TRUE(tuner().signal()->isLocked());
+}
+
+TEST_F(LinuxDvbTuner, takesUpWhatItReceivedLast)
+{
+    tuner().tune(astra());
+    restart();
+    EXPECT_EQ(kernel_.openFiles(), 0U);
+    kernel_.air = {{0x00, pat(1, {}), 100ms}};
+    const TableRequest patRequest{};
+    EXPECT_EQ(tuner().read({&patRequest, 1}, 30s).lists.at(0).size(), 1U);
+    EXPECT_EQ(tuner().state().channel->satellite, "Astra");
+    EXPECT_EQ(receiver().tunings.size(), 2U);
+}
+
+TEST_F(LinuxDvbTuner, takesAChannelOfANitForOneOfTheSatelliteThatIsReceived)
+{
+    ReceiverStore(kKey).storeDish("Astra", *dishOf("universal; diseqc 3"));
+    tuner().tune(astra());
+    receiver().lineCalls.clear();
+    Channel listed = astra();
+    listed.satellite.clear();
+    tuner().tune(listed);
+    EXPECT_THAT(receiver().lineCalls, ElementsAre("tone off", "18 V", "E01038FB", "tone on"));
+    EXPECT_EQ(tuner().state().channel->satellite, "Astra");
+}
+
+TEST_F(LinuxDvbTuner, readsNothingWithoutALock)
+{
+    const TableRequest patRequest{};
+    const auto problem = [&] {
+        try {
+            tuner().read({&patRequest, 1}, 30s);
+        } catch (const DeviceError& e) {
+            return std::string(e.what());
+        }
+        return std::string("none");
+    };
+    EXPECT_THAT(problem(), HasSubstr("not tuned; choose a channel"));
+    tuner().tune(astra());
+    receiver().receives = [](const Tuned&) { return false; };
+    EXPECT_THAT(problem(), HasSubstr("no signal at 12187 MHz H within 5 s"));
+    receiver().isGone = true;
+    EXPECT_THAT(problem(), HasSubstr("the device was removed"));
+    EXPECT_EQ(kernel_.openFiles(), 0U);
+}
+
+TEST_F(LinuxDvbTuner, letsGoOfTheDeviceWhenAnotherIsChosen)
+{
+    kernel_.frontends.resize(2);
+    kernel_.frontends[1].systems = {SYS_DVBC_ANNEX_A, SYS_DVBT};
+    tuner().tune(astra());
+    EXPECT_EQ(tuner().state().type, TunerType::Satellite);
+    ReceiverSettings settings = tuner().state().settings;
+    settings.device.frontend = 1;
+    tuner().useAndStore(settings);
+    EXPECT_FALSE(receiver().isInUse);
+    EXPECT_EQ(tuner().state().type, TunerType::Cable);
+    settings.type = TunerType::Terrestrial;
+    tuner().useAndStore(settings);
+    restart();
+    EXPECT_EQ(tuner().state().type, TunerType::Terrestrial);
+    EXPECT_THAT(status(), HasSubstr("adapter0/frontend1"));
+}
+
+TEST_F(LinuxDvbTuner, bringsStoredTimesIntoTheirRange)
+{
+    Settings file(defaultSettingsFile());
+    file.setNumber("drivers\\linuxdvb", "locklimit", 0);
+    file.setNumber("drivers\\linuxdvb", "readceiling", 0xFFFFFFFF);
+    file.setNumber("drivers\\linuxdvb", "tunertype", 4);
+    const ReceiverSettings read = ReceiverStore(kKey).settings();
+    EXPECT_EQ(read.lockLimit, 1s);
+    EXPECT_EQ(read.readCeiling, 1h);
+    EXPECT_FALSE(read.type);
+}
+
+TEST_F(LinuxDvbTuner, tellsErrorRatesOfWhatCameSinceTheLastReport)
+{
+    auto& statistics = receiver().statistics;
+    const auto count = [&](std::uint64_t errors, std::uint64_t total) {
+        statistics[DTV_STAT_POST_ERROR_BIT_COUNT] = {FE_SCALE_COUNTER, {errors}};
+        statistics[DTV_STAT_POST_TOTAL_BIT_COUNT] = {FE_SCALE_COUNTER, {total}};
+        return tuner().signal()->postBitErrorRate;
+    };
+    tuner().tune(astra());
+    EXPECT_DOUBLE_EQ(count(1000, 1'000'000).value(), 0.001);
+    EXPECT_DOUBLE_EQ(count(1010, 2'000'000).value(), 0.00001);
+    EXPECT_DOUBLE_EQ(count(1010, 2'000'000).value(), 0.00001); // nothing new
+    EXPECT_DOUBLE_EQ(count(1, 10).value(), 0.1);               // began anew
+    EXPECT_FALSE(tuner().signal()->bitErrors);
+}
+
+} // namespace

@@ -1,0 +1,240 @@
+#include "drivers/linuxdvb/attempts.h"
+#include "drivers/linuxdvb/dish.h"
+#include "tests/linuxdvb/fake_kernel.h"
+
+#include <gmock/gmock.h>
+
+// What a tuning record becomes for the receiver and for the dish.
+
+namespace {
+
+using namespace tessaview;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::SizeIs;
+using Values = std::map<std::uint32_t, std::uint32_t>;
+
+constexpr std::uint32_t kFrequency = 1'587'000; // kHz, behind the LNB
+
+SatelliteTuning satellite(std::uint8_t modulation, std::uint8_t fec = 3)
+{
+    SatelliteTuning tuning{};
+    tuning.frequency = 1218700;
+    tuning.symbol_rate = 275000;
+    tuning.modulation = modulation;
+    tuning.FEC_inner = fec;
+    return tuning;
+}
+
+template <class Tuning>
+Channel onAir(const Tuning& tuning, const S2Parameters& s2 = {})
+{
+    Channel channel;
+    channel.tuning = tuning;
+    channel.s2 = s2;
+    return channel;
+}
+
+FrontendFacts receiver(std::vector<fe_delivery_system> systems, std::uint32_t capabilities = 0)
+{
+    return {.id = {},
+            .name = {},
+            .systems = std::move(systems),
+            .capabilities = capabilities,
+            .problem = {}};
+}
+
+Values valuesOf(const Attempt& attempt)
+{
+    return {attempt.properties.begin(), attempt.properties.end()};
+}
+
+struct TuningCase {
+    const char* name;
+    Channel channel;
+    FrontendFacts facts;
+    std::vector<fe_delivery_system> systems; ///< in the order in which they are tried
+    Values first;                            ///< among the values of the first attempt
+};
+
+std::vector<TuningCase> tuningCases()
+{
+    const FrontendFacts both = receiver({SYS_DVBS, SYS_DVBS2});
+    CableTuning cable{};
+    cable.frequency = 4740000;
+    cable.symbol_rate = 69000;
+    CableTuning cable256 = cable;
+    cable256.modulation = 5;
+    cable256.FEC_inner = 15;
+    TerrestrialTuning terrestrial{};
+    terrestrial.centre_frequency = 47400000;
+    terrestrial.bandwidth = 1;
+    terrestrial.constellation = 2;
+    terrestrial.code_rate_HP_stream = 4;
+    terrestrial.guard_interval = 3;
+    terrestrial.transmission_mode = 1;
+    TerrestrialTuning reserved{};
+    reserved.centre_frequency = 0xFFFFFFFF;
+    reserved.bandwidth = reserved.constellation = reserved.code_rate_HP_stream = 7;
+    reserved.transmission_mode = 3;
+    const S2Parameters multistream{
+        .isS2 = true, .modulation = 4, .rollOff = 1, .pilot = true, .streamId = 255};
+    return {
+        {"dvbSFirstWhereNothingSaysOtherwise",
+         onAir(satellite(0x01)),
+         both,
+         {SYS_DVBS, SYS_DVBS2},
+         {{DTV_FREQUENCY, kFrequency},
+          {DTV_SYMBOL_RATE, 27'500'000},
+          {DTV_INNER_FEC, FEC_3_4},
+          {DTV_MODULATION, QPSK}}},
+        {"dvbS2FirstWhereItIsDescribed",
+         onAir(satellite(0x16, 9)),
+         both,
+         {SYS_DVBS2, SYS_DVBS},
+         {{DTV_MODULATION, PSK_8},
+          {DTV_ROLLOFF, ROLLOFF_20},
+          {DTV_INNER_FEC, FEC_9_10},
+          {DTV_PILOT, PILOT_AUTO},
+          {DTV_STREAM_ID, NO_STREAM_ID_FILTER}}},
+        {"asTheSatelliteListSays",
+         onAir(satellite(0), multistream),
+         both,
+         {SYS_DVBS2, SYS_DVBS},
+         {{DTV_MODULATION, APSK_32},
+          {DTV_ROLLOFF, ROLLOFF_25},
+          {DTV_PILOT, PILOT_ON},
+          {DTV_STREAM_ID, 255}}},
+        {"withTheCodeRateLeftToWhoCanFindIt",
+         onAir(satellite(0, 1)),
+         receiver({SYS_DVBS}, FE_CAN_FEC_AUTO),
+         {SYS_DVBS},
+         {{DTV_INNER_FEC, FEC_AUTO}}},
+        {"withNoCodeRateThatDvbSDoesNotHave",
+         onAir(satellite(0, 7)),
+         receiver({SYS_DVBS}),
+         {SYS_DVBS},
+         {{DTV_INNER_FEC, FEC_AUTO}}},
+        {"cableAsDescribed",
+         onAir(cable256),
+         receiver({SYS_DVBC_ANNEX_A}),
+         {SYS_DVBC_ANNEX_A},
+         {{DTV_FREQUENCY, 474'000'000},
+          {DTV_SYMBOL_RATE, 6'900'000},
+          {DTV_MODULATION, QAM_256},
+          {DTV_INNER_FEC, FEC_NONE}}},
+        {"cableByTheUsualModulations",
+         onAir(cable),
+         receiver({SYS_DVBC_ANNEX_C, SYS_DVBT}),
+         {SYS_DVBC_ANNEX_C, SYS_DVBC_ANNEX_C, SYS_DVBC_ANNEX_C},
+         {{DTV_MODULATION, QAM_256}}},
+        {"terrestrialAsDescribed",
+         onAir(terrestrial),
+         receiver({SYS_DVBT, SYS_DVBT2}),
+         {SYS_DVBT, SYS_DVBT2},
+         {{DTV_FREQUENCY, 474'000'000},
+          {DTV_BANDWIDTH_HZ, 7'000'000},
+          {DTV_MODULATION, QAM_64},
+          {DTV_CODE_RATE_HP, FEC_7_8},
+          {DTV_CODE_RATE_LP, FEC_1_2},
+          {DTV_GUARD_INTERVAL, GUARD_INTERVAL_1_4},
+          {DTV_TRANSMISSION_MODE, TRANSMISSION_MODE_8K}}},
+        {"whatIsReservedLeftToTheReceiver",
+         onAir(reserved),
+         receiver({SYS_DVBT}),
+         {SYS_DVBT},
+         {{DTV_FREQUENCY, 0xFFFFFFFF},
+          {DTV_BANDWIDTH_HZ, 8'000'000},
+          {DTV_MODULATION, QAM_AUTO},
+          {DTV_CODE_RATE_HP, FEC_AUTO},
+          {DTV_TRANSMISSION_MODE, TRANSMISSION_MODE_AUTO}}},
+        {"nothingOfAnotherTunerType", onAir(cable), both, {}, {}},
+    };
+}
+
+class Tries : public ::testing::TestWithParam<TuningCase> {};
+
+TEST_P(Tries, inThisOrder)
+{
+    const TuningCase& c = GetParam();
+    const std::vector<Attempt> attempts = attemptsFor(c.channel, c.facts, kFrequency);
+    std::vector<fe_delivery_system> systems;
+    for (const Attempt& attempt : attempts)
+        systems.push_back(attempt.system);
+    EXPECT_EQ(systems, c.systems);
+    for (const auto& [command, value] : c.first)
+        EXPECT_EQ(valuesOf(attempts.at(0))[command], value) << command;
+}
+
+INSTANTIATE_TEST_SUITE_P(Tuning, Tries, ::testing::ValuesIn(tuningCases()),
+                         [](const auto& each) { return each.param.name; });
+
+struct DishCase {
+    const char* stored;
+    std::uint32_t frequency; ///< 10 kHz
+    std::uint8_t polarization;
+    std::uint32_t behindLnb; ///< kHz
+    bool isHighVoltage;
+    bool hasTone;
+    std::vector<std::array<std::uint8_t, 4>> messages;
+};
+
+class DishPlans : public ::testing::TestWithParam<DishCase> {};
+
+TEST_P(DishPlans, switchAsTheDishNeeds)
+{
+    const DishCase& c = GetParam();
+    const auto dish = dishOf(c.stored);
+    ASSERT_TRUE(dish);
+    EXPECT_EQ(storedText(*dish), c.stored);
+    SatelliteTuning tuning{};
+    tuning.frequency = c.frequency;
+    tuning.polarization = c.polarization;
+    const DishPlan plan = planFor(*dish, tuning);
+    EXPECT_EQ(plan.frequency, c.behindLnb);
+    EXPECT_EQ(plan.isHighVoltage, c.isHighVoltage);
+    EXPECT_EQ(plan.hasTone, c.hasTone);
+    EXPECT_EQ(plan.messages, c.messages);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Tuning, DishPlans,
+    ::testing::Values(
+        DishCase{"universal", 1169999, 1, 1949990, false, false, {}},
+        DishCase{"universal", 1170000, 0, 1100000, true, true, {}},
+        DishCase{
+            "universal; diseqc 4", 1169999, 0, 1949990, true, false, {{0xE0, 0x10, 0x38, 0xFE}}},
+        DishCase{"universal; diseqc 1; uncommitted 16",
+                 1170000,
+                 1,
+                 1100000,
+                 false,
+                 true,
+                 {{0xE0, 0x10, 0x39, 0xFF}, {0xE0, 0x10, 0x38, 0xF1}}},
+        DishCase{"single 5150", 384000, 3, 1310000, false, false, {}}, // C band
+        DishCase{"wide 10410; uncommitted 1",
+                 1275000,
+                 2,
+                 2340000,
+                 true,
+                 false,
+                 {{0xE0, 0x10, 0x39, 0xF0}}}));
+
+TEST(StoredTexts, areRefusedWhenTheyAreNone)
+{
+    for (const char* text : {"", "single", "single x", "wide 4294967296", "universal; diseqc 5",
+                             "universal; uncommitted 17", "universal; diseqc", "other 1"})
+        EXPECT_FALSE(dishOf(text)) << text;
+    for (const char* text : {"", "1", "1 2 3", "2 1 1 1 1 x", "9 1 1 1 1 1"})
+        EXPECT_FALSE(channelOf(text)) << text;
+    for (const Channel& channel :
+         {onAir(satellite(0x1F, 15)), onAir(CableTuning{1, 2, 3, {}, 4, 5, {}}),
+          onAir(TerrestrialTuning{1, 2, 3, 4, 5, 6, 7, 8, 9})}) {
+        const auto read = channelOf(storedText(channel));
+        ASSERT_TRUE(read);
+        EXPECT_EQ(read->tuning.index(), channel.tuning.index());
+        EXPECT_EQ(storedText(*read), storedText(channel));
+    }
+}
+
+} // namespace
