@@ -62,8 +62,8 @@ Level levelOf(const dtv_property& property)
 std::optional<std::uint64_t> countOf(const dtv_property& property)
 {
     const dtv_stats value = wholeOf(property);
-    return value.scale == FE_SCALE_COUNTER ? std::optional<std::uint64_t>(value.uvalue)
-                                           : std::nullopt;
+    const std::uint64_t count = value.uvalue; // a copy, as the record packs it at any address
+    return value.scale == FE_SCALE_COUNTER ? std::optional(count) : std::nullopt;
 }
 
 /// A level by the older call, relative; no answer where the receiver does not know it.
