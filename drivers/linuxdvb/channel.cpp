@@ -125,7 +125,7 @@ std::string channelName(const Channel& channel)
 
 std::string channelSummary(const Channel& channel)
 {
-    const std::string text = frequency(channel);
+    std::string text = frequency(channel);
     if (const auto* const satellite = std::get_if<SatelliteTuning>(&channel.tuning))
         return formatted("%s %c %u", text.c_str(), polarization(*satellite),
                          satellite->symbol_rate / 10);

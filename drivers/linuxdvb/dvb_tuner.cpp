@@ -121,8 +121,11 @@ void DvbTuner::useAndStore(const ReceiverSettings& settings)
         state_.settings = settings;
         store = store_;
     }
-    if (isOther)
+    if (isOther) {
+        resumeStop_.request_stop();
+        const std::lock_guard operation(operation_);
         letGo();
+    }
     if (store)
         store->store(settings);
 }

@@ -73,12 +73,12 @@ Status LinuxDvbDriver::SetSatListManager(ISatListManager* manager) noexcept
 }
 
 template <class Tuning>
-Status LinuxDvbDriver::tune(std::string satellite, const Tuning* tuning)
+Status LinuxDvbDriver::tune(const std::string& satellite, const Tuning* tuning)
 {
     if (!tuning)
         return status::kNullPointer;
     try {
-        tuner_.tune({.satellite = std::move(satellite), .tuning = *tuning, .s2 = {}});
+        tuner_.tune({.satellite = satellite, .tuning = *tuning, .s2 = {}});
         return status::kOk;
     } catch (const DeviceError& e) {
         return statusOf(e);

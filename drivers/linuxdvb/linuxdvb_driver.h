@@ -58,7 +58,7 @@ private:
     ~LinuxDvbDriver() = default;
 
     template <class Tuning>
-    Status tune(std::string satellite, const Tuning* tuning);
+    Status tune(const std::string& satellite, const Tuning* tuning);
     template <class Tuning>
     Status getTuning(Tuning* tuning, std::string* satellite = nullptr) const;
     Status show(DriverDialog dialog, WindowHandle owner);
