@@ -100,7 +100,7 @@ void Scanner::scanTransponder(ISatTransponder& transponder, const std::string& s
     }
     const ScannedStream stream{.satellite = satellite, .frequency = frequencyText(tuning)};
     if (failed(driver_.tune(context_.owner, {.tuning = tuning, .satellite = satellite})))
-        summary_.add(stream, UnstoredReason::NotTuned);
+        addUntuned(stream);
     else if (!cancelled_ && !ReadNitAndScan(satellite))
         summary_.add(stream, UnstoredReason::NoNit);
 }

@@ -3,6 +3,7 @@
 #include "log/log_file.h"
 #include "log/output.h"
 
+#include <system_error>
 #include <utility>
 
 namespace tessaview {
@@ -34,6 +35,7 @@ ScanController::ScanController(ScanContext context, ScanMode mode, ScanEvents& e
     , events_(events)
     , driver_(ComPtr<IUnknown>::share(context_.driver))
     , satellites_(ComPtr<ISatListManager>::share(context_.satellites))
+    , cancellation_(context_.driver)
     , opening_([this] {
         tuner_ = tunerOf(driver_.get());
         answered_.set_value();
@@ -44,7 +46,7 @@ ScanController::ScanController(ScanContext context, ScanMode mode, ScanEvents& e
 
 ScanController::~ScanController()
 {
-    cancelled_ = true;
+    cancel();
 }
 
 bool ScanController::openedWithin(std::chrono::milliseconds patience)
@@ -72,10 +74,13 @@ void ScanController::start(std::optional<std::string> satellite)
     if (!satellite && mode_ == ScanMode::CurrentNit && tuner_.isCableOrTerrestrial())
         satellite.emplace();
     context_.satellite = std::move(satellite);
-    cancelled_ = false;
+    cancellation_.lower();
     scan_ = std::jthread([this] {
         OutputClear();
-        Scanner(context_, events_, cancelled_).run(mode_);
+        {
+            const Cancellation::Work work(cancellation_);
+            Scanner(context_, events_, cancellation_.flag()).run(mode_);
+        }
         events_.scanFinished();
     });
     state_ = State::Scanning; // not without a thread, whose end would never come
@@ -85,8 +90,13 @@ void ScanController::cancel()
 {
     if (state_ != State::Scanning)
         return;
-    cancelled_ = true;
+    cancellation_.raise();
     state_ = State::Cancelling;
+    try {
+        interrupting_ = std::jthread([this] { cancellation_.tellDriver(); });
+    } catch (const std::system_error&) { // NOLINT(bugprone-empty-catch)
+        // There can be no thread: the scan ends when the driver's call does.
+    }
 }
 
 void ScanController::completeScan()
@@ -94,6 +104,8 @@ void ScanController::completeScan()
     if (!scan_.joinable())
         return;
     scan_.join();
+    if (interrupting_.joinable())
+        interrupting_.join();
     state_ = State::Idle;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "acquisition/scanner.h"
+#include "driver/cancellation.h"
 
 #include <chrono>
 #include <future>
@@ -63,7 +64,7 @@ public:
     /// Starts a scan with the satellite that the user chose, if any. Only when idle, and stays so
     /// when there can be no thread: then throws std::system_error.
     void start(std::optional<std::string> satellite);
-    /// Asks the scan under way to end.
+    /// Asks the scan under way to end, and interrupts a driver that can be.
     void cancel();
     /// Answers `scanFinished`.
     void completeScan();
@@ -73,7 +74,7 @@ public:
     bool requestClose();
     bool isCloseRequested() const { return closeRequested_; }
     /// How the window ends: with OK unless the last scan was cancelled.
-    bool endsWithOk() const { return !cancelled_; }
+    bool endsWithOk() const { return !cancellation_.flag(); }
 
 private:
     ScanContext context_;
@@ -81,13 +82,14 @@ private:
     ScanEvents& events_;
     ComPtr<IUnknown> driver_;
     ComPtr<ISatListManager> satellites_;
-    std::atomic<bool> cancelled_ = false;
+    Cancellation cancellation_;
     State state_ = State::Opening;
     bool closeRequested_ = false;
     TunerNow tuner_;
     std::promise<void> answered_;
     std::future<void> answer_ = answered_.get_future();
     std::jthread opening_;
+    std::jthread interrupting_; ///< of the scan's; once that has ended, it calls the driver no more
     std::jthread scan_;
 };
 

@@ -184,10 +184,16 @@ void Scanner::scanEntry(const lib13818::TransportStreamEntry& entry, TunerType t
     announceTuning(setting.tuning);
     if (failed(driver_.tune(context_.owner, setting))) {
         reportTuningFailure(type);
-        summary_.add(stream, UnstoredReason::NotTuned);
+        addUntuned(stream);
     } else if (!cancelled_) {
         readInto(stream);
     }
+}
+
+void Scanner::addUntuned(const ScannedStream& stream)
+{
+    if (!cancelled_) // else the driver was interrupted
+        summary_.add(stream, UnstoredReason::NotTuned);
 }
 
 void Scanner::readInto(const ScannedStream& stream)

@@ -63,6 +63,7 @@ private:
                    const std::string& satellite);
     SatelliteEnd scanTransponders(ISatellite& satellite, const std::string& name);
     void scanTransponder(ISatTransponder& transponder, const std::string& satellite);
+    void addUntuned(const ScannedStream& stream);
     void readInto(const ScannedStream& stream);
 
     ScanContext context_;

@@ -212,6 +212,72 @@ TEST_F(Control, endsWithCancelAfterACancelledScanOnly)
     EXPECT_FALSE(model.empty());
 }
 
+TEST_F(Control, interruptsTheCallThatIsUnderWay)
+{
+    struct Case {
+        const char* stuckIn;
+        test::Lines calls;
+        test::Lines printed;
+    };
+    const std::vector<Case> cases{
+        {"ReadTables", {"go on", "ReadTables", "interrupt", "go on"}, {"Reading current NIT"}},
+        {"SetCableTuning",
+         {"go on", "ReadTables", "GetTunerType", "GetCableTuning", "SetCableTuning", "interrupt",
+          "go on"},
+         {"Reading current NIT", "Read 1 NIT sections", "1 entries in NIT section",
+          "Setting tuner: 346000", "Failed to set tuner"}},
+    };
+    const auto control = controller(ScanMode::CurrentNit);
+    EXPECT_TRUE(control->openedWithin(1h));
+    for (const Case& each : cases) {
+        std::promise<void> isStuck;
+        driver->calls.clear();
+        driver->duringCall = [&](std::string_view called, int) {
+            if (called != each.stuckIn)
+                return;
+            isStuck.set_value();
+            driver->waitForInterrupt();
+        };
+        control->start({});
+        isStuck.get_future().wait();
+        control->cancel();
+        window.waitForScan();
+        control->completeScan();
+        EXPECT_EQ(driver->calls, each.calls);
+        EXPECT_EQ(recorder.printed(), each.printed) << "what was given up was no failure to count";
+        EXPECT_TRUE(model.empty());
+    }
+    driver->duringCall = {};
+    control->start({});
+    window.waitForScan();
+    control->completeScan();
+    EXPECT_FALSE(model.empty()) << "the next scan is not interrupted";
+}
+
+TEST_F(Control, doesNotWaitForADriverThatDoesNotReturnFromItsInterruption)
+{
+    const auto control = controller(ScanMode::CurrentTransponder);
+    EXPECT_TRUE(control->openedWithin(1h));
+    std::promise<void> isReading;
+    driver->duringCall = [&](std::string_view called, int) {
+        if (called == "interrupt")
+            gate.stopHere();
+        if (called != "ReadTables")
+            return;
+        isReading.set_value();
+        driver->waitForInterrupt();
+    };
+    control->start({});
+    isReading.get_future().wait();
+    control->cancel();
+    gate.waitUntilReached();
+    EXPECT_EQ(control->state(), State::Cancelling);
+    gate.open();
+    window.waitForScan();
+    control->completeScan();
+    EXPECT_EQ(control->state(), State::Idle);
+}
+
 TEST_F(Control, needsASatelliteOfASatelliteTunerOnly)
 {
     driver->tunerType = 1;

@@ -28,12 +28,30 @@ SectionList handOver(const std::vector<Bytes>& sections)
 
 Status ScriptedDriver::called(const char* operation)
 {
-    calls.emplace_back(operation);
-    const int time = times_[operation]++;
+    int time = 0;
+    {
+        const std::lock_guard lock(mutex_);
+        calls.emplace_back(operation);
+        time = times_[operation]++;
+    }
     if (duringCall)
         duringCall(operation, time);
     const auto answer = answers.find({operation, time});
     return answer == answers.end() ? status::kOk : answer->second;
+}
+
+Status ScriptedDriver::calledForLong(const char* operation)
+{
+    const Status result = called(operation);
+    return isInterrupted && !failed(result) ? status::kFail : result;
+}
+
+Status ScriptedDriver::SetInterrupted(std::int32_t interrupted) noexcept
+{
+    const Status result = called(interrupted != 0 ? "interrupt" : "go on");
+    isInterrupted = interrupted != 0;
+    isInterrupted.notify_all();
+    return result;
 }
 
 Status ScriptedDriver::QueryInterface(const Guid& iid, void** object) noexcept
@@ -83,7 +101,7 @@ Status ScriptedDriver::tune(const char* operation, TuningCall call, std::uint32_
 {
     const Record record = std::get<Record>(call.record);
     tunings.push_back(std::move(call));
-    const Status result = called(operation);
+    const Status result = calledForLong(operation);
     if (failed(result))
         return result;
     current = record;
@@ -148,7 +166,7 @@ Status ScriptedDriver::ReadTables(std::uint32_t count, const TableRequest* reque
 {
     batches.emplace_back(requests, requests + count);
     waitLimits.push_back(waitLimit);
-    const Status result = called("ReadTables");
+    const Status result = calledForLong("ReadTables");
     if (!failed(result))
         for (std::uint32_t i = 0; i < count; ++i) {
             const TableRequest& request = requests[i];

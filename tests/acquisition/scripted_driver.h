@@ -3,9 +3,11 @@
 #include "driver/tuner_driver.h"
 #include "tests/multiplex/bytes_writer.h"
 
+#include <atomic>
 #include <cstdint>
 #include <functional>
 #include <map>
+#include <mutex>
 #include <span>
 #include <string>
 #include <string_view>
@@ -37,11 +39,12 @@ struct TuningCall {
 };
 
 /// A driver that does what a test says. Setting a tuning to a frequency of `streams` puts that
-/// stream on the air and makes it the current tuning.
+/// stream on the air and makes it the current tuning. While it is interrupted, set operations and
+/// ReadTables fail.
 class ScriptedDriver final
     : public tessaview::Implements<ScriptedDriver, tessaview::IDriverInfo,
                                    tessaview::IDriverControl, tessaview::ISetTuner,
-                                   tessaview::ISectionReader> {
+                                   tessaview::ISectionReader, tessaview::IInterrupt> {
 public:
     using Status = tessaview::Status;
 
@@ -75,6 +78,9 @@ public:
     std::vector<std::vector<tessaview::TableRequest>> batches;
     std::vector<std::uint32_t> waitLimits;
     std::vector<TuningCall> tunings;
+    std::atomic<bool> isInterrupted = false;
+    /// Waits in mid-call until it is interrupted.
+    void waitForInterrupt() const { isInterrupted.wait(false); }
 
     void failAt(const std::string& operation, Status answer, int time = 0)
     {
@@ -104,6 +110,8 @@ public:
     Status ReadTables(std::uint32_t count, const tessaview::TableRequest* requests,
                       std::uint32_t waitLimit, tessaview::SectionList* results) noexcept override;
 
+    Status SetInterrupted(std::int32_t interrupted) noexcept override;
+
 private:
     friend Implements;
     ScriptedDriver() = default;
@@ -111,9 +119,12 @@ private:
 
     /// Records the call and gives what it is to return.
     Status called(const char* operation);
+    /// The same for one that can be interrupted.
+    Status calledForLong(const char* operation);
     template <class Record>
     Status tune(const char* operation, TuningCall call, std::uint32_t frequency, Record& current);
 
+    std::mutex mutex_; ///< of the record: SetInterrupted comes from a thread of its own
     std::map<std::string, int> times_;
 };
 

@@ -251,6 +251,7 @@ TEST_F(SiReading, opensOverADriverThatDoesNotAnswer)
 /// The end of the program takes every window with it.
 TEST_F(SiReading, isDestroyedInMidScanWithoutHanging)
 {
+    driver->missing = {IInterrupt::kId};
     openIdle(ScanMode::CurrentTransponder);
     startAndStopInReading();
     QTimer timer;
