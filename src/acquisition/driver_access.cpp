@@ -10,6 +10,7 @@ DriverAccess::DriverAccess(IUnknown* driver)
     static_cast<void>(query(driver, reader_));
     static_cast<void>(query(driver, tuner_));
     static_cast<void>(query(driver, control_));
+    static_cast<void>(query(driver, status_));
 }
 
 Status DriverAccess::tunerType(TunerType& type) const
@@ -61,6 +62,15 @@ TunerSetting DriverAccess::currentSetting(TunerType type) const
         break;
     }
     return setting;
+}
+
+std::string DriverAccess::statusText() const
+{
+    std::string text;
+    if (status_)
+        static_cast<void>(
+            receivedText(text, [&](char16_t** out) { return status_->GetStatusText(out); }));
+    return text;
 }
 
 Status DriverAccess::tune(WindowHandle owner, const TunerSetting& setting) const

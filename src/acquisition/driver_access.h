@@ -34,6 +34,9 @@ public:
     /// The setting as it is now, to return to; none unless the driver answers exactly zero.
     TunerSetting currentSetting(TunerType type) const;
 
+    /// The driver's short text about its tuner, UTF-8; empty when it gives none.
+    std::string statusText() const;
+
     /// Sets the tuner; returns when it is set. Without parameters nothing is called. `owner` is
     /// for windows of the driver.
     Status tune(WindowHandle owner, const TunerSetting& setting) const;
@@ -42,6 +45,7 @@ private:
     ComPtr<ISectionReader> reader_;
     ComPtr<ISetTuner> tuner_;
     ComPtr<IDriverControl> control_;
+    ComPtr<ITunerStatus> status_;
 };
 
 } // namespace tessaview

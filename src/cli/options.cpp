@@ -30,6 +30,12 @@ A scan tunes from stream to stream: 'nit' through the network that the current s
 'satellite' through the networks behind every transponder that the satellite list has for the
 satellite, 'all' through those of all selected satellites. Ctrl+C ends it with what was read.
 
+The parameters to tune to are those of the driver's kind of tuner:
+  satellite    "12187.5 H 27500 3/4 S2 8PSK 0.35": MHz, polarization H, V, L or R, kS/s; and, if
+               need be, code rate, S or S2, QPSK or 8PSK, roll-off. --satellite tells where it is.
+  cable        "474 6900 64QAM": MHz, kS/s; and, if need be, the modulation
+  terrestrial  "474 8": MHz; and, if it is not 8, the bandwidth in MHz
+
 Exit status: 0 at least one transport stream was stored, 1 none was, 2 wrong usage, 3 the export
 to a database failed.)";
 
@@ -97,8 +103,12 @@ ParsedOptions parseOptions(int argc, const char* const* argv)
                    "What to read, default 'current': the stream the tuner is set to")
         ->check(CLI::IsMember(kModes))
         ->option_text("current|nit|satellite|all");
-    app.add_option("--satellite", options.satellite, "The satellite to scan, or whose NIT it is")
+    app.add_option("--satellite", options.satellite,
+                   "The satellite to scan, or whose NIT it is, or to tune to")
         ->option_text("NAME");
+    CLI::Option* const tune =
+        app.add_option("--tune", options.tune, "Set the tuner to these parameters first")
+            ->option_text("PARAMETERS");
     app.add_option("--tables", tables, "The tables to read, default 'all'")
         ->check(CLI::Validator(checkTables, "", "tables"))
         ->option_text("all|default|LIST|MASK");
@@ -130,9 +140,13 @@ ParsedOptions parseOptions(int argc, const char* const* argv)
     }
     options.format = kFormats.at(format);
     options.mode = kModes.at(mode);
-    if (!options.satellite.empty() && options.mode != ScanMode::CurrentNit &&
-        options.mode != ScanMode::SingleSatellite) {
-        complain("--satellite goes with --mode nit and --mode satellite");
+    if (tune->count() > 0 && options.tune.empty()) {
+        complain("--tune needs parameters, such as \"12187.5 H 27500\"; --help tells more");
+        return {.options = std::nullopt, .exitStatus = kExitWrongUsage};
+    }
+    if (!options.satellite.empty() && options.tune.empty() &&
+        options.mode != ScanMode::CurrentNit && options.mode != ScanMode::SingleSatellite) {
+        complain("--satellite goes with --mode nit, --mode satellite and --tune");
         return {.options = std::nullopt, .exitStatus = kExitWrongUsage};
     }
     std::string problem;

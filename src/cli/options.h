@@ -24,7 +24,8 @@ struct Options {
     std::string driver; ///< a name or a class identifier; empty for none named
     bool listDrivers = false;
     ScanMode mode = ScanMode::CurrentTransponder;
-    std::string satellite;               ///< of a NIT or satellite scan; empty for none named
+    std::string satellite; ///< of a NIT or satellite scan, or to tune to; empty for none named
+    std::string tune;      ///< the parameters to set the tuner to first; empty for none
     std::optional<std::uint32_t> tables; ///< the bits of this run; none: the stored selection
     OutputFormat format = OutputFormat::Tree;
     CharsetPolicy charsets; ///< what texts are read with
@@ -34,7 +35,10 @@ struct Options {
     std::vector<std::string> scanTables; ///< initial tuning files to import
 
     /// Whether there is something to do after an import.
-    bool asksForStreams() const { return listDrivers || !captures.empty() || !driver.empty(); }
+    bool asksForStreams() const
+    {
+        return listDrivers || !captures.empty() || !driver.empty() || !tune.empty();
+    }
 };
 
 struct ParsedOptions {

@@ -1,28 +1,19 @@
 #include "cli/run_scan.h"
 
 #include "acquisition/scanner.h"
+#include "acquisition/tuning_choice.h"
 #include "cli/complain.h"
+#include "cli/interrupt_key.h"
 #include "cli/progress.h"
+#include "driver/cancellation.h"
+#include "log/log_file.h"
 
-#include <atomic>
-#include <csignal>
 #include <iostream>
 #include <optional>
 
 namespace tessaview {
 
 namespace {
-
-std::atomic<bool> cancelled = false;
-
-/// The first Ctrl+C asks for an end after the driver's call, a second one ends at once.
-void cancelOnInterrupt()
-{
-    std::signal(SIGINT, [](int) {
-        cancelled = true;
-        std::signal(SIGINT, SIG_DFL);
-    });
-}
 
 TableSelection selectionOf(const Options& options)
 {
@@ -31,61 +22,93 @@ TableSelection selectionOf(const Options& options)
 
 /// Where the driver is looking, for the parameters of the NIT that it receives there: a name of
 /// the options, else its own, if it has one.
-std::string satelliteOf(const Options& options, const DriverSession& session)
+std::string satelliteOf(const Options& options, const DriverAccess& driver)
 {
     std::string name = options.satellite;
     SatelliteTuning tuning{};
     if (name.empty() && options.mode == ScanMode::CurrentNit)
-        static_cast<void>(DriverAccess(session.driver()).currentTuning(tuning, name));
+        static_cast<void>(driver.currentTuning(tuning, name));
     return name;
 }
 
-ScanSummary scanInto(NetworkMap& model, const Options& options, const DriverSession& session,
-                     ISatListManager* satellites)
+/// What keeps the scan from its beginning is complained about, with what the driver says of it.
+bool setTuner(const TunerSetting& setting, const DriverAccess& driver,
+              const std::atomic<bool>& cancelled)
+{
+    constexpr const char* text = "Failed to set tuner";
+    OutputPrint("Setting tuner: %s", frequencyText(setting.tuning).c_str());
+    const bool isSet = !failed(driver.tune(nullptr, setting));
+    if (cancelled) {
+        complain("nothing was stored: cancelled");
+    } else if (!isSet) {
+        LogPrint(g_log, log_level::kError, text);
+        const std::string why = driver.statusText();
+        complain(text + (why.empty() ? "" : ": " + why));
+    }
+    return isSet && !cancelled;
+}
+
+/// Nothing when the scan did not begin.
+std::optional<ScanSummary> scanInto(NetworkMap& model, const Options& options,
+                                    const TunerSetting& setting, const DriverSession& session,
+                                    ISatListManager* satellites, const std::atomic<bool>& cancelled)
 {
     std::optional<ProgressDisplay> display;
     NoProgress unseen;
     if (!options.quiet)
         display.emplace(std::cerr, standardErrorColumns());
     ScanProgress& progress = display ? static_cast<ScanProgress&>(*display) : unseen;
+    const DriverAccess driver(session.driver());
+    if (setting.isGiven() && !setTuner(setting, driver, cancelled))
+        return std::nullopt;
     Scanner scanner({.driver = session.driver(),
                      .satellites = satellites,
                      .model = &model,
                      .selection = selectionOf(options),
-                     .satellite = satelliteOf(options, session)},
+                     .satellite = satelliteOf(options, driver)},
                     progress, cancelled);
     return scanner.run(options.mode);
 }
 
 /// Says what is missing, and why.
-void reportMissing(const Options& options, const ScanSummary& summary)
+void reportMissing(const Options& options, const ScanSummary& summary, bool isCancelled,
+                   const DriverAccess& driver)
 {
     const bool hasTable = options.mode != ScanMode::CurrentTransponder && summary.failedCount() > 0;
     if (options.quiet && hasTable) // else it was among the lines
         for (const std::string& line : summary.lines())
             std::cerr << line << '\n';
     if (summary.storedCount() > 0) {
-        if (cancelled)
+        if (isCancelled)
             complain("cancelled; what was read until then is shown");
         return;
     }
     std::string reason;
-    if (cancelled)
+    if (isCancelled)
         reason = ": cancelled";
     else if (summary.empty())
         reason = ": there was nothing to scan";
     else if (summary.unstored().size() == 1)
         reason = std::string(": ") + unstoredReasonText(summary.unstored().begin()->second);
     complain("nothing was stored" + reason);
+    if (isCancelled)
+        return;
+    if (const std::string says = driver.statusText(); !says.empty())
+        complain("the driver says: " + says);
 }
 
 } // namespace
 
-void runScan(const Options& options, const DriverSession& session, ISatListManager* satellites,
-             NetworkMap& model)
+void runScan(const Options& options, const TunerSetting& setting, const DriverSession& session,
+             ISatListManager* satellites, NetworkMap& model)
 {
-    cancelOnInterrupt();
-    reportMissing(options, scanInto(model, options, session, satellites));
+    Cancellation cancellation(session.driver());
+    const InterruptKey key(cancellation);
+    const Cancellation::Work work(cancellation);
+    const auto summary =
+        scanInto(model, options, setting, session, satellites, cancellation.flag());
+    if (summary)
+        reportMissing(options, *summary, cancellation.flag(), DriverAccess(session.driver()));
 }
 
 } // namespace tessaview

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "acquisition/driver_access.h"
 #include "cli/options.h"
 #include "driver/driver_session.h"
 #include "model/network_map.h"
@@ -7,9 +8,9 @@
 
 namespace tessaview {
 
-/// Scans what the options ask for into the model, shows how far that is and says what could not be
-/// stored. Ctrl+C ends it early.
-void runScan(const Options& options, const DriverSession& session, ISatListManager* satellites,
-             NetworkMap& model);
+/// Sets the tuner, if a setting is given, and scans what the options ask for into the model. Shows
+/// how far that is and says what failed or could not be stored. Ctrl+C ends it early.
+void runScan(const Options& options, const TunerSetting& setting, const DriverSession& session,
+             ISatListManager* satellites, NetworkMap& model);
 
 } // namespace tessaview

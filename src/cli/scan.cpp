@@ -1,5 +1,6 @@
 #include "cli/scan.h"
 
+#include "acquisition/tuning_text.h"
 #include "cli/complain.h"
 #include "cli/export_database.h"
 #include "cli/print_tree.h"
@@ -96,6 +97,21 @@ bool openDriver(const Options& options, const ClassRegistry& registry, const Dri
     return false;
 }
 
+/// Reads the setting that the options ask for, if any, for the driver's kind of tuner.
+bool readSetting(const Options& options, const DriverSession& session, TunerSetting& setting)
+{
+    if (options.tune.empty())
+        return true;
+    TunerType type{};
+    std::string problem = "the driver does not tell what kind of tuner it has";
+    if (!failed(DriverAccess(session.driver()).tunerType(type)))
+        setting = {.tuning = parseTuning(type, options.tune, problem),
+                   .satellite = options.satellite};
+    if (!setting.isGiven())
+        complain("--tune: " + problem);
+    return setting.isGiven();
+}
+
 } // namespace
 
 int scan(const Options& options)
@@ -116,18 +132,19 @@ int scan(const Options& options)
         complain(obstacle);
         return kExitExportFailed;
     }
-    ComPtr<ISatListManager> satellites;
-    if (options.mode != ScanMode::CurrentTransponder)
-        satellites = openSatelliteList(registry);
+    const ComPtr<ISatListManager> satellites = openSatelliteList(registry);
     if (!checkSatellite(options, satellites.get()))
         return kExitWrongUsage;
 
     DriverSession session;
     if (!openDriver(options, registry, list, satellites.get(), session))
         return kExitWrongUsage;
+    TunerSetting setting;
+    if (!readSetting(options, session, setting))
+        return kExitWrongUsage;
 
     NetworkMap model;
-    runScan(options, session, satellites.get(), model);
+    runScan(options, setting, session, satellites.get(), model);
     session.close();
 
     const std::string exportProblem = exportTo(options.exportDb, model, options.charsets);

@@ -70,6 +70,7 @@ struct SatelliteTuning {
     std::uint8_t padding1[2];
     std::uint32_t west_east_flag; ///< 1 = east
     std::uint8_t polarization;    ///< 0 horizontal, 1 vertical, 2 left, 3 right
+    /// The delivery descriptor's 5 bits: roll_off, modulation_system, modulation_type; 0: not told.
     std::uint8_t modulation;
     std::uint8_t padding2[2];
     std::uint32_t symbol_rate; ///< 100 symbols/s

@@ -150,7 +150,7 @@ TEST_F(ShellScan, refusesWhatItCannotScan)
         {{"--mode", "nit", "--satellite", "Meadow"},
          "tessaview3-scan: no satellite is called 'Meadow'" + list},
         {{"--mode", "all", "--satellite", "Meadow 13E"},
-         "tessaview3-scan: --satellite goes with --mode nit and --mode satellite\n"},
+         "tessaview3-scan: --satellite goes with --mode nit, --mode satellite and --tune\n"},
     };
     for (const auto& [arguments, complaint] : cases) {
         const Outcome scan = run(arguments);
@@ -168,7 +168,9 @@ TEST_F(ShellScan, saysWhyNothingWasStored)
     writeSky(sky);
     const Outcome scan = run({"--mode", "satellite", "--satellite", "Quay 5W", "--quiet"});
     EXPECT_EQ(scan.status, 1);
-    EXPECT_THAT(scan.err, EndsWith("tessaview3-scan: nothing was stored\n"));
+    EXPECT_THAT(scan.err, EndsWith("tessaview3-scan: nothing was stored\n"
+                                   "tessaview3-scan: the driver says: capture 050A.ts 10904 MHz R "
+                                   "27500 kS/s locked\n"));
 }
 
 } // namespace
