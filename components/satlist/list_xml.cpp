@@ -106,10 +106,36 @@ void keepElement(const pugi::xml_node& node, ForeignParts& foreign)
 void writeForeign(pugi::xml_node node, const ForeignParts& foreign)
 {
     for (const auto& [name, value] : foreign.attributes)
-        node.append_attribute(name.c_str()).set_value(value.c_str());
+        if (!node.attribute(name.c_str())) // it was not understood, but has a value since
+            node.append_attribute(name.c_str()).set_value(value.c_str());
     if (!foreign.elements.empty())
         node.append_buffer(foreign.elements.data(), foreign.elements.size(), pugi::parse_default,
                            pugi::encoding_utf8);
+}
+
+/// Whether an attribute holds a value of an optional field, which is then taken.
+bool takeOptional(const pugi::xml_attribute& attribute, StoredTransponder& transponder)
+{
+    for (const OptionalField& field : kOptionalFields) {
+        if (std::strcmp(field.attribute, attribute.name()) != 0)
+            continue;
+        const auto number = decimalOrHexadecimal<std::int32_t>(attribute.value());
+        if (!number || !field.takes(*number))
+            return false;
+        std::int32_t& member = transponder.*field.member;
+        member = *number;
+        return true;
+    }
+    return false;
+}
+
+void writeOptionals(pugi::xml_node node, const StoredTransponder& transponder)
+{
+    for (const OptionalField& field : kOptionalFields) {
+        const std::int32_t value = transponder.*field.member;
+        if (value != ISatTransponderS2::kNotGiven)
+            node.append_attribute(field.attribute).set_value(value);
+    }
 }
 
 std::optional<StoredTransponder> readTransponder(const pugi::xml_node& node)
@@ -117,9 +143,9 @@ std::optional<StoredTransponder> readTransponder(const pugi::xml_node& node)
     StoredTransponder transponder;
     if (!readFields(node, kTransponderFields, transponder))
         return std::nullopt;
-    readForeignAttributes(
-        node, [](const char* name) { return isKnown(name, kTransponderFields); },
-        transponder.foreign);
+    for (const pugi::xml_attribute& attribute : node.attributes())
+        if (!isKnown(attribute.name(), kTransponderFields) && !takeOptional(attribute, transponder))
+            transponder.foreign.attributes.emplace_back(attribute.name(), attribute.value());
     for (const pugi::xml_node& child : node.children())
         keepElement(child, transponder.foreign);
     return transponder;
@@ -158,6 +184,7 @@ void writeSatellite(pugi::xml_node list, const StoredSatellite& satellite)
     for (const StoredTransponder& transponder : satellite.transponders) {
         pugi::xml_node child = node.append_child(kTransponderElement);
         writeFields(child, kTransponderFields, transponder);
+        writeOptionals(child, transponder);
         writeForeign(child, transponder.foreign);
     }
     writeForeign(node, satellite.foreign);

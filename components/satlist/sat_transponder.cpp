@@ -11,6 +11,13 @@ Status SatTransponder::put(Member member, std::int32_t value)
     });
 }
 
+Status SatTransponder::put(const OptionalField& field, std::int32_t value)
+{
+    if (value != kNotGiven && !field.takes(value))
+        return status::kInvalidArgument;
+    return put(field.member, value);
+}
+
 Status SatTransponder::get(Member member, std::int32_t* value) const
 {
     if (!value)
@@ -100,6 +107,56 @@ Status SatTransponder::put_NID(std::int32_t nid) noexcept
 Status SatTransponder::get_NID(std::int32_t* nid) noexcept
 {
     return get(&StoredTransponder::nid, nid);
+}
+
+Status SatTransponder::put_System(std::int32_t system) noexcept
+{
+    return put(kSystemField, system);
+}
+
+Status SatTransponder::get_System(std::int32_t* system) noexcept
+{
+    return get(kSystemField.member, system);
+}
+
+Status SatTransponder::put_Modulation(std::int32_t modulation) noexcept
+{
+    return put(kModulationField, modulation);
+}
+
+Status SatTransponder::get_Modulation(std::int32_t* modulation) noexcept
+{
+    return get(kModulationField.member, modulation);
+}
+
+Status SatTransponder::put_RollOff(std::int32_t rollOff) noexcept
+{
+    return put(kRollOffField, rollOff);
+}
+
+Status SatTransponder::get_RollOff(std::int32_t* rollOff) noexcept
+{
+    return get(kRollOffField.member, rollOff);
+}
+
+Status SatTransponder::put_Pilot(std::int32_t pilot) noexcept
+{
+    return put(kPilotField, pilot);
+}
+
+Status SatTransponder::get_Pilot(std::int32_t* pilot) noexcept
+{
+    return get(kPilotField.member, pilot);
+}
+
+Status SatTransponder::put_StreamId(std::int32_t streamId) noexcept
+{
+    return put(kStreamIdField, streamId);
+}
+
+Status SatTransponder::get_StreamId(std::int32_t* streamId) noexcept
+{
+    return get(kStreamIdField.member, streamId);
 }
 
 } // namespace tessaview

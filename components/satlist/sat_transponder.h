@@ -18,9 +18,9 @@ protected:
 };
 
 /// A transponder entry on its own: a change reaches a satellite with `AddTransponder`. The
-/// properties take every value, NID and TSID those of 16 bits.
+/// properties take every value, NID and TSID those of 16 bits; those of DVB-S2 have ranges.
 class SatTransponder final
-    : public Implements<SatTransponder, ISatTransponder, IStoredTransponder> {
+    : public Implements<SatTransponder, ISatTransponder, ISatTransponderS2, IStoredTransponder> {
 public:
     explicit SatTransponder(StoredTransponder stored) : stored_(std::move(stored)) {}
 
@@ -39,14 +39,26 @@ public:
     Status put_NID(std::int32_t nid) noexcept override;
     Status get_NID(std::int32_t* nid) noexcept override;
 
+    Status put_System(std::int32_t system) noexcept override;
+    Status get_System(std::int32_t* system) noexcept override;
+    Status put_Modulation(std::int32_t modulation) noexcept override;
+    Status get_Modulation(std::int32_t* modulation) noexcept override;
+    Status put_RollOff(std::int32_t rollOff) noexcept override;
+    Status get_RollOff(std::int32_t* rollOff) noexcept override;
+    Status put_Pilot(std::int32_t pilot) noexcept override;
+    Status get_Pilot(std::int32_t* pilot) noexcept override;
+    Status put_StreamId(std::int32_t streamId) noexcept override;
+    Status get_StreamId(std::int32_t* streamId) noexcept override;
+
     StoredTransponder stored() const override;
 
 private:
-    friend class Implements<SatTransponder, ISatTransponder, IStoredTransponder>;
+    friend Implements;
     ~SatTransponder() = default;
 
     using Member = std::int32_t StoredTransponder::*;
     Status put(Member member, std::int32_t value);
+    Status put(const OptionalField& field, std::int32_t value);
     Status get(Member member, std::int32_t* value) const;
 
     mutable std::mutex mutex_;

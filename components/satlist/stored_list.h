@@ -1,5 +1,8 @@
 #pragma once
 
+#include "satlist/satellite_list.h"
+
+#include <array>
 #include <cstdint>
 #include <string>
 #include <utility>
@@ -24,11 +27,34 @@ struct StoredTransponder {
     std::int32_t symbolRate = 0;
     std::int32_t fec = 0;
     std::int32_t flag = 0;
+    std::int32_t system = ISatTransponderS2::kNotGiven;
+    std::int32_t modulation = ISatTransponderS2::kNotGiven;
+    std::int32_t rollOff = ISatTransponderS2::kNotGiven;
+    std::int32_t pilot = ISatTransponderS2::kNotGiven;
+    std::int32_t streamId = ISatTransponderS2::kNotGiven;
     ForeignParts foreign;
 
     bool isFor(std::int32_t aNid, std::int32_t aTsid) const { return nid == aNid && tsid == aTsid; }
     friend bool operator==(const StoredTransponder&, const StoredTransponder&) = default;
 };
+
+/// A value of a transponder that need not be given, and its attribute in the file.
+struct OptionalField {
+    const char* attribute;
+    std::int32_t StoredTransponder::*member;
+    std::int32_t most; ///< and 0 the least, unless told otherwise
+    std::int32_t least = 0;
+
+    constexpr bool takes(std::int32_t value) const { return value >= least && value <= most; }
+};
+
+inline constexpr OptionalField kSystemField{"system", &StoredTransponder::system, 1};
+inline constexpr OptionalField kModulationField{"modulation", &StoredTransponder::modulation, 4, 1};
+inline constexpr OptionalField kRollOffField{"rolloff", &StoredTransponder::rollOff, 2};
+inline constexpr OptionalField kPilotField{"pilot", &StoredTransponder::pilot, 1};
+inline constexpr OptionalField kStreamIdField{"streamid", &StoredTransponder::streamId, 255};
+inline constexpr std::array kOptionalFields{kSystemField, kModulationField, kRollOffField,
+                                            kPilotField, kStreamIdField};
 
 struct StoredSatellite {
     std::string name; ///< UTF-8

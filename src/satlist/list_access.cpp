@@ -25,6 +25,30 @@ Status allOf(Calls... calls)
     return result;
 }
 
+Status readS2(ISatTransponder& transponder, S2Parameters& values)
+{
+    ComPtr<ISatTransponderS2> s2;
+    if (failed(query(&transponder, s2)))
+        return status::kOk;
+    return allOf([&] { return s2->get_System(&values.system); },
+                 [&] { return s2->get_Modulation(&values.modulation); },
+                 [&] { return s2->get_RollOff(&values.rollOff); },
+                 [&] { return s2->get_Pilot(&values.pilot); },
+                 [&] { return s2->get_StreamId(&values.streamId); });
+}
+
+Status writeS2(ISatTransponder& transponder, const S2Parameters& values)
+{
+    ComPtr<ISatTransponderS2> s2;
+    if (values == S2Parameters() || failed(query(&transponder, s2)))
+        return status::kOk;
+    return allOf([&] { return s2->put_System(values.system); },
+                 [&] { return s2->put_Modulation(values.modulation); },
+                 [&] { return s2->put_RollOff(values.rollOff); },
+                 [&] { return s2->put_Pilot(values.pilot); },
+                 [&] { return s2->put_StreamId(values.streamId); });
+}
+
 } // namespace
 
 Status enumSatellites(ISatListManager& manager, bool selectedOnly, ComPtr<IEnumSatellite>& out)
@@ -65,7 +89,8 @@ Status readTransponder(ISatTransponder& transponder, TransponderEntry& entry)
                  [&] { return transponder.get_NID(&entry.nid); },
                  [&] { return transponder.get_Polarization(&entry.polarization); },
                  [&] { return transponder.get_SymbolRate(&entry.symbolRate); },
-                 [&] { return transponder.get_FEC(&entry.fec); });
+                 [&] { return transponder.get_FEC(&entry.fec); },
+                 [&] { return readS2(transponder, entry.s2); });
 }
 
 Status addTransponder(ISatellite& satellite, const TransponderEntry& entry)
@@ -81,6 +106,7 @@ Status addTransponder(ISatellite& satellite, const TransponderEntry& entry)
                  [&] { return created->put_Polarization(entry.polarization); },
                  [&] { return created->put_SymbolRate(entry.symbolRate); },
                  [&] { return created->put_FEC(entry.fec); },
+                 [&] { return writeS2(*created.get(), entry.s2); },
                  [&] { return satellite.AddTransponder(created.get()); });
 }
 

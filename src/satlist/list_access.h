@@ -11,6 +11,17 @@
 
 namespace tessaview {
 
+/// What DVB-S2 needs besides, in the values of `ISatTransponderS2`.
+struct S2Parameters {
+    std::int32_t system = ISatTransponderS2::kNotGiven;
+    std::int32_t modulation = ISatTransponderS2::kNotGiven;
+    std::int32_t rollOff = ISatTransponderS2::kNotGiven;
+    std::int32_t pilot = ISatTransponderS2::kNotGiven;
+    std::int32_t streamId = ISatTransponderS2::kNotGiven;
+
+    friend bool operator==(const S2Parameters&, const S2Parameters&) = default;
+};
+
 /// A transponder entry as plain values, in the units of `ISatTransponder`.
 struct TransponderEntry {
     std::int32_t nid = 0;
@@ -20,6 +31,7 @@ struct TransponderEntry {
     std::int32_t symbolRate = 0;   ///< 100 symbols/s
     std::int32_t fec = 0;          ///< 0 to 7
     std::int32_t flag = 0;         ///< above 0: added by the user
+    S2Parameters s2 = {};
 
     friend bool operator==(const TransponderEntry&, const TransponderEntry&) = default;
 };
@@ -69,9 +81,11 @@ Status createSatellite(ISatListManager& manager, const Bstr& name, ComPtr<ISatel
 Status enumTransponders(ISatellite& satellite, TransponderUse use,
                         ComPtr<IEnumSatTransponder>& out);
 
+/// What DVB-S2 needs is not given by a list that does not know it.
 Status readTransponder(ISatTransponder& transponder, TransponderEntry& entry);
 /// Creates a transponder with the entry's values and adds it to the satellite, not yet to the
-/// list. The flag is set only when it is not 0.
+/// list. The flag is set only when it is not 0, what DVB-S2 needs only when it is given and the
+/// list knows it.
 Status addTransponder(ISatellite& satellite, const TransponderEntry& entry);
 
 /// The names of the satellites in the order of the list, UTF-8; none without a list.

@@ -20,6 +20,7 @@ struct Range {
 };
 constexpr Range kFrequencies{1'000'000, 100'000'000}; // kHz: 1 to 100 GHz
 constexpr Range kSymbolRates{10'000, 1'000'000'000};  // symbols/s
+constexpr Range kStreamIds{0, 255};
 
 using Word = std::pair<std::string_view, std::int32_t>;
 constexpr std::array<Word, 8> kPolarizations{{{"HORIZONTAL", 0},
@@ -46,15 +47,22 @@ constexpr std::array<Word, 15> kCodeRates{{{"AUTO", 0},
                                            {"4/5", 0},
                                            {"6/7", 0},
                                            {"9/10", 0}}};
-constexpr std::array<std::string_view, 5> kSatelliteSystems{"DVBS", "DVBS2", "S", "S1", "S2"};
+constexpr std::int32_t kNotGiven = ISatTransponderS2::kNotGiven;
+constexpr std::array<Word, 5> kSatelliteSystems{
+    {{"DVBS", 0}, {"DVBS2", 1}, {"S", 0}, {"S1", 0}, {"S2", 1}}};
+constexpr std::array<Word, 9> kModulations{{{"QPSK", 1},
+                                            {"PSK/8", 2},
+                                            {"8PSK", 2},
+                                            {"APSK/16", 3},
+                                            {"16APSK", 3},
+                                            {"APSK/32", 4},
+                                            {"32APSK", 4},
+                                            {"AUTO", kNotGiven},
+                                            {"QAM/AUTO", kNotGiven}}};
+constexpr std::array<Word, 4> kRollOffs{{{"35", 0}, {"25", 1}, {"20", 2}, {"AUTO", kNotGiven}}};
+constexpr std::array<Word, 3> kPilots{{{"OFF", 0}, {"ON", 1}, {"AUTO", kNotGiven}}};
 // What the lines of one channel each begin with for systems that are none of a satellite.
 constexpr std::array<std::string_view, 5> kOtherLines{"A", "C", "C2", "T", "T2"};
-
-template <std::size_t N>
-bool isOneOf(std::string_view word, const std::array<std::string_view, N>& words)
-{
-    return std::find(words.begin(), words.end(), word) != words.end();
-}
 
 bool isBlank(char c)
 {
@@ -129,6 +137,10 @@ struct Channel {
     Property polarization;
     Property symbolRate;
     Property codeRate;
+    Property modulation;
+    Property rollOff;
+    Property pilot;
+    Property streamId;
 };
 
 class Parser {
@@ -183,23 +195,29 @@ private:
             report(line_, quoted(key) + " stands before the first [CHANNEL]");
             return;
         }
-        const std::array<std::pair<std::string_view, Property*>, 5> properties{
+        const std::array<std::pair<std::string_view, Property*>, 9> properties{
             {{"DELIVERY_SYSTEM", &channel_.system},
              {"FREQUENCY", &channel_.frequency},
              {"POLARIZATION", &channel_.polarization},
              {"SYMBOL_RATE", &channel_.symbolRate},
-             {"INNER_FEC", &channel_.codeRate}}};
+             {"INNER_FEC", &channel_.codeRate},
+             {"MODULATION", &channel_.modulation},
+             {"ROLLOFF", &channel_.rollOff},
+             {"PILOT", &channel_.pilot},
+             {"STREAM_ID", &channel_.streamId}}};
         for (const auto& [name, property] : properties)
             if (name == key)
                 *property = {value, line_};
     }
 
-    /// "S frequency polarization symbol-rate FEC", or S2 with more after it.
+    /// "S frequency polarization symbol-rate FEC", or S2 with roll-off, modulation and more after
+    /// it, of which programs differ about the order.
     void takeChannelLine(std::string_view line)
     {
         finishChannel();
         const std::string_view system = nextWord(line);
-        if (!isOneOf(system, kSatelliteSystems) && !isOneOf(system, kOtherLines)) {
+        if (!valueOf(system, kSatelliteSystems) &&
+            std::find(kOtherLines.begin(), kOtherLines.end(), system) == kOtherLines.end()) {
             report(line_, quoted(system) + " begins no channel");
             return;
         }
@@ -209,6 +227,11 @@ private:
                                    &channel_.symbolRate, &channel_.codeRate})
             if (const std::string_view word = nextWord(line); !word.empty())
                 *property = {word, line_};
+        for (auto word = nextWord(line); !word.empty(); word = nextWord(line))
+            if (valueOf(word, kRollOffs))
+                channel_.rollOff = {word, line_};
+            else if (valueOf(word, kModulations))
+                channel_.modulation = {word, line_};
         finishChannel();
     }
 
@@ -219,7 +242,7 @@ private:
             return;
         if (!channel.system) {
             report(channel.line, "the channel lacks its DELIVERY_SYSTEM");
-        } else if (!isOneOf(channel.system.text, kSatelliteSystems)) {
+        } else if (!valueOf(channel.system.text, kSatelliteSystems)) {
             if (others_++ == 0)
                 firstOther_ = {channel.line, quoted(channel.system.text)};
         } else if (const auto entry = entryOf(channel)) {
@@ -240,6 +263,31 @@ private:
         if (!value)
             report(property.line, quoted(property.text) + " is no " + meaning);
         return value;
+    }
+
+    /// The same for one that may be missing; a problem costs only the value.
+    template <class Read>
+    std::int32_t optionalValue(const Property& property, const char* meaning, Read read)
+    {
+        const std::optional<std::int32_t> value = property ? read(property.text) : kNotGiven;
+        if (!value)
+            report(property.line, quoted(property.text) + " is no " + meaning);
+        return value.value_or(kNotGiven);
+    }
+
+    S2Parameters s2Of(const Channel& channel)
+    {
+        const auto oneOf = [](const auto& words) {
+            return [&words](std::string_view text) { return valueOf(text, words); };
+        };
+        return {.system = *valueOf(channel.system.text, kSatelliteSystems),
+                .modulation = optionalValue(channel.modulation, "modulation of a satellite",
+                                            oneOf(kModulations)),
+                .rollOff = optionalValue(channel.rollOff, "roll-off", oneOf(kRollOffs)),
+                .pilot = optionalValue(channel.pilot, "pilot", oneOf(kPilots)),
+                .streamId = optionalValue(
+                    channel.streamId, "stream id from 0 to 255",
+                    [](std::string_view text) { return numberIn(text, kStreamIds, 1); })};
     }
 
     std::optional<TransponderEntry> entryOf(const Channel& channel)
@@ -263,7 +311,8 @@ private:
         return TransponderEntry{.frequency = *frequency,
                                 .polarization = *polarization,
                                 .symbolRate = *symbolRate,
-                                .fec = *codeRate};
+                                .fec = *codeRate,
+                                .s2 = s2Of(channel)};
     }
 
     void reportOthers()

@@ -24,8 +24,9 @@ struct ScanTable {
 /// Reads an initial tuning file in either form: sections of `KEY = VALUE` lines that begin with a
 /// "[CHANNEL]" (frequency in kHz, symbol rate in symbols/s), or one line per channel such as
 /// "S 12187500 H 27500000 3/4". A channel that is no DVB-S or DVB-S2 channel or lacks something is
-/// left out and reported. Frequencies and symbol rates are truncated to the list's units; a code
-/// rate that the list has no value for becomes "not defined".
+/// left out and reported; a value that only DVB-S2 needs and that is not understood is reported and
+/// costs only itself. Frequencies and symbol rates are truncated to the list's units; a code rate
+/// that the list has no value for becomes "not defined".
 ScanTable parseScanTable(std::string_view content);
 
 } // namespace tessaview

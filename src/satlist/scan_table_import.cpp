@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <regex>
 #include <set>
-#include <utility>
+#include <tuple>
 
 namespace tessaview {
 
@@ -23,7 +23,7 @@ public:
     explicit Known(const std::vector<TransponderEntry>& entries)
     {
         for (const TransponderEntry& entry : entries) {
-            signals_.emplace(entry.frequency, entry.polarization);
+            isNew(entry);
             if (entry.nid == 0)
                 tsids_.insert(entry.tsid);
         }
@@ -32,7 +32,7 @@ public:
     /// Whether it is new; from now on it is not.
     bool isNew(const TransponderEntry& entry)
     {
-        return signals_.emplace(entry.frequency, entry.polarization).second;
+        return signals_.emplace(entry.frequency, entry.polarization, entry.s2.streamId).second;
     }
 
     /// The lowest TSID from 1 that no transponder of the NID 0 has; past the last when all are
@@ -45,7 +45,8 @@ public:
     }
 
 private:
-    std::set<std::pair<std::int32_t, std::int32_t>> signals_;
+    /// Frequency, polarization and stream.
+    std::set<std::tuple<std::int32_t, std::int32_t, std::int32_t>> signals_;
     std::set<std::int32_t> tsids_;
     std::int32_t next_ = 1;
 };

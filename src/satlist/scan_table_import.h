@@ -12,9 +12,9 @@ namespace tessaview {
 
 /// What became of an import.
 struct ImportReport {
-    std::size_t filesUsed = 0;         ///< files that name at least one transponder
-    std::size_t added = 0;             ///< transponders that are new in the list
-    std::size_t alreadyThere = 0;      ///< those whose frequency and polarization were there
+    std::size_t filesUsed = 0;    ///< files that name at least one transponder
+    std::size_t added = 0;        ///< transponders that are new in the list
+    std::size_t alreadyThere = 0; ///< those whose frequency, polarization and stream were there
     std::vector<std::string> problems; ///< "FILE:LINE: what is wrong", or "FILE: ..."
 
     /// "Imported 12 transponders from 1 file; 3 more had the frequency and polarization of one in

@@ -42,17 +42,29 @@ POLARIZATION=RIGHT
 SYMBOL_RATE=22000099
 INNER_FEC=9/10
 MODULATION=PSK/8
-STREAM_ID=1)"
+STREAM_ID=1
+PILOT=ON
+ROLLOFF=20)"
                                            "\r\n"
                                            R"(S 11538000 V 22000000 NONE
 S2 10773000 L 22000000 AUTO AUTO 8PSK 4 # comment
-S2 10773000 H 22000000)");
+S2 10773000 H 22000000 AUTO 32APSK 25
+[CHANNEL]
+DELIVERY_SYSTEM = DVBS2
+FREQUENCY = 10773000
+POLARIZATION = VERTICAL
+SYMBOL_RATE = 22000000
+MODULATION = QAM/AUTO
+PILOT = AUTO)");
     EXPECT_EQ(problemsOf(table), "");
-    EXPECT_THAT(table.transponders, ElementsAre(TransponderEntry{0, 0, 1218750, 0, 275000, 3, 0},
-                                                TransponderEntry{0, 0, 1074375, 3, 220000, 0, 0},
-                                                TransponderEntry{0, 0, 1153800, 1, 220000, 7, 0},
-                                                TransponderEntry{0, 0, 1077300, 2, 220000, 0, 0},
-                                                TransponderEntry{0, 0, 1077300, 0, 220000, 0, 0}));
+    const S2Parameters s{.system = 0};
+    EXPECT_THAT(table.transponders,
+                ElementsAre(TransponderEntry{0, 0, 1218750, 0, 275000, 3, 0, s},
+                            TransponderEntry{0, 0, 1074375, 3, 220000, 0, 0, {1, 2, 2, 1, 1}},
+                            TransponderEntry{0, 0, 1153800, 1, 220000, 7, 0, s},
+                            TransponderEntry{0, 0, 1077300, 2, 220000, 0, 0, {1, 2}},
+                            TransponderEntry{0, 0, 1077300, 0, 220000, 0, 0, {1, 4, 1}},
+                            TransponderEntry{0, 0, 1077300, 1, 220000, 0, 0, {1}}));
 }
 
 struct BadTable {
@@ -149,13 +161,40 @@ TEST_F(Imported, transpondersGetFreeKeysAndAreNotDoubled)
     EXPECT_THAT(manager_.transponders("Hotbird 13.0E"),
                 ElementsAre(TransponderEntry{0, 2, 1071900, 1, 275000, 3, 0},
                             TransponderEntry{0x13E, 1, 1093000, 0, 275000, 3, 0},
-                            TransponderEntry{0, 1, 1093000, 1, 275000, 3, 1},
-                            TransponderEntry{0, 3, 1099200, 1, 275000, 0, 1}));
+                            TransponderEntry{0, 1, 1093000, 1, 275000, 3, 1, {0}},
+                            TransponderEntry{0, 3, 1099200, 1, 275000, 0, 1, {0}}));
     EXPECT_THAT(manager_.transponders("New 1.0W"),
-                ElementsAre(TransponderEntry{0, 1, 1100000, 0, 275000, 0, 1}));
+                ElementsAre(TransponderEntry{0, 1, 1100000, 0, 275000, 0, 1, {0}}));
     EXPECT_THAT(manager_.names(true), ElementsAre("New 1.0W"));
     EXPECT_EQ(import({path, other}).added, 0U);
     EXPECT_EQ(manager_.transponders("Hotbird 13.0E").size(), 4U);
+}
+
+TEST_F(Imported, streamsOfOneTransponderAreSeveral)
+{
+    const std::string channel = "[C]\nDELIVERY_SYSTEM=DVBS2\nFREQUENCY=12522000\n"
+                                "POLARIZATION=VERTICAL\nSYMBOL_RATE=30000000\nSTREAM_ID=";
+    const auto path = file("Multi-5.0W", channel + "1\n" + channel + "3\n" + channel + "1\n");
+    EXPECT_EQ(import({path}).added, 2U);
+    EXPECT_EQ(import({path}).added, 0U);
+    EXPECT_THAT(
+        manager_.transponders("Multi 5.0W"),
+        ElementsAre(
+            TransponderEntry{0, 1, 1252200, 1, 300000, 0, 1, {.system = 1, .streamId = 1}},
+            TransponderEntry{0, 2, 1252200, 1, 300000, 0, 1, {.system = 1, .streamId = 3}}));
+}
+
+TEST(ScanTable, doesWithoutAValueOfDvbS2ThatIsNone)
+{
+    const ScanTable table = parseScanTable("[C]\nDELIVERY_SYSTEM=DVBS2\nFREQUENCY=12522000\n"
+                                           "POLARIZATION=V\nSYMBOL_RATE=30000000\n"
+                                           "MODULATION=QAM/16\nROLLOFF=0.35\nPILOT=1\n"
+                                           "STREAM_ID=256\n");
+    EXPECT_EQ(problemsOf(table), "6: 'QAM/16' is no modulation of a satellite\n"
+                                 "7: '0.35' is no roll-off\n8: '1' is no pilot\n"
+                                 "9: '256' is no stream id from 0 to 255\n");
+    EXPECT_THAT(table.transponders,
+                ElementsAre(TransponderEntry{0, 0, 1252200, 1, 300000, 0, 0, {.system = 1}}));
 }
 
 TEST_F(Imported, filesThatCannotBeUsedAreNamedAndCostOnlyThemselves)

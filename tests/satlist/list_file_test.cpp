@@ -50,7 +50,9 @@ TEST_F(ListFile, bringsBackWhatWasSaved)
     const std::vector<TransponderEntry> extremes{
         {0, 0, kLargest, kLargest, kLargest, kLargest, kLargest},
         {0xFFFF, 0xFFFF, kSmallest, kSmallest, kSmallest, kSmallest, kSmallest},
-        {0, 0xFFFF, -1, 0, 0, 0, 0}};
+        {0, 0xFFFF, -1, 0, 0, 0, 0, {0, 1, 0, 0, 0}},
+        {1, 0xFFFF, -1, 0, 0, 0, 0, {1, 4, 2, 1, 255}},
+        {2, 0xFFFF, -1, 0, 0, 0, 0, {.streamId = 7}}};
     for (const std::string& name : odd)
         manager_.put(name, extremes, name.size() % 2 == 0);
     ASSERT_EQ(manager_.save(file_), status::kOk);
@@ -77,6 +79,44 @@ TEST_F(ListFile, isTheDocumentedFormat)
   </satellite>
 </satellites>
 )");
+}
+
+TEST_F(ListFile, hasWhatDvbS2NeedsWhereItIsGiven)
+{
+    struct Case {
+        const char* attributes;
+        S2Parameters values;
+        const char* saved; ///< after the system was put
+    };
+    const std::vector<Case> cases{
+        {"", {}, R"(flag="0" system="1" />)"},
+        {R"(streamid="0x10" pilot="0" system="0")",
+         {.system = 0, .pilot = 0, .streamId = 16},
+         R"(flag="0" system="1" pilot="0" streamid="16" />)"},
+        {R"(system="2" modulation="0" rolloff="3" pilot="-1" streamid="256")",
+         {},
+         R"(system="1" modulation="0" rolloff="3" pilot="-1" streamid="256" />)"},
+        {R"(modulation="8PSK" rolloff="")", {}, R"(system="1" modulation="8PSK" rolloff="" />)"},
+    };
+    for (const Case& each : cases) {
+        write(R"(<satellites version="1"><satellite name="a"><transponder nid="1" tsid="2" )" +
+              std::string(each.attributes) + "/></satellite></satellites>");
+        const LoadedManager manager;
+        ASSERT_EQ(manager.load(file_), status::kOk);
+        const auto entries = manager.transponders("a");
+        ASSERT_EQ(entries.size(), 1U);
+        EXPECT_EQ(entries[0].s2, each.values) << each.attributes;
+        const auto satellite = manager.satellite("a");
+        const auto transponder = manager.firstTransponder(*satellite.get());
+        ComPtr<ISatTransponderS2> s2;
+        ASSERT_EQ(query(transponder, s2), status::kOk);
+        EXPECT_EQ(s2->put_System(1), status::kOk);
+        satellite->RemoveTransponder(1, 2);
+        satellite->AddTransponder(transponder.get());
+        manager->PutSatellite(satellite.get());
+        ASSERT_EQ(manager.save(file_), status::kOk);
+        EXPECT_THAT(readFile(file_), HasSubstr(each.saved));
+    }
 }
 
 TEST_F(ListFile, keepsWhatItDoesNotKnow)

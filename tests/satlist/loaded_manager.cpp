@@ -38,6 +38,15 @@ std::vector<TransponderEntry> LoadedManager::transponders(const std::string& nam
     return entries;
 }
 
+ComPtr<ISatTransponder> LoadedManager::firstTransponder(ISatellite& satellite)
+{
+    ComPtr<IEnumSatTransponder> enumerator;
+    require(enumTransponders(satellite, TransponderUse::Edit, enumerator), "EnumTransponders");
+    ISatTransponder* first = nullptr;
+    require(enumerator->Next(1, &first, nullptr), "Next");
+    return ComPtr<ISatTransponder>::adopt(first);
+}
+
 void LoadedManager::put(const std::string& name, const std::vector<TransponderEntry>& transponders,
                         bool selected) const
 {

@@ -13,7 +13,9 @@ namespace tessaview {
 inline void PrintTo(const TransponderEntry& entry, std::ostream* out)
 {
     *out << entry.nid << '/' << entry.tsid << ": " << entry.frequency << ' ' << entry.polarization
-         << ' ' << entry.symbolRate << ' ' << entry.fec << " flag " << entry.flag;
+         << ' ' << entry.symbolRate << ' ' << entry.fec << " flag " << entry.flag << " S2 "
+         << entry.s2.system << ' ' << entry.s2.modulation << ' ' << entry.s2.rollOff << ' '
+         << entry.s2.pilot << ' ' << entry.s2.streamId;
 }
 
 } // namespace tessaview
@@ -31,6 +33,8 @@ public:
 
     tessaview::ComPtr<tessaview::ISatellite> satellite(const std::string& name) const;
     std::vector<tessaview::TransponderEntry> transponders(const std::string& name) const;
+    static tessaview::ComPtr<tessaview::ISatTransponder>
+    firstTransponder(tessaview::ISatellite& satellite);
     /// Creates a satellite with transponders and puts it into the list, in the place of one of
     /// that name.
     void put(const std::string& name, const std::vector<tessaview::TransponderEntry>& transponders,

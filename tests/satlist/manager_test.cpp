@@ -113,6 +113,44 @@ TEST(SatListManager, answersBadArgumentsWithAStatus)
     EXPECT_THAT(manager.names(), ElementsAre("a"));
 }
 
+TEST(SatListManager, takesWhatDvbS2NeedsWithinItsRanges)
+{
+    const LoadedManager manager;
+    manager.put("a", {{.tsid = 1}});
+    ComPtr<ISatTransponderS2> s2;
+    ASSERT_EQ(query(LoadedManager::firstTransponder(*manager.satellite("a").get()), s2),
+              status::kOk);
+    struct Case {
+        Status (ISatTransponderS2::*put)(std::int32_t);
+        Status (ISatTransponderS2::*get)(std::int32_t*);
+        std::int32_t least;
+        std::int32_t most;
+    };
+    const std::vector<Case> cases{
+        {&ISatTransponderS2::put_System, &ISatTransponderS2::get_System, 0, 1},
+        {&ISatTransponderS2::put_Modulation, &ISatTransponderS2::get_Modulation, 1, 4},
+        {&ISatTransponderS2::put_RollOff, &ISatTransponderS2::get_RollOff, 0, 2},
+        {&ISatTransponderS2::put_Pilot, &ISatTransponderS2::get_Pilot, 0, 1},
+        {&ISatTransponderS2::put_StreamId, &ISatTransponderS2::get_StreamId, 0, 255},
+    };
+    for (const auto& [put, get, least, most] : cases) {
+        constexpr std::int32_t none = ISatTransponderS2::kNotGiven;
+        std::int32_t value = 99;
+        EXPECT_EQ((s2.get()->*get)(&value), status::kOk);
+        EXPECT_EQ(value, none) << "untouched by the others";
+        EXPECT_EQ((s2.get()->*get)(nullptr), status::kNullPointer);
+        for (const std::int32_t good : {least, none, most}) {
+            EXPECT_EQ((s2.get()->*put)(good), status::kOk);
+            (s2.get()->*get)(&value);
+            EXPECT_EQ(value, good);
+        }
+        for (const std::int32_t bad : {-2, most + 1, least == 0 ? kLargest : least - 1})
+            EXPECT_EQ((s2.get()->*put)(bad), status::kInvalidArgument) << bad;
+        (s2.get()->*get)(&value);
+        EXPECT_EQ(value, most) << "what is refused changes nothing";
+    }
+}
+
 TEST(SatListManager, refusesNamesThatNoFileCouldHold)
 {
     const LoadedManager manager;
