@@ -107,7 +107,7 @@ TEST_F(ListFile, hasWhatDvbS2NeedsWhereItIsGiven)
         ASSERT_EQ(entries.size(), 1U);
         EXPECT_EQ(entries[0].s2, each.values) << each.attributes;
         const auto satellite = manager.satellite("a");
-        const auto transponder = manager.firstTransponder(*satellite.get());
+        const auto transponder = LoadedManager::firstTransponder(*satellite.get());
         ComPtr<ISatTransponderS2> s2;
         ASSERT_EQ(query(transponder, s2), status::kOk);
         EXPECT_EQ(s2->put_System(1), status::kOk);
