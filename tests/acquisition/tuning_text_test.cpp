@@ -13,22 +13,17 @@ using namespace tessaview; // NOLINT(google-build-using-namespace)
 using testing::StartsWith;
 
 /// The fields that people can give, in the order of the record.
-struct FieldsText {
-    std::string operator()(std::monostate /*none*/) const { return "none"; }
-    std::string operator()(const SatelliteTuning& t) const
-    {
-        return formatted("%u %d 0x%02X %u %d", t.frequency, t.polarization, t.modulation,
-                         t.symbol_rate, t.FEC_inner);
-    }
-    std::string operator()(const CableTuning& t) const
-    {
-        return formatted("%u %d %u", t.frequency, t.modulation, t.symbol_rate);
-    }
-    std::string operator()(const TerrestrialTuning& t) const
-    {
-        return formatted("%u %d", t.centre_frequency, t.bandwidth);
-    }
-};
+std::string fieldsOf(const Transponder::Tuning& tuning)
+{
+    if (const auto* s = std::get_if<SatelliteTuning>(&tuning))
+        return formatted("%u %d 0x%02X %u %d", s->frequency, s->polarization, s->modulation,
+                         s->symbol_rate, s->FEC_inner);
+    if (const auto* c = std::get_if<CableTuning>(&tuning))
+        return formatted("%u %d %u", c->frequency, c->modulation, c->symbol_rate);
+    if (const auto* t = std::get_if<TerrestrialTuning>(&tuning))
+        return formatted("%u %d", t->centre_frequency, t->bandwidth);
+    return "none";
+}
 
 TEST(TuningText, givesTheCodesOfTheRecords)
 {
@@ -51,41 +46,35 @@ TEST(TuningText, givesTheCodesOfTheRecords)
     };
     for (const Case& each : cases) {
         std::string problem = "old";
-        EXPECT_EQ(std::visit(FieldsText(), parseTuning(each.type, each.text, problem)), each.fields)
-            << each.text;
+        EXPECT_EQ(fieldsOf(parseTuning(each.type, each.text, problem)), each.fields) << each.text;
         EXPECT_EQ(problem, "");
     }
 }
 
 TEST(TuningText, saysWhatIsWrongAndGivesAnExample)
 {
+    constexpr TunerType satellite = TunerType::Satellite;
     struct Case {
         TunerType type;
         const char* text;
         const char* problem;
     };
-    const std::vector<Case> cases{
-        {TunerType::Satellite, "", "the frequency is missing\na satellite tuner takes"},
-        {TunerType::Satellite, "12187500 H 27500", "'12187500' is no frequency from 500 to 50000"},
-        {TunerType::Satellite, "nan H 27500", "'NAN' is no frequency"},
-        {TunerType::Satellite, "-12187 H 27500", "'-12187' is no frequency"},
-        {TunerType::Satellite, "12187MHz H 27500", "'12187MHZ' is no frequency"},
-        {TunerType::Satellite, "12187 X 27500", "'X' is no polarization: H, V, L, R\n"},
-        {TunerType::Satellite, "12187 H", "the symbol rate is missing\n"},
-        {TunerType::Satellite, "12187 H 27.5", "'27.5' is no symbol rate from 100 to 100000 kS/s"},
-        {TunerType::Satellite, "12187 H 27500 S3", "'S3' is none of these: code rate 1/2, "},
-        {TunerType::Satellite, "12187 H 27500 S2 S", "'S' is a second system\n"},
-        {TunerType::Cable, "346 6900 64QAM 8", "'8' is none of these: modulation 16QAM, "},
-        {TunerType::Terrestrial, "474 9", "'9' is none of these: bandwidth in MHz 8, 7, 6, 5\n"},
-        {static_cast<TunerType>(4), "474", "the tuner is of an unknown kind"},
-    };
-    for (const Case& each : cases) {
+    for (const Case& each : std::vector<Case>{
+             {satellite, "", "the frequency is missing\na satellite tuner takes, for example, \""},
+             {satellite, "12187500 H 27500", "'12187500' is no frequency from 500 to 50000 MHz"},
+             {satellite, "nan H 27500", "'NAN' is no frequency"},
+             {satellite, "12187MHz H 27500", "'12187MHZ' is no frequency"},
+             {satellite, "12187 X 27500", "'X' is no polarization: H, V, L, R\n"},
+             {satellite, "12187 H", "the symbol rate is missing\n"},
+             {satellite, "12187 H 27.5", "'27.5' is no symbol rate from 100 to 100000 kS/s"},
+             {satellite, "12187 H 27500 S3", "'S3' is none of these: code rate 1/2, "},
+             {satellite, "12187 H 27500 S2 S", "'S' is a second system\n"},
+             {TunerType::Cable, "346 6900 8", "'8' is none of these: modulation 16QAM, "},
+             {TunerType::Terrestrial, "474 9", "'9' is none of these: bandwidth in MHz 8, 7, "},
+             {static_cast<TunerType>(4), "474", "the tuner is of an unknown kind"}}) {
         std::string problem;
-        EXPECT_EQ(std::visit(FieldsText(), parseTuning(each.type, each.text, problem)), "none")
-            << each.text;
+        EXPECT_EQ(fieldsOf(parseTuning(each.type, each.text, problem)), "none") << each.text;
         EXPECT_THAT(problem, StartsWith(each.problem));
-        EXPECT_TRUE(each.type > TunerType::Terrestrial ||
-                    problem.find("takes, for example, \"") != std::string::npos);
     }
 }
 
