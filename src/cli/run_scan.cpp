@@ -15,6 +15,8 @@ namespace tessaview {
 
 namespace {
 
+constexpr const char* kCancelled = "nothing was stored: cancelled";
+
 TableSelection selectionOf(const Options& options)
 {
     return options.tables ? TableSelection::fixed(*options.tables) : TableSelection::stored();
@@ -31,7 +33,15 @@ std::string satelliteOf(const Options& options, const DriverAccess& driver)
     return name;
 }
 
-/// What keeps the scan from its beginning is complained about, with what the driver says of it.
+/// A failure, and what the driver says of itself.
+void complainOf(const DriverAccess& driver, const std::string& failure)
+{
+    complain(failure);
+    if (const std::string says = driver.statusText(); !says.empty())
+        complain("the driver says: " + says);
+}
+
+/// What keeps the scan from its beginning is complained about.
 bool setTuner(const TunerSetting& setting, const DriverAccess& driver,
               const std::atomic<bool>& cancelled)
 {
@@ -39,11 +49,10 @@ bool setTuner(const TunerSetting& setting, const DriverAccess& driver,
     OutputPrint("Setting tuner: %s", frequencyText(setting.tuning).c_str());
     const bool isSet = !failed(driver.tune(nullptr, setting));
     if (cancelled) {
-        complain("nothing was stored: cancelled");
+        complain(kCancelled);
     } else if (!isSet) {
         LogPrint(g_log, log_level::kError, text);
-        const std::string why = driver.statusText();
-        complain(text + (why.empty() ? "" : ": " + why));
+        complainOf(driver, text);
     }
     return isSet && !cancelled;
 }
@@ -83,18 +92,16 @@ void reportMissing(const Options& options, const ScanSummary& summary, bool isCa
             complain("cancelled; what was read until then is shown");
         return;
     }
+    if (isCancelled) {
+        complain(kCancelled);
+        return;
+    }
     std::string reason;
-    if (isCancelled)
-        reason = ": cancelled";
-    else if (summary.empty())
+    if (summary.empty())
         reason = ": there was nothing to scan";
     else if (summary.unstored().size() == 1)
         reason = std::string(": ") + unstoredReasonText(summary.unstored().begin()->second);
-    complain("nothing was stored" + reason);
-    if (isCancelled)
-        return;
-    if (const std::string says = driver.statusText(); !says.empty())
-        complain("the driver says: " + says);
+    complainOf(driver, "nothing was stored" + reason);
 }
 
 } // namespace

@@ -93,18 +93,18 @@ TEST_F(ShellTuning, refusesParametersThatAreNoneOfItsTuner)
 
 TEST_F(ShellTuning, saysWhatTheDriverSaysOfItsFailure)
 {
-    const std::string status = "receiver 0: in use by another program\n";
+    const std::string status =
+        "tessaview3-scan: the driver says: receiver 0: in use by another program\n";
     const Outcome untuned = tool.run(deaf("B2", {"--tune", "12187.5 H 27500"}));
     EXPECT_EQ(untuned.status, 1);
     EXPECT_EQ(untuned.err, "Setting tuner: 12187 MHz H\n"
-                           "tessaview3-scan: Failed to set tuner: " +
+                           "tessaview3-scan: Failed to set tuner\n" +
                                status);
     const Outcome unread = tool.run(deaf("B2", {}));
     EXPECT_EQ(unread.status, 1);
     EXPECT_EQ(unread.err,
               "Scanning current transponder\nFailed to read SI: 0x80004005\n"
-              "tessaview3-scan: nothing was stored: the driver could not read the stream\n"
-              "tessaview3-scan: the driver says: " +
+              "tessaview3-scan: nothing was stored: the driver could not read the stream\n" +
                   status);
 }
 
