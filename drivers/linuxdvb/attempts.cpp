@@ -135,35 +135,63 @@ std::vector<Attempt> attempts(const Channel& /*channel*/, const CableTuning& tun
     return all;
 }
 
+/// Whether the description tells more than the frequency and the bandwidth.
+bool isDescribed(const TerrestrialTuning& tuning)
+{
+    return tuning.constellation != 0 || tuning.hierarchy_information != 0 ||
+           tuning.code_rate_HP_stream != 0 || tuning.code_rate_LP_stream != 0 ||
+           tuning.guard_interval != 0 || tuning.transmission_mode != 0;
+}
+
+/// DVB-T signals its own parameters, so a receiver that reads them knows better than what a NIT
+/// says.
+Attempt dvbT(const TerrestrialTuning& tuning, const FrontendFacts& facts, std::uint32_t frequency,
+             std::uint32_t bandwidth)
+{
+    const auto told = [&](std::uint32_t canFind, const auto& table, std::size_t code,
+                          std::uint32_t automatic) {
+        const bool isLeft = (facts.capabilities & canFind) != 0 || !isDescribed(tuning);
+        return isLeft ? automatic : valueOf(table, code, automatic);
+    };
+    return {
+        SYS_DVBT,
+        {{DTV_FREQUENCY, frequency},
+         {DTV_BANDWIDTH_HZ, bandwidth},
+         {DTV_INVERSION, INVERSION_AUTO},
+         {DTV_MODULATION, told(FE_CAN_QAM_AUTO, kConstellations, tuning.constellation, QAM_AUTO)},
+         {DTV_HIERARCHY, told(FE_CAN_HIERARCHY_AUTO, kHierarchies,
+                              tuning.hierarchy_information & 3U, HIERARCHY_AUTO)},
+         {DTV_CODE_RATE_HP,
+          told(FE_CAN_FEC_AUTO, kCodeRates, tuning.code_rate_HP_stream, FEC_AUTO)},
+         {DTV_CODE_RATE_LP,
+          told(FE_CAN_FEC_AUTO, kCodeRates, tuning.code_rate_LP_stream, FEC_AUTO)},
+         {DTV_GUARD_INTERVAL, told(FE_CAN_GUARD_INTERVAL_AUTO, kGuardIntervals,
+                                   tuning.guard_interval, GUARD_INTERVAL_AUTO)},
+         {DTV_TRANSMISSION_MODE, told(FE_CAN_TRANSMISSION_MODE_AUTO, kTransmissionModes,
+                                      tuning.transmission_mode, TRANSMISSION_MODE_AUTO)}}};
+}
+
+Attempt dvbT2(const Channel& channel, std::uint32_t frequency, std::uint32_t bandwidth)
+{
+    return {SYS_DVBT2,
+            {{DTV_FREQUENCY, frequency},
+             {DTV_BANDWIDTH_HZ, bandwidth},
+             {DTV_INVERSION, INVERSION_AUTO},
+             {DTV_MODULATION, QAM_AUTO},
+             {DTV_INNER_FEC, FEC_AUTO},
+             {DTV_GUARD_INTERVAL, GUARD_INTERVAL_AUTO},
+             {DTV_TRANSMISSION_MODE, TRANSMISSION_MODE_AUTO},
+             {DTV_STREAM_ID, channel.s2.streamId ? static_cast<std::uint32_t>(*channel.s2.streamId)
+                                                 : NO_STREAM_ID_FILTER}}};
+}
+
 std::vector<Attempt> attempts(const Channel& channel, const TerrestrialTuning& tuning,
-                              const FrontendFacts& /*facts*/, std::uint32_t /*frequency*/)
+                              const FrontendFacts& facts, std::uint32_t /*frequency*/)
 {
     constexpr std::uint32_t kHertzPerUnit = 10;
     const std::uint32_t frequency = product(tuning.centre_frequency, kHertzPerUnit);
     const std::uint32_t bandwidth = valueOf(kBandwidths, tuning.bandwidth, kBandwidths.front());
-    return {
-        {SYS_DVBT,
-         {{DTV_FREQUENCY, frequency},
-          {DTV_BANDWIDTH_HZ, bandwidth},
-          {DTV_INVERSION, INVERSION_AUTO},
-          {DTV_MODULATION, valueOf(kConstellations, tuning.constellation, QAM_AUTO)},
-          {DTV_HIERARCHY, valueOf(kHierarchies, tuning.hierarchy_information & 3U, HIERARCHY_AUTO)},
-          {DTV_CODE_RATE_HP, valueOf(kCodeRates, tuning.code_rate_HP_stream, FEC_AUTO)},
-          {DTV_CODE_RATE_LP, valueOf(kCodeRates, tuning.code_rate_LP_stream, FEC_AUTO)},
-          {DTV_GUARD_INTERVAL,
-           valueOf(kGuardIntervals, tuning.guard_interval, GUARD_INTERVAL_AUTO)},
-          {DTV_TRANSMISSION_MODE,
-           valueOf(kTransmissionModes, tuning.transmission_mode, TRANSMISSION_MODE_AUTO)}}},
-        {SYS_DVBT2,
-         {{DTV_FREQUENCY, frequency},
-          {DTV_BANDWIDTH_HZ, bandwidth},
-          {DTV_INVERSION, INVERSION_AUTO},
-          {DTV_MODULATION, QAM_AUTO},
-          {DTV_INNER_FEC, FEC_AUTO},
-          {DTV_GUARD_INTERVAL, GUARD_INTERVAL_AUTO},
-          {DTV_TRANSMISSION_MODE, TRANSMISSION_MODE_AUTO},
-          {DTV_STREAM_ID, channel.s2.streamId ? static_cast<std::uint32_t>(*channel.s2.streamId)
-                                              : NO_STREAM_ID_FILTER}}}};
+    return {dvbT(tuning, facts, frequency, bandwidth), dvbT2(channel, frequency, bandwidth)};
 }
 
 } // namespace
