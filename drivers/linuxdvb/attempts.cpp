@@ -74,7 +74,7 @@ Attempt dvbS(const SatelliteTuning& tuning, const FrontendFacts& facts, std::uin
 Attempt dvbS2(const Channel& channel, const SatelliteTuning& tuning, const FrontendFacts& facts,
               std::uint32_t frequency, bool isDescribed)
 {
-    const S2Parameters& s2 = channel.s2;
+    const S2Hints& s2 = channel.s2;
     const unsigned type = tuning.modulation & kModulationType;
     const std::size_t modulation = s2.modulation ? static_cast<std::size_t>(*s2.modulation)
                                    : isDescribed ? type

@@ -6,56 +6,43 @@ namespace tessaview {
 
 namespace {
 
-bool isOf(ISatTransponder& transponder, const SatelliteTuning& tuning)
-{
-    TransponderEntry entry;
-    return !failed(readTransponder(transponder, entry)) &&
-           static_cast<std::uint32_t>(entry.frequency) == tuning.frequency &&
-           entry.polarization == tuning.polarization;
-}
-
 /// A value that is given and in its range.
-std::optional<int> given(ISatTransponderS2& s2,
-                         Status (ISatTransponderS2::*get)(std::int32_t*) noexcept, int most)
+std::optional<int> given(std::int32_t value, int most)
 {
-    std::int32_t value = ISatTransponderS2::kNotGiven;
-    if (failed((s2.*get)(&value)) || value < 0 || value > most)
-        return std::nullopt;
-    return value;
+    return value < 0 || value > most ? std::nullopt : std::optional(value);
 }
 
-std::optional<bool> asFlag(std::optional<int> value)
+std::optional<bool> givenFlag(std::int32_t value)
 {
-    return value ? std::optional(*value != 0) : std::nullopt;
+    const auto flag = given(value, 1);
+    return flag ? std::optional(*flag != 0) : std::nullopt;
 }
 
-S2Parameters parametersOf(ISatTransponder& transponder)
+S2Hints hintsOf(const S2Parameters& s2)
 {
-    ComPtr<ISatTransponderS2> s2;
-    if (failed(query(&transponder, s2)))
-        return {};
-    return {.isS2 = asFlag(given(*s2.get(), &ISatTransponderS2::get_System, 1)),
-            .modulation = given(*s2.get(), &ISatTransponderS2::get_Modulation, 4),
-            .rollOff = given(*s2.get(), &ISatTransponderS2::get_RollOff, 2),
-            .pilot = asFlag(given(*s2.get(), &ISatTransponderS2::get_Pilot, 1)),
-            .streamId = given(*s2.get(), &ISatTransponderS2::get_StreamId, 255)};
+    return {.isS2 = givenFlag(s2.system),
+            .modulation = given(s2.modulation, 4),
+            .rollOff = given(s2.rollOff, 2),
+            .pilot = givenFlag(s2.pilot),
+            .streamId = given(s2.streamId, 255)};
 }
 
 } // namespace
 
-S2Parameters listedParameters(ISatListManager* list, const Channel& channel)
+S2Hints listedParameters(ISatListManager* list, const Channel& channel)
 {
     const auto* const tuning = std::get_if<SatelliteTuning>(&channel.tuning);
     if (!list || !tuning || channel.satellite.empty())
         return {};
     ComPtr<ISatellite> satellite;
-    ComPtr<IEnumSatTransponder> transponders;
-    if (failed(getSatellite(*list, Bstr(channel.satellite), satellite)) ||
-        failed(enumTransponders(*satellite.get(), TransponderUse::Scan, transponders)))
+    if (failed(getSatellite(*list, Bstr(channel.satellite), satellite)))
         return {};
-    for (auto& transponder : Items<ISatTransponder>(transponders.get()))
-        if (isOf(*transponder.get(), *tuning))
-            return parametersOf(*transponder.get());
+    std::vector<TransponderEntry> entries;
+    static_cast<void>(readTransponders(*satellite.get(), entries)); // as far as they can be read
+    for (const TransponderEntry& entry : entries)
+        if (static_cast<std::uint32_t>(entry.frequency) == tuning->frequency &&
+            entry.polarization == tuning->polarization)
+            return hintsOf(entry.s2);
     return {};
 }
 

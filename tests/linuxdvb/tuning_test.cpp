@@ -27,7 +27,7 @@ SatelliteTuning satellite(std::uint8_t modulation, std::uint8_t fec = 3)
 }
 
 template <class Tuning>
-Channel onAir(const Tuning& tuning, const S2Parameters& s2 = {})
+Channel onAir(const Tuning& tuning, const S2Hints& s2 = {})
 {
     Channel channel;
     channel.tuning = tuning;
@@ -77,7 +77,7 @@ std::vector<TuningCase> tuningCases()
     reserved.centre_frequency = 0xFFFFFFFF;
     reserved.bandwidth = reserved.constellation = reserved.code_rate_HP_stream = 7;
     reserved.transmission_mode = 3;
-    const S2Parameters multistream{
+    const S2Hints multistream{
         .isS2 = true, .modulation = 4, .rollOff = 1, .pilot = true, .streamId = 255};
     return {
         {"dvbSFirstWhereNothingSaysOtherwise",
