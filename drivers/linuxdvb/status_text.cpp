@@ -32,7 +32,8 @@ std::string statusText(const DvbState& state, const std::optional<SignalReport>&
         append(text, signal->strength.text("dBm"));
         append(text, signal->quality.text("dB"));
     }
-    return state.problem.empty() ? text : text + " (" + state.problem + ")";
+    const std::string& problem = state.problem.empty() ? state.facts.problem : state.problem;
+    return problem.empty() ? text : text + " (" + problem + ")";
 }
 
 } // namespace tessaview

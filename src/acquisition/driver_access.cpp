@@ -73,6 +73,12 @@ std::string DriverAccess::statusText() const
     return text;
 }
 
+bool DriverAccess::hasNoLock() const
+{
+    std::int32_t locked = 1;
+    return status_ && !failed(status_->IsLocked(&locked)) && locked == 0;
+}
+
 Status DriverAccess::tune(WindowHandle owner, const TunerSetting& setting) const
 {
     if (!tuner_)

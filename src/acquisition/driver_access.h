@@ -37,6 +37,9 @@ public:
     /// The driver's short text about its tuner, UTF-8; empty when it gives none.
     std::string statusText() const;
 
+    /// Whether the driver says that its tuner has no signal: what was read may not be all.
+    bool hasNoLock() const;
+
     /// Sets the tuner; returns when it is set. Without parameters nothing is called. `owner` is
     /// for windows of the driver.
     Status tune(WindowHandle owner, const TunerSetting& setting) const;

@@ -104,9 +104,12 @@ bool readSetting(const Options& options, const DriverSession& session, TunerSett
         return true;
     TunerType type{};
     std::string problem = "the driver does not tell what kind of tuner it has";
-    if (!failed(DriverAccess(session.driver()).tunerType(type)))
+    const DriverAccess driver(session.driver());
+    if (!failed(driver.tunerType(type)))
         setting = {.tuning = parseTuning(type, options.tune, problem),
                    .satellite = options.satellite};
+    else if (const std::string says = driver.statusText(); !says.empty())
+        problem += ": " + says;
     if (!setting.isGiven())
         complain("--tune: " + problem);
     return setting.isGiven();
