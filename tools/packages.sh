@@ -6,6 +6,8 @@ BUILD_PACKAGES=(g++ cmake ninja-build ccache git pkg-config nlohmann-json3-dev l
 TEST_PACKAGES=(libgtest-dev libgmock-dev clang-14 libclang-rt-14-dev llvm-14 xvfb openbox xdotool)
 CHECK_PACKAGES=(clang-format-14 clang-tidy-14)
 BENCHMARK_PACKAGES=(libbenchmark-dev)
+VM_PACKAGES=(qemu-system-x86 linux-headers-amd64 linux-source-6.1 xz-utils make kmod cpio
+             busybox-static)
 
 # install_packages PACKAGE...: installs those that are not there; as root, or else through sudo.
 install_packages() {
