@@ -211,4 +211,9 @@ Status CaptureDriver::SetSourceFiles(std::uint32_t count, const char16_t* const*
     });
 }
 
+Status CaptureDriver::GetReadProblem(char16_t** problem) noexcept
+{
+    return guarded([&] { return giveText(tuner_.state().problem, problem); });
+}
+
 } // namespace tessaview

@@ -272,6 +272,13 @@ void DvbTuner::awaitLock(const StopRequested& stop)
         throw frontend->noSignal(*now.channel, now.settings.lockLimit);
 }
 
+/// What ended the reception meanwhile; empty when it goes on.
+std::string DvbTuner::lossOfSignal()
+{
+    const auto now = signal();
+    return now && now->isLocked() ? "" : state().settings.device.name() + ": the signal was lost";
+}
+
 ReadAnswers DvbTuner::read(std::span<const TableRequest> requests, std::chrono::seconds waitLimit,
                            const StopRequested& stop)
 {
@@ -286,6 +293,8 @@ ReadAnswers DvbTuner::read(std::span<const TableRequest> requests, std::chrono::
         const auto ceiling = std::max(state().settings.readCeiling, waitLimit);
         ReadAnswers answers =
             readTables(kernel_, demultiplexer(), requests, {waitLimit, ceiling}, ends);
+        if (answers.problem.empty())
+            answers.problem = lossOfSignal();
         report(answers.problem);
         return answers;
     } catch (const DeviceError& e) {
@@ -297,7 +306,7 @@ ReadAnswers DvbTuner::read(std::span<const TableRequest> requests, std::chrono::
 std::optional<SignalReport> DvbTuner::signal()
 {
     const auto frontend = current();
-    if (!frontend || !state().system)
+    if (!frontend)
         return std::nullopt;
     try {
         return frontend->signal();

@@ -69,7 +69,8 @@ public:
     /// While interrupted, tuning and reading end soon, and new ones at once.
     void setInterrupted(bool interrupted) { isInterrupted_ = interrupted; }
 
-    /// What the receiver tells about its signal; nothing while it is not tuned.
+    /// What the receiver tells about its signal, whether it is locked or not, so that a dish can be
+    /// pointed by it; nothing while it was not asked to tune.
     std::optional<SignalReport> signal();
     /// Where sections and streams of the receiver come from: "adapter0/demux0".
     std::string demultiplexer() const;
@@ -83,6 +84,7 @@ private:
     void tuneNow(const Channel& channel, const StopRequested& stop);
     void resume(const Channel& channel, const std::stop_token& stop);
     void awaitLock(const StopRequested& stop);
+    std::string lossOfSignal();
     void refreshFacts() const;
     void handle(const DeviceError& error);
     void letGo();

@@ -197,7 +197,7 @@ Status LinuxDvbDriver::IsLocked(std::int32_t* locked) noexcept
         if (!locked)
             return status::kNullPointer;
         const auto signal = tuner_.signal();
-        *locked = signal && signal->isLocked() ? 1 : 0;
+        *locked = tuner_.state().system && signal && signal->isLocked() ? 1 : 0;
         return status::kOk;
     });
 }
@@ -226,6 +226,11 @@ Status LinuxDvbDriver::SetInterrupted(std::int32_t interrupted) noexcept
         tuner_.setInterrupted(interrupted != 0);
         return status::kOk;
     });
+}
+
+Status LinuxDvbDriver::GetReadProblem(char16_t** problem) noexcept
+{
+    return guarded([&] { return giveText(tuner_.state().problem, problem); });
 }
 
 } // namespace tessaview

@@ -14,9 +14,9 @@ constexpr Guid kLinuxDvbDriverClass = "{B3A7C1D4-5E62-4F09-8C7B-9A1E04D6F2B5}"_g
 /// show no window, whatever the owner: nothing has to be asked.
 class LinuxDvbDriver final
     : public Implements<LinuxDvbDriver, IDriverInfo, IDriverControl, ISetTuner, ISectionReader,
-                        IDeviceDialogs, ITunerStatus, IInterrupt> {
+                        IDeviceDialogs, ITunerStatus, IInterrupt, IReadReport> {
     using Base = Implements<LinuxDvbDriver, IDriverInfo, IDriverControl, ISetTuner, ISectionReader,
-                            IDeviceDialogs, ITunerStatus, IInterrupt>;
+                            IDeviceDialogs, ITunerStatus, IInterrupt, IReadReport>;
 
 public:
     explicit LinuxDvbDriver(Kernel& kernel = systemKernel()) : tuner_(kernel) {}
@@ -52,6 +52,8 @@ public:
     Status GetStatusText(char16_t** text) noexcept override;
 
     Status SetInterrupted(std::int32_t interrupted) noexcept override;
+
+    Status GetReadProblem(char16_t** problem) noexcept override;
 
 private:
     friend Base;

@@ -1,6 +1,8 @@
 #include "acquisition/driver_access.h"
 
 #include "component/received_text.h"
+#include "log/log_file.h"
+#include "log/output.h"
 
 namespace tessaview {
 
@@ -11,6 +13,23 @@ DriverAccess::DriverAccess(IUnknown* driver)
     static_cast<void>(query(driver, tuner_));
     static_cast<void>(query(driver, control_));
     static_cast<void>(query(driver, status_));
+    static_cast<void>(query(driver, report_));
+}
+
+Status DriverAccess::read(SectionBatch& batch, std::span<const TableRequest> requests) const
+{
+    if (!reader_)
+        return status::kNoInterface;
+    const Status result = batch.read(*reader_.get(), requests);
+    std::string problem;
+    if (!failed(result) && report_)
+        static_cast<void>(
+            receivedText(problem, [&](char16_t** out) { return report_->GetReadProblem(out); }));
+    if (!problem.empty()) {
+        OutputPrint("The driver reports: %s", problem.c_str());
+        LogPrint(g_log, log_level::kInformation, "the driver reports: %s", problem.c_str());
+    }
+    return result;
 }
 
 Status DriverAccess::tunerType(TunerType& type) const
@@ -71,12 +90,6 @@ std::string DriverAccess::statusText() const
         static_cast<void>(
             receivedText(text, [&](char16_t** out) { return status_->GetStatusText(out); }));
     return text;
-}
-
-bool DriverAccess::hasNoLock() const
-{
-    std::int32_t locked = 1;
-    return status_ && !failed(status_->IsLocked(&locked)) && locked == 0;
 }
 
 Status DriverAccess::tune(WindowHandle owner, const TunerSetting& setting) const

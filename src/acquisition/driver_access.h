@@ -1,10 +1,12 @@
 #pragma once
 
+#include "acquisition/section_batch.h"
 #include "component/bstr.h"
 #include "driver/tuner_driver.h"
 #include "model/transponder.h"
 
 #include <cstdint>
+#include <span>
 #include <string>
 
 namespace tessaview {
@@ -23,7 +25,8 @@ class DriverAccess {
 public:
     explicit DriverAccess(IUnknown* driver);
 
-    ISectionReader* reader() const { return reader_.get(); }
+    /// Asks for tables. What the driver says may be missing from them is printed and logged.
+    Status read(SectionBatch& batch, std::span<const TableRequest> requests) const;
 
     Status tunerType(TunerType& type) const;
 
@@ -37,9 +40,6 @@ public:
     /// The driver's short text about its tuner, UTF-8; empty when it gives none.
     std::string statusText() const;
 
-    /// Whether the driver says that its tuner has no signal: what was read may not be all.
-    bool hasNoLock() const;
-
     /// Sets the tuner; returns when it is set. Without parameters nothing is called. `owner` is
     /// for windows of the driver.
     Status tune(WindowHandle owner, const TunerSetting& setting) const;
@@ -49,6 +49,7 @@ private:
     ComPtr<ISetTuner> tuner_;
     ComPtr<IDriverControl> control_;
     ComPtr<ITunerStatus> status_;
+    ComPtr<IReadReport> report_;
 };
 
 } // namespace tessaview

@@ -117,8 +117,7 @@ ReadOutcome TransponderRead::into(NetworkMap& model)
 
 std::optional<ReadOutcome> TransponderRead::readTables()
 {
-    const Status result = driver_.reader() ? batch_.read(*driver_.reader(), tables_.requests())
-                                           : status::kNoInterface;
+    const Status result = driver_.read(batch_, tables_.requests());
     if (cancelled_)
         return ReadOutcome::Cancelled;
     if (failed(result)) {
@@ -239,7 +238,7 @@ std::optional<ReadOutcome> TransponderRead::readPmts()
     if (!selection_.IsTableEnabled(si_table::kPmt))
         return std::nullopt;
     const std::vector<TableRequest> requests = pmtRequests(transponder_.pat);
-    const Status result = batch_.read(*driver_.reader(), requests);
+    const Status result = driver_.read(batch_, requests);
     if (cancelled_)
         return ReadOutcome::Cancelled;
     if (failed(result))

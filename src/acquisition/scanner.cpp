@@ -16,11 +16,9 @@ namespace {
 
 Status readCurrentNit(const DriverAccess& driver, SectionBatch& batch)
 {
-    if (!driver.reader())
-        return status::kNoInterface;
     const TableRequests always(TableSelection::fixed(0));
     const TableRequest request = always.requests()[*always.place(SiTable::NitActual)];
-    return batch.read(*driver.reader(), {&request, 1});
+    return driver.read(batch, {&request, 1});
 }
 
 NitMap decodeNits(const SectionBatch& batch)

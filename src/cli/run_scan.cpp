@@ -90,8 +90,6 @@ void reportMissing(const Options& options, const ScanSummary& summary, bool isCa
     if (summary.storedCount() > 0) {
         if (isCancelled)
             complain("cancelled; what was read until then is shown");
-        else if (options.mode == ScanMode::CurrentTransponder && driver.hasNoLock())
-            complainOf(driver, "the signal is gone; there may be more than what was read");
         return;
     }
     if (isCancelled) {

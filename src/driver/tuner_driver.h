@@ -232,4 +232,17 @@ protected:
     ~IInterrupt() = default;
 };
 
+/// Optional: a driver that knows when something may be missing from what it has read.
+struct IReadReport : IUnknown {
+    static constexpr Guid kId = "{9C5E2F70-3A84-4D1B-B6E9-1F07D2A8C463}"_guid;
+
+    /// Why the last `ReadTables` that succeeded may not have got all of its tables, in a line for
+    /// the user; empty when nothing is known to be missing. A table that is not on air is not
+    /// missing. The caller frees the text.
+    virtual Status GetReadProblem(char16_t** problem) noexcept = 0;
+
+protected:
+    ~IReadReport() = default;
+};
+
 } // namespace tessaview
