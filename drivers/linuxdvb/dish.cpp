@@ -31,18 +31,18 @@ struct KindName {
     Lnb::Kind kind;
     std::string_view name;
 };
-constexpr std::array kKindNames{KindName{Lnb::Kind::Universal, "universal"},
-                                KindName{Lnb::Kind::SingleLo, "single"},
-                                KindName{Lnb::Kind::Wide, "wide"}};
+constexpr std::array kKindNames{
+    KindName{Lnb::Kind::Universal, "universal"}, KindName{Lnb::Kind::SingleLo, "single"},
+    KindName{Lnb::Kind::Wide, "wide"}, KindName{Lnb::Kind::Default, "default"}};
 
 bool isHighBand(const Lnb& lnb, const SatelliteTuning& tuning)
 {
-    return lnb.kind == Lnb::Kind::Universal && tuning.frequency >= kBandEdge * kUnitsPerMegahertz;
+    return !lnb.hasOneOscillator() && tuning.frequency >= kBandEdge * kUnitsPerMegahertz;
 }
 
 unsigned oscillatorOf(const Lnb& lnb, bool highBand)
 {
-    if (lnb.kind != Lnb::Kind::Universal)
+    if (lnb.hasOneOscillator())
         return lnb.oscillator;
     return highBand ? kHighOscillator : kLowOscillator;
 }
@@ -63,7 +63,6 @@ bool takeNumber(std::istringstream& words, unsigned most, unsigned& number)
 
 bool takeLnb(std::istringstream& words, Lnb& lnb)
 {
-    constexpr unsigned kHighestOscillator = 100000;
     std::string word;
     words >> word;
     if (word.ends_with(';'))
@@ -72,8 +71,7 @@ bool takeLnb(std::istringstream& words, Lnb& lnb)
         if (word != each.name)
             continue;
         lnb.kind = each.kind;
-        return each.kind == Lnb::Kind::Universal ||
-               takeNumber(words, kHighestOscillator, lnb.oscillator);
+        return !lnb.hasOneOscillator() || takeNumber(words, kHighestOscillator, lnb.oscillator);
     }
     return false;
 }
@@ -83,7 +81,7 @@ bool takeLnb(std::istringstream& words, Lnb& lnb)
 std::string storedText(const Dish& dish)
 {
     std::string text(kKindNames[static_cast<std::size_t>(dish.lnb.kind)].name);
-    if (dish.lnb.kind != Lnb::Kind::Universal)
+    if (dish.lnb.hasOneOscillator())
         text += formatted(" %u", dish.lnb.oscillator);
     if (dish.position > 0)
         text += formatted("; diseqc %u", dish.position);

@@ -16,18 +16,22 @@ struct Lnb {
     enum class Kind {
         Universal, ///< 9750 MHz below 11700 MHz, 10600 MHz with a 22 kHz tone from there on
         SingleLo,  ///< one local oscillator
-        Wide       ///< one local oscillator for 10700 to 12750 MHz, no tone
+        Wide,      ///< one local oscillator for 10700 to 12750 MHz, no tone
+        Default    ///< for a satellite: that of the settings
     };
 
     Kind kind = Kind::Universal;
-    unsigned oscillator = 0; ///< MHz; not for a universal one
+    unsigned oscillator = 0; ///< MHz; where there is one
 
+    bool hasOneOscillator() const { return kind == Kind::SingleLo || kind == Kind::Wide; }
     bool operator==(const Lnb&) const = default;
 };
 
 /// The oscillators that are offered first, in MHz.
 constexpr unsigned kUsualSingleOscillator = 10600;
 constexpr unsigned kUsualWideOscillator = 10410;
+/// MHz; what an oscillator can be.
+constexpr unsigned kHighestOscillator = 100000;
 
 /// How a satellite is received.
 struct Dish {

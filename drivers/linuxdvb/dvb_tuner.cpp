@@ -2,7 +2,6 @@
 
 #include "drivers/linuxdvb/listed_parameters.h"
 #include "platform/settings.h"
-#include "satlist/list_access.h"
 
 #include <algorithm>
 #include <system_error>
@@ -94,14 +93,25 @@ void DvbTuner::report(std::string problem)
     state_.problem = std::move(problem);
 }
 
+ComPtr<ISatListManager> DvbTuner::satelliteList() const
+{
+    const std::lock_guard lock(mutex_);
+    return list_;
+}
+
 std::vector<std::string> DvbTuner::satellites() const
 {
-    ComPtr<ISatListManager> list;
-    {
-        const std::lock_guard lock(mutex_);
-        list = list_;
-    }
-    return satelliteNames(list.get(), false);
+    return satelliteNames(satelliteList().get(), false);
+}
+
+std::vector<TransponderEntry> DvbTuner::transponders(const std::string& satellite) const
+{
+    std::vector<TransponderEntry> entries;
+    const auto list = satelliteList();
+    ComPtr<ISatellite> found;
+    if (list && !failed(getSatellite(*list.get(), Bstr(satellite), found)))
+        static_cast<void>(readTransponders(*found.get(), entries));
+    return entries;
 }
 
 std::optional<Dish> DvbTuner::dishOf(const std::string& satellite) const
@@ -188,7 +198,10 @@ Dish DvbTuner::dishFor(const Channel& channel) const
 {
     const auto own = channel.satellite.empty() ? std::nullopt : dishOf(channel.satellite);
     const std::lock_guard lock(mutex_);
-    return own.value_or(state_.settings.dish);
+    Dish dish = own.value_or(state_.settings.dish);
+    if (dish.lnb.kind == Lnb::Kind::Default)
+        dish.lnb = state_.settings.dish.lnb;
+    return dish;
 }
 
 /// Tells the user, and lets go of a device that is not there any more.

@@ -4,7 +4,7 @@
 #include "drivers/linuxdvb/frontend.h"
 #include "drivers/linuxdvb/receiver_settings.h"
 #include "drivers/linuxdvb/section_reader.h"
-#include "satlist/satellite_list.h"
+#include "satlist/list_access.h"
 
 #include <atomic>
 #include <memory>
@@ -51,6 +51,8 @@ public:
     std::vector<FrontendFacts> frontends() const { return listFrontends(kernel_); }
     /// The names of the satellite list, in its order.
     std::vector<std::string> satellites() const;
+    /// The transponders that the list has of a satellite, as far as they can be read.
+    std::vector<TransponderEntry> transponders(const std::string& satellite) const;
     /// The dish of a satellite; none where it has none of its own.
     std::optional<Dish> dishOf(const std::string& satellite) const;
     /// Uses the settings, and stores them for later runs too. Another device is let go of. Throws
@@ -77,6 +79,7 @@ public:
 
 private:
     StopRequested stopFor(const StopRequested& stop) const;
+    ComPtr<ISatListManager> satelliteList() const;
     std::shared_ptr<Frontend> current() const;
     std::shared_ptr<Frontend> openFrontend();
     Channel completed(Channel channel) const;
