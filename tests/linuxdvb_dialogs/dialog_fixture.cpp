@@ -1,0 +1,99 @@
+#include "tests/linuxdvb_dialogs/dialog_fixture.h"
+
+#include "ui/window_handle.h"
+
+#include <dlfcn.h>
+
+#include <QApplication>
+#include <QTimer>
+
+namespace test {
+
+using namespace tessaview;
+
+namespace {
+
+class Application : public testing::Environment {
+public:
+    void SetUp() override
+    {
+        if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+            qputenv("QT_QPA_PLATFORM", "offscreen");
+        application_ = std::make_unique<QApplication>(count_, arguments_);
+    }
+    void TearDown() override { application_.reset(); }
+
+private:
+    int count_ = 1;
+    char name_[6] = "tests";
+    char* arguments_[2] = {name_, nullptr};
+    std::unique_ptr<QApplication> application_;
+};
+
+const auto* const kApplication = testing::AddGlobalTestEnvironment(new Application);
+
+} // namespace
+
+DvbDialogs::DvbDialogs()
+{
+    kernel_.receivers = {{.id = {0, 0}, .name = "Sat", .systems = {SYS_DVBS, SYS_DVBS2}},
+                         {.id = {1, 0}, .name = "Cable", .systems = {SYS_DVBC_ANNEX_A}},
+                         {.id = {2, 0}, .name = "Aerial", .systems = {SYS_DVBT, SYS_DVBT2}}};
+    satellites_.put("Astra", {});
+    satellites_.put(
+        "Hot Bird",
+        {{.nid = 318, .tsid = 200, .frequency = 1072700},
+         {.nid = 318, .tsid = 300, .frequency = 1174625, .polarization = 1, .symbolRate = 275000}});
+    void* const library =
+        dlopen(TESSAVIEW_BUILD_DIR "/lib/tessaview3/components/linuxdvb_dialogs.so", RTLD_NOW);
+    show_ =
+        reinterpret_cast<ShowDriverDialog>(library ? dlsym(library, kShowDriverDialog) : nullptr);
+    restart();
+}
+
+DvbDialogs::~DvbDialogs() = default;
+
+void DvbDialogs::restart()
+{
+    tuner_ = std::make_unique<DvbTuner>(kernel_);
+    tuner_->setSatelliteList(&satellites_.get());
+    tuner_->open("drivers");
+}
+
+void DvbDialogs::tune(const std::string& satellite)
+{
+    SatelliteTuning tuning{};
+    tuning.frequency = 1218750;
+    tuning.symbol_rate = 275000;
+    tuner_->tune({.satellite = satellite, .tuning = tuning, .s2 = {}});
+}
+
+void DvbDialogs::show(DriverDialog which, const std::function<void(QDialog&)>& act)
+{
+    ASSERT_NE(show_, nullptr) << "the library of the dialogs cannot be loaded";
+    bool acted = false;
+    QWidget owner;
+    QTimer::singleShot(0, [&] {
+        auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        EXPECT_EQ(dialog->parentWidget(), &owner);
+        try {
+            act(*dialog);
+        } catch (const std::exception& e) {
+            ADD_FAILURE() << e.what();
+        }
+        acted = true;
+        if (dialog->isVisible())
+            dialog->reject();
+    });
+    EXPECT_EQ(show_(which, tuner_.get(), windowHandle(&owner)), status::kOk);
+    EXPECT_TRUE(acted);
+}
+
+bool DvbDialogs::comesToSay(const QDialog& dialog, const char* label, const char* text)
+{
+    return QTest::qWaitFor([&] { return the<QLabel>(dialog, label).text().contains(text); },
+                           20'000);
+}
+
+} // namespace test
