@@ -132,11 +132,12 @@ make_initramfs() {
         install -D -m 644 "$kernel$file" "$root$file"
     done <"$root/etc/modules"
     cp "$program/bin/tessaview3-scan" "$root/opt/bin"
+    cp "$program/bin/dvb_vm_record" "$root/opt/bin/record"
     cp "$program"/lib/*.so* "$root/opt/lib"
     for file in "${components[@]}"; do
         cp "$program/$library/$file".{component,so} "$root/opt/$library"
     done
-    libraries "$root/opt/bin/tessaview3-scan" "$root/opt/$library"/*.so | grep -v "^$root" |
+    libraries "$root"/opt/bin/* "$root/opt/$library"/*.so | grep -v "^$root" |
         while read -r file; do
             install -D "$file" "$root$file"
         done
@@ -153,7 +154,7 @@ boot() {
     local limit=$1 append=$2
     shift 2
     timeout --foreground "$limit" qemu-system-x86_64 -machine pc -accel "$accelerator" -cpu max \
-        -smp 2 -m 512 -nodefaults -no-user-config -display none -no-reboot \
+        -smp 2 -m 1024 -nodefaults -no-user-config -display none -no-reboot \
         -rtc base=2024-01-31T12:34:56 -kernel "$kernel/boot/vmlinuz-$release" \
         -initrd "$work/initramfs" -append "console=ttyS0 quiet panic=-1 $append" "$@"
 }
@@ -252,7 +253,7 @@ echo "dvb-vm: building the program"
 (
     cd "$here"
     [ -f "$program/build.ninja" ] || quietly cmake --preset release -DBUILD_TESTING=OFF
-    quietly cmake --build --preset release --target tessaview3-scan "${components[@]}"
+    quietly cmake --build --preset release --target tessaview3-scan dvb_vm_record "${components[@]}"
 )
 make_initramfs
 if $shell; then
