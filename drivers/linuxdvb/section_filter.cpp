@@ -12,8 +12,8 @@ namespace {
 
 constexpr std::size_t kLargestSection = 4096;
 constexpr std::size_t kHeader = 3;
-// Event tables come thick and fast.
-constexpr std::size_t kBufferSize = std::size_t{256} << 10;
+constexpr std::size_t kBufferSize = std::size_t{64} << 10;
+constexpr std::size_t kEventBufferSize = std::size_t{512} << 10; // these come thick and fast
 // So that one filter that is always full does not keep the others waiting.
 constexpr int kSectionsAtATime = 256;
 
@@ -59,7 +59,9 @@ SectionFilter::SectionFilter(Kernel& kernel, const std::string& demultiplexer,
     , lastNew_(started_)
 {
     // A driver that cannot have a buffer of this size keeps its own.
-    static_cast<void>(device_.controlValue(DMX_SET_BUFFER_SIZE, kBufferSize));
+    const bool isEvents = request.table_id >= 0x4E && request.table_id <= 0x6F;
+    static_cast<void>(
+        device_.controlValue(DMX_SET_BUFFER_SIZE, isEvents ? kEventBufferSize : kBufferSize));
     dmx_sct_filter_params parameters = parametersOf(request);
     if (const int result = device_.control(DMX_SET_FILTER, parameters); result < 0)
         throw device_.error("setting a section filter", result);

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <system_error>
 
 #include <QDir>
 #include <QFileDialog>
@@ -152,18 +153,24 @@ void StreamingDialog::start()
         toPath(QDir::current().absoluteFilePath(destination_->text()));
     if (!mayReplace(destination))
         return;
+    copy_ = std::make_unique<StreamCopy>(source_, destination);
+    try {
+        worker_ = std::jthread([this, copy = copy_.get()](const std::stop_token& stop) {
+            auto result = std::make_shared<StreamCopy::Result>(copy->run(stop));
+            QMetaObject::invokeMethod(
+                this, [this, result] { finish(*result); }, Qt::QueuedConnection);
+        });
+    } catch (const std::system_error& e) {
+        copy_.reset();
+        message_->setText(QString("Not copied: no thread to do it on (%1).").arg(e.what()));
+        return;
+    }
     destination_->setEnabled(false);
     browse_->setEnabled(false);
     close_->setEnabled(false);
     start_->setText("&Cancel");
-    copy_ = std::make_unique<StreamCopy>(source_, destination);
     elapsed_.start();
     timer_.start(kUpdateInterval);
-    worker_ = std::jthread([this, copy = copy_.get()](const std::stop_token& stop) {
-        auto result = std::make_shared<StreamCopy::Result>(copy->run(stop));
-        QMetaObject::invokeMethod(
-            this, [this, result] { finish(*result); }, Qt::QueuedConnection);
-    });
 }
 
 void StreamingDialog::showProgress()

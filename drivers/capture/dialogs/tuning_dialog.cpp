@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <system_error>
 
 #include <QApplication>
 #include <QClipboard>
@@ -224,21 +225,34 @@ void TuningDialog::addSources(const QStringList& names)
     }
     if (sources.empty() || worker_.joinable())
         return;
-    worker_ = std::jthread([this, sources](const std::stop_token& stop) {
-        const auto progress = [this](std::size_t done, std::size_t total) {
-            QMetaObject::invokeMethod(
-                bar_,
-                [this, done, total] {
-                    bar_->setMaximum(static_cast<int>(total));
-                    bar_->setValue(static_cast<int>(done));
-                },
-                Qt::QueuedConnection);
-        };
-        auto more = std::make_shared<CaptureSet>(openCaptures(sources, progress, stop));
-        QMetaObject::invokeMethod(
-            this, [this, more] { finish(std::move(*more)); }, Qt::QueuedConnection);
-    });
+    try {
+        worker_ = std::jthread(
+            [this, sources](const std::stop_token& stop) { openSources(sources, stop); });
+    } catch (const std::system_error& e) {
+        QMessageBox::warning(
+            this, windowTitle(),
+            QString("Nothing was added: no thread to do it on (%1).").arg(e.what()));
+        return;
+    }
     setBusy(true);
+}
+
+/// On the worker's thread.
+void TuningDialog::openSources(const std::vector<std::filesystem::path>& sources,
+                               const std::stop_token& stop)
+{
+    const auto progress = [this](std::size_t done, std::size_t total) {
+        QMetaObject::invokeMethod(
+            bar_,
+            [this, done, total] {
+                bar_->setMaximum(static_cast<int>(total));
+                bar_->setValue(static_cast<int>(done));
+            },
+            Qt::QueuedConnection);
+    };
+    auto more = std::make_shared<CaptureSet>(openCaptures(sources, progress, stop));
+    QMetaObject::invokeMethod(
+        this, [this, more] { finish(std::move(*more)); }, Qt::QueuedConnection);
 }
 
 void TuningDialog::finish(CaptureSet more)

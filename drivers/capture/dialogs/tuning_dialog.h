@@ -28,6 +28,8 @@ public:
 
     /// Looks at more files and folders, with progress, and adds what they hold.
     void addSources(const QStringList& names);
+    void openSources(const std::vector<std::filesystem::path>& sources,
+                     const std::stop_token& stop);
 
 protected:
     void dragEnterEvent(QDragEnterEvent* event) override;
