@@ -1,15 +1,22 @@
 #include "tests/explorer/built_model.h"
-#include "tests/explorer/every_descriptor.h"
 #include "tests/multiplex/descriptors.h"
 #include "tests/multiplex/sections.h"
 #include "tests/support/bytes.h"
-#include "tests/support/temporary_folder.h"
+#include "tests/support/worked_cases.h"
 
 #include <gtest/gtest.h>
 
 using namespace test;
 
 namespace {
+
+std::vector<Bytes> everyDescriptor()
+{
+    std::vector<Bytes> descriptors;
+    for (const std::string& input : inputsOf("support/every_descriptor.txt"))
+        descriptors.push_back(hex(input));
+    return descriptors;
+}
 
 /// Every table, and in one loop every descriptor.
 std::vector<Bytes> everySection()
@@ -58,6 +65,5 @@ std::vector<Bytes> everySection()
 TEST(EveryKind, showsItsNodesAndFields)
 {
     const BuiltModel built(everySection());
-    EXPECT_EQ(valuesText(built.tree.root()),
-              readFile(TESSAVIEW_SOURCE_DIR "/tests/explorer/every_kind.txt"));
+    expectText("explorer/every_kind.txt", valuesText(built.tree.root()));
 }

@@ -1,6 +1,7 @@
 #include "export/database_export.h"
 #include "tests/export/read_back.h"
 #include "tests/export/sample_model.h"
+#include "tests/support/decoded_stream.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/support/tuning_records.h"
 
@@ -34,20 +35,19 @@ tessaview::NetworkMap mixedModel()
         return test::conditionalAccess(system, pid);
     };
     tessaview::NetworkMap model;
-    test::addSatelliteStream(
-        model, 1,
-        {.pat = test::pat(1105, {{2, 0x102}, {3, 0x103}, {4, 0x104}}),
-         .sdts = {test::sdt(test::kSdtActual, 1105, 1,
-                            {{2, {test::service(1, "Co", "Pay")}, 3, 4, true},
-                             {3, {test::service(2, "Co", "Wave")}}})},
-         .pmts = {test::pmt(2, 0x200, {{2, 0x201, {access(0x0500, 0x301)}}, {3, 0x202}},
-                            {access(0x0500, 0x300), access(0x0100, 0x302)}),
-                  test::pmt(3, 0x210, {{4, 0x211, {access(0x0100, 0x303)}}})}});
+    test::addSatelliteStream(model, 1,
+                             {test::pat(1105, {{2, 0x102}, {3, 0x103}, {4, 0x104}}),
+                              test::sdt(test::kSdtActual, 1105, 1,
+                                        {{2, {test::service(1, "Co", "Pay")}, 3, 4, true},
+                                         {3, {test::service(2, "Co", "Wave")}}}),
+                              test::pmt(2, 0x200, {{2, 0x201, {access(0x0500, 0x301)}}, {3, 0x202}},
+                                        {access(0x0500, 0x300), access(0x0100, 0x302)}),
+                              test::pmt(3, 0x210, {{4, 0x211, {access(0x0100, 0x303)}}})});
     test::addSatelliteStream(
         model, 2,
-        {.pat = test::pat(7, {{5, 0x105}}),
-         .sdts = {test::sdt(test::kSdtActual, 7, 2, {{5, {test::service(10, "", "Air")}}})}});
-    tessaview::Transponder other = test::decoded({.pat = test::pat(9, {})});
+        {test::pat(7, {{5, 0x105}}),
+         test::sdt(test::kSdtActual, 7, 2, {{5, {test::service(10, "", "Air")}}})});
+    tessaview::Transponder other = test::decodedStream({test::pat(9, {})});
     other.setSatelliteTuning(test::satelliteRecord(1100000, 2, 220000, 5), "");
     model.store(1, std::move(other));
     return model;

@@ -1,7 +1,7 @@
 #include "export/database_export.h"
 #include "tests/export/read_back.h"
 #include "tests/export/sample_model.h"
-#include "tests/support/section_cases.h"
+#include "tests/support/decoded_stream.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/support/tuning_records.h"
 
@@ -41,35 +41,34 @@ struct Export : testing::Test {
     CharsetPolicy charsets;
 };
 
-const test::StreamSections kMixedStream{
-    .pat = test::pat(0x0451, {{0, 0x10}, {9, 0x109}, {1, 0x101}, {2, 0x102}, {3, 0x1FFE}}),
-    .sdts = {test::sdt(test::kSdtActual, 0x0451, 1,
-                       {{9,
-                         {test::service(2, "\x05Pr\xFCm",
-                                        "R\xC8"
-                                        "adio")},
-                         1}}),
-             test::sdt(test::kSdtActual, 0x0451, 1,
-                       {{1, {test::service(0xFF, "", "'); DROP TABLE tb_service; --")}, 2, 4, true},
-                        {3, {}, 0}},
-                       {.number = 1, .last = 1})},
-    .pmts = {test::pmt(9, 0x209, {{6, 0x301}, {3, 0x302}, {4, 0x303}}),
-             test::pmt(
-                 1, 0x1FFE,
-                 {{1, 0x1001, {test::conditionalAccess(0x2000, 0x1FFE, Bytes{0x0A})}},
-                  {2, 0x1002},
-                  {4, 0x1003, {test::conditionalAccess(0xFFFF, 0x10)}}},
-                 {test::language("deu"), test::conditionalAccess(0x0500, 0x11, counting(100))}),
-             test::pmt(3, 0x400, {{5, 0x401}})},
-    .cat = test::cat({test::conditionalAccess(0x0500, 0x21, Bytes{0xFE, 0xFF}),
-                      test::conditionalAccess(0x0100, 0x20)}),
+const std::vector<Bytes> kMixedStream{
+    test::pat(0x0451, {{0, 0x10}, {9, 0x109}, {1, 0x101}, {2, 0x102}, {3, 0x1FFE}}),
+    test::sdt(test::kSdtActual, 0x0451, 1,
+              {{9,
+                {test::service(2, "\x05Pr\xFCm",
+                               "R\xC8"
+                               "adio")},
+                1}}),
+    test::sdt(
+        test::kSdtActual, 0x0451, 1,
+        {{1, {test::service(0xFF, "", "'); DROP TABLE tb_service; --")}, 2, 4, true}, {3, {}, 0}},
+        {.number = 1, .last = 1}),
+    test::pmt(9, 0x209, {{6, 0x301}, {3, 0x302}, {4, 0x303}}),
+    test::pmt(1, 0x1FFE,
+              {{1, 0x1001, {test::conditionalAccess(0x2000, 0x1FFE, Bytes{0x0A})}},
+               {2, 0x1002},
+               {4, 0x1003, {test::conditionalAccess(0xFFFF, 0x10)}}},
+              {test::language("deu"), test::conditionalAccess(0x0500, 0x11, counting(100))}),
+    test::pmt(3, 0x400, {{5, 0x401}}),
+    test::cat({test::conditionalAccess(0x0500, 0x21, Bytes{0xFE, 0xFF}),
+               test::conditionalAccess(0x0100, 0x20)}),
 };
 
 TEST_F(Export, writesWhatTheModelHolds)
 {
-    test::addSatelliteStream(model, 0xFFFF, {.pat = test::pat(2, {{7, 0x107}})});
+    test::addSatelliteStream(model, 0xFFFF, {test::pat(2, {{7, 0x107}})});
     test::addSatelliteStream(model, 1, kMixedStream);
-    test::addSatelliteStream(model, 1, {.pat = test::pat(1, {{0, 0x10}})});
+    test::addSatelliteStream(model, 1, {test::pat(1, {{0, 0x10}})});
     exportIt();
 
     EXPECT_THAT(
@@ -125,12 +124,12 @@ TEST_F(Export, writesEveryStreamServiceAndAccessOfALargeModel)
 
 TEST_F(Export, keepsTheFirstOfWhatIsListedTwice)
 {
-    test::addSatelliteStream(model, 1,
-                             {.pat = test::pat(1, {{5, 0x105}, {6, 0x106}, {5, 0x1FF}}),
-                              .sdts = {test::sdt(test::kSdtActual, 1, 1,
-                                                 {{5, {test::service(1, "", "first")}},
-                                                  {5, {test::service(2, "", "second")}}})},
-                              .pmts = {test::pmt(5, 0x100, {}), test::pmt(5, 0x200, {})}});
+    test::addSatelliteStream(
+        model, 1,
+        {test::pat(1, {{5, 0x105}, {6, 0x106}, {5, 0x1FF}}),
+         test::sdt(test::kSdtActual, 1, 1,
+                   {{5, {test::service(1, "", "first")}}, {5, {test::service(2, "", "second")}}}),
+         test::pmt(5, 0x100, {}), test::pmt(5, 0x200, {})});
     exportIt();
     EXPECT_THAT(rows("SELECT SID, SERVICENAME, PCR, PMT FROM tb_service"),
                 ElementsAre("5|first|256|261", "6|<service not in sdt>|8191|262"));
@@ -141,8 +140,8 @@ TEST_F(Export, takesServicesFromTheSdtOfTheStreamItselfOnly)
     const auto named = [](unsigned stream, const char* name) {
         return test::sdt(test::kSdtActual, stream, 1, {{5, {test::service(1, "", name)}}});
     };
-    test::addSatelliteStream(
-        model, 1, {.pat = test::pat(2, {{5, 0x105}}), .sdts = {named(1, "no"), named(2, "yes")}});
+    test::addSatelliteStream(model, 1,
+                             {test::pat(2, {{5, 0x105}}), named(1, "no"), named(2, "yes")});
     exportIt();
     EXPECT_THAT(rows("SELECT SERVICENAME FROM tb_service"), ElementsAre("yes"));
 }
@@ -154,9 +153,8 @@ TEST_F(Export, readsNamesByTheRuleOfTheirNetwork)
     for (const unsigned network : {1U, 2U})
         test::addSatelliteStream(
             model, network,
-            {.pat = test::pat(1, {{5, 0x105}}),
-             .sdts = {test::sdt(test::kSdtActual, 1, network,
-                                {{5, {test::service(1, "\x05\xB1", "\xB1")}}})}});
+            {test::pat(1, {{5, 0x105}}), test::sdt(test::kSdtActual, 1, network,
+                                                   {{5, {test::service(1, "\x05\xB1", "\xB1")}}})});
     exportIt();
     EXPECT_THAT(rows("SELECT PROVIDERNAME, SERVICENAME FROM tb_service ORDER BY rowid"),
                 ElementsAre("\u0105|\u0105", "\u00B1|\u0411"));
@@ -171,11 +169,11 @@ TEST_F(Export, cutsNamesBehindTheLastCharacterThatFits)
     };
     test::addSatelliteStream(
         model, 1,
-        {.pat = test::pat(1, {{1, 1}, {2, 2}, {3, 3}, {4, 4}}),
-         .sdts = {test::sdt(test::kSdtActual, 1, 1,
-                            {programOf(1, start + "ab"), programOf(2, "\x05" + start + "\xFC"),
-                             programOf(3, "\x15" + start + "\xE2\x82\xAC\xE2\x82\xAC"),
-                             programOf(4, start + '\0' + "ab")})}});
+        {test::pat(1, {{1, 1}, {2, 2}, {3, 3}, {4, 4}}),
+         test::sdt(test::kSdtActual, 1, 1,
+                   {programOf(1, start + "ab"), programOf(2, "\x05" + start + "\xFC"),
+                    programOf(3, "\x15" + start + "\xE2\x82\xAC\xE2\x82\xAC"),
+                    programOf(4, start + '\0' + "ab")})});
     exportIt();
     EXPECT_THAT(rows("SELECT SERVICENAME FROM tb_service"),
                 ElementsAre(start + "a", start + "ü", start + "€", start + "\xE2\x90\x80"));
@@ -207,7 +205,7 @@ TEST_F(Export, roundsFrequenciesToMegahertz)
     for (const TuningCase& each : cases) {
         expected.emplace_back(each.columns);
         Transponder stream =
-            test::decoded({.pat = test::pat(static_cast<unsigned>(expected.size()), {})});
+            test::decodedStream({test::pat(static_cast<unsigned>(expected.size()), {})});
         if (const auto* satellite = std::get_if<SatelliteTuning>(&each.tuning))
             stream.setSatelliteTuning(*satellite, "");
         else if (const auto* cableRecord = std::get_if<CableTuning>(&each.tuning))

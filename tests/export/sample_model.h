@@ -8,19 +8,9 @@
 
 namespace test {
 
-/// The sections from which a transport stream is decoded.
-struct StreamSections {
-    Bytes pat;
-    std::vector<Bytes> sdts = {};
-    std::vector<Bytes> pmts = {};
-    Bytes cat = {};
-};
-
-tessaview::Transponder decoded(const StreamSections& sections);
-
 /// Stores a transport stream with satellite tuning 12187 MHz, vertical, 27500 kS/s, 3/4.
 void addSatelliteStream(tessaview::NetworkMap& model, unsigned network,
-                        const StreamSections& sections);
+                        const std::vector<Bytes>& sections);
 
 /// Networks of ten transport streams each; every stream has an EMM, every service a video and an
 /// audio stream and an ECM.

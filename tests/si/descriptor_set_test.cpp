@@ -1,11 +1,13 @@
 #include "si/descriptors/descriptor_set.h"
 
-#include "tests/support/descriptor_cases.h"
+#include "si/error.h"
+#include "tests/support/bytes.h"
 
-#include <set>
+#include <sstream>
+
+#include <gtest/gtest.h>
 
 using namespace lib13818;
-using test::dumpOf;
 using test::hex;
 
 namespace {
@@ -31,39 +33,6 @@ TEST(DescriptorSet, sortsByClassAndKeepsTheOrderWithin)
     EXPECT_EQ(set.all<HighUserPrivate>().size(), 2U);
     EXPECT_EQ(set.all<LowUserPrivate>().size(), 4U);
     EXPECT_TRUE(set.all<DescriptorService>().empty());
-}
-
-TEST(DescriptorSet, everyTagOfTheTableHasItsClass)
-{
-    int own = 0;
-    for (std::size_t tag = 0; tag < 256; ++tag) {
-        const auto list = DescriptorSet::kListOfTag[tag];
-        own += list != DescriptorSet::kIndex<LowUserPrivate> &&
-                       list != DescriptorSet::kIndex<HighUserPrivate>
-                   ? 1
-                   : 0;
-    }
-    EXPECT_EQ(own, 67);
-    EXPECT_EQ(DescriptorSet::kCount, 69U);
-}
-
-TEST(DescriptorSet, everyClassHasAnotherName)
-{
-    std::set<std::string> names;
-    DescriptorSet::forEachType([&]<class List>() {
-        if constexpr (requires { List::kTag; }) {
-            DescriptorSet set;
-            for (uint8_t length = 0; length < 3 && set.empty(); ++length)
-                try {
-                    const test::Bytes zeros{List::kTag, length, 0, 0};
-                    set.add(zeros.data());
-                } catch (const error&) {
-                }
-            ASSERT_FALSE(set.empty()) << List::kTag;
-            names.insert(set.all<List>().front().name());
-        }
-    });
-    EXPECT_EQ(names.size(), 67U);
 }
 
 TEST(DescriptorSet, isNotEmptyBehindALoopThatFailed)
@@ -115,13 +84,4 @@ TEST(DescriptorSet, anOverrunThrowsOnlyWhereTheLoopIsChecked)
         EXPECT_EQ(entry.all<DescriptorCAIdentifier>().size(), 1U);
         EXPECT_TRUE(entry.all<DescriptorService>().empty());
     }
-}
-
-TEST(DescriptorUserPrivate, dumpsItsBytesInRows)
-{
-    EXPECT_EQ(dumpOf("00 00 65 11 41 5A 61 7A 30 00 01 02 03 04 05 06 07 08 09 0A 5B"),
-              "descriptor_tag: 00 Reserved\ndata:\n"
-              "descriptor_tag: 65 User Private\ndata:\n"
-              "41 5a 61 7a 30 00 01 02 03 04 05 06 07 08 09 0a  : AZaz............\n"
-              "5b                                               : .\n");
 }

@@ -7,7 +7,6 @@
 #include <sstream>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -42,19 +41,6 @@ std::string failureOf(std::span<const uint8_t> section)
     }
     EXPECT_TRUE(table.parsed);
     return "";
-}
-
-struct FailingBody {
-    const char* body;
-    const char* failure;
-};
-
-template <class Table>
-void expectFailures(unsigned tableId, const std::vector<FailingBody>& cases)
-{
-    for (const FailingBody& each : cases)
-        EXPECT_EQ(failureOf<Table>(longSection(tableId, 0x1234, hex(each.body))), each.failure)
-            << each.body;
 }
 
 template <class Table>

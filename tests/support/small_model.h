@@ -1,8 +1,8 @@
 #pragma once
 
-#include "model/network_map.h"
 #include "tests/multiplex/descriptors.h"
 #include "tests/multiplex/sections.h"
+#include "tests/support/decoded_stream.h"
 
 #include <numeric>
 
@@ -11,38 +11,25 @@ namespace test {
 inline constexpr unsigned kSmallNetwork = 0x0001;
 inline constexpr unsigned kSmallStream = 0x0451;
 
-template <class Table>
-Table decoded(const Bytes& section)
-{
-    Table table;
-    table.parse(std::span<const std::uint8_t>(section));
-    return table;
-}
-
 /// One transport stream: a NIT with a delivery descriptor of each kind, a service by name, and its
 /// PMT with a CA descriptor that has 150 private bytes.
 inline tessaview::Transponder smallTransponder()
 {
     Bytes privateBytes(150);
     std::iota(privateBytes.begin(), privateBytes.end(), std::uint8_t{0});
-    tessaview::Transponder stream;
-    stream.transport_stream_id = kSmallStream;
-    stream.nitActual[1].emplace(
-        0, decoded<lib13818::Nit>(nit(
-               kNitActual, 1, {},
-               {{.stream = kSmallStream,
-                 .network = kSmallNetwork,
-                 .descriptors = {satelliteDelivery({.frequency = 1175725, .orbitalPosition = 192}),
-                                 cableDelivery({.frequency = 3460000}),
-                                 terrestrialDelivery(49000000)}}})));
-    stream.sdtActual[kSmallNetwork][kSmallStream].emplace(
-        0, decoded<lib13818::Sdt>(
-               sdt(kSdtActual, kSmallStream, kSmallNetwork,
-                   {{.id = 0x1001, .descriptors = {service(1, "Harbour", "Harbour One")}}})));
-    stream.pmts.push_back(decoded<lib13818::Pmt>(
-        pmt(0x1001, 0x100, {{.type = 2, .pid = 0x100}},
-            {conditionalAccess(0x0B00, 0x0104, privateBytes), language("eng")})));
-    return stream;
+    tessaview::Transponder made = decodedStream(
+        {nit(kNitActual, 1, {},
+             {{.stream = kSmallStream,
+               .network = kSmallNetwork,
+               .descriptors = {satelliteDelivery({.frequency = 1175725, .orbitalPosition = 192}),
+                               cableDelivery({.frequency = 3460000}),
+                               terrestrialDelivery(49000000)}}}),
+         sdt(kSdtActual, kSmallStream, kSmallNetwork,
+             {{.id = 0x1001, .descriptors = {service(1, "Harbour", "Harbour One")}}}),
+         pmt(0x1001, 0x100, {{.type = 2, .pid = 0x100}},
+             {conditionalAccess(0x0B00, 0x0104, privateBytes), language("eng")})});
+    made.transport_stream_id = kSmallStream;
+    return made;
 }
 
 inline void fillSmallModel(tessaview::NetworkMap& model)

@@ -13,12 +13,9 @@ protected:
     CharsetMenuTest()
     {
         dialogs.read = [](NetworkMap& model) {
-            Transponder stream;
-            stream.sdtActual[1][0].emplace(
-                0, test::decoded<lib13818::Sdt>(test::sdt(
-                       test::kSdtActual, 0, 1,
-                       {{.id = 1, .descriptors = {test::service(1, "\x01\xA1", "\xA1")}}})));
-            return model.store(1, std::move(stream));
+            const auto service = test::service(1, "\x01\xA1", "\xA1");
+            return model.store(
+                1, test::decodedStream({test::sdt(test::kSdtActual, 0, 1, {{1, {service}}})}));
         };
     }
 

@@ -63,10 +63,8 @@ TEST_F(ValuePane, staysAsItIsForAMereGroup)
 {
     open();
     dialogs.read = [](NetworkMap& model) {
-        Transponder stream;
-        stream.cat = test::decoded<lib13818::Cat>(
-            test::cat({test::conditionalAccess(1, 2), test::conditionalAccess(3, 4)}));
-        return model.store(1, std::move(stream));
+        return model.store(1, test::decodedStream({test::cat({test::conditionalAccess(1, 2),
+                                                              test::conditionalAccess(3, 4)})}));
     };
     scan();
     select("CAT");
