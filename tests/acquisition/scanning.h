@@ -17,8 +17,7 @@
 
 #include <gtest/gtest.h>
 
-// A small sky for the tests of scans: a network of three streams, and the lines that a scan of it
-// prints and logs.
+// A small sky for the tests of scans: a network of three streams.
 
 namespace test {
 
@@ -101,7 +100,7 @@ struct Scanning : testing::Test {
         return scanner.run(mode);
     }
 
-    /// What the tuner was set to: "Harbour 1110000 V".
+    /// What the tuner was set to: "Harbour 1110000".
     Lines tuned() const
     {
         Lines lines;
@@ -117,13 +116,22 @@ struct Scanning : testing::Test {
         return lines;
     }
 
-    std::vector<unsigned> storedStreams() const
+    /// All that is to be seen of a scan, line by line.
+    std::string transcript() const
     {
-        std::vector<unsigned> streams;
+        std::string text;
+        const auto add = [&text](const char* what, const Lines& lines) {
+            for (const std::string& line : lines)
+                text.append("    ").append(what).append(line) += '\n';
+        };
+        add("prints:  ", recorder.printed());
+        add("logs:    ", recorder.logged());
+        add("tunes:   ", tuned());
+        add("reaches: ", progress.lines);
         for (const auto& [id, network] : model)
             for (const auto& [stream, transponder] : network.transponders)
-                streams.push_back(stream);
-        return streams;
+                add("stores:  ", {transponderText(transponder)});
+        return text;
     }
 
     void TearDown() override
@@ -148,45 +156,11 @@ struct Scanning : testing::Test {
          {.name = "Not this one", .isSelected = false}});
 };
 
-inline Lines operator+(Lines lines, const Lines& more)
-{
-    lines.insert(lines.end(), more.begin(), more.end());
-    return lines;
-}
-
-inline const Lines kReading{"Reading current NIT"};
-inline const Lines kReadNit{"Reading current NIT", "Read 3 NIT sections"};
-inline const Lines kStream{"Got SI tables", "Got 1 PAT sections", "Got 3 NIT sections",
-                           "Got 1 SDT sections"};
-inline const Lines kNotInNit{"current TS not found in NIT - using tuner parameters"};
-
-/// The lines of a network scan that meets no trouble.
-inline Lines networkLines()
-{
-    return kReadNit + Lines{"2 entries in NIT section", "Setting tuner: 11100"} + kStream +
-           Lines{"Setting tuner: 11200"} + kStream +
-           Lines{"1 entries in NIT section", "0 entries in NIT section"};
-}
-
-inline Lines networkLog()
-{
-    return {"<4> - Reading current NIT", "<4> - Read 3 NIT sections", "<4> - scan network",
-            "<4> - restoring tuner",     "<4> - scanned network",     "<1> - exit"};
-}
-
-inline const Lines kCableOnly{
-    "Transport streams: 2 stored, 0 already there, 1 not stored",
-    "  Harbour  0001  0003    the NIT has no parameters of this kind of tuner for it"};
-
-/// A scan and what is to be seen of it.
+/// A scan that something happens to.
 struct ScanCase {
     const char* name;
     ScanMode mode;
-    std::function<void(Scanning&)> script;
-    Lines printed;
-    Lines logged = {};
-    Lines tuned = {};
-    Lines progress = {};
+    std::function<void(Scanning&)> script = [](Scanning&) {};
     std::optional<std::string> satellite = "Harbour";
 };
 
@@ -209,20 +183,5 @@ inline std::function<void(Scanning&)> cancelDuring(const char* operation, int ti
         };
     };
 }
-
-inline const Lines kNitLog{"<4> - Reading current NIT"};
-inline const Lines kNitFailed = kReading + Lines{"Failed to read current NIT"};
-inline const Lines kNitFailedLog =
-    kNitLog + Lines{"<1> - Failed to read current NIT", "<1> - exit"};
-inline const Lines kNothing{"Transport streams: 0 stored, 0 already there, 1 not stored"};
-inline const Lines kNoNit = kNothing + Lines{"  Harbour  -     -       "
-                                             "the stream carries no NIT of the actual network"};
-inline const Lines kNitSteps{"section 1 of 3", "stream 1 of 2", "stream 2 of 2",
-                             "section 2 of 3", "stream 1 of 1", "section 3 of 3"};
-inline const Lines kCancelledLog{"<4> - Reading current NIT", "<4> - Read 3 NIT sections",
-                                 "<4> - scan network", "<4> - scanned network", "<1> - exit"};
-inline const Lines kScanAll{"Scanning all satellites"};
-inline const Lines kScannedAll{"Scanned all satellites"};
-inline const Lines kQuayEntries{"entry 1 of 2", "entry 2 of 2"};
 
 } // namespace test
