@@ -15,58 +15,34 @@ struct Conversion {
     std::u16string utf16;
 };
 
-void PrintTo(const Conversion& conversion, std::ostream* out)
+TEST(Bstr, convertsWellFormedTextBothWays)
 {
-    *out << conversion.rule;
+    for (const auto& [rule, utf8, utf16] :
+         {Conversion{"empty", "", u""},
+          Conversion{"outermost of one byte", {"\0\x7F", 2}, {u"\u0000\u007F", 2}},
+          Conversion{"outermost of two bytes", "\xC2\x80\xDF\xBF", u"\u0080\u07FF"},
+          Conversion{"outermost of three bytes", "\xE0\xA0\x80\xEF\xBF\xBF", u"\u0800\uFFFF"},
+          Conversion{"around the surrogates", "\xED\x9F\xBF\xEE\x80\x80", u"\uD7FF\uE000"},
+          Conversion{"outermost of four bytes", "\xF0\x90\x80\x80\xF4\x8F\xBF\xBF",
+                     u"\U00010000\U0010FFFF"}}) {
+        EXPECT_EQ(toUtf16(utf8), utf16) << rule;
+        EXPECT_EQ(toUtf8(utf16), utf8) << rule;
+    }
 }
 
-class WellFormed : public testing::TestWithParam<Conversion> {};
-
-TEST_P(WellFormed, textGoesBothWays)
+TEST(Bstr, replacesEveryStrayByteOfIllFormedText)
 {
-    EXPECT_EQ(toUtf16(GetParam().utf8), GetParam().utf16);
-    EXPECT_EQ(toUtf8(GetParam().utf16), GetParam().utf8);
+    for (const auto& [rule, utf8, utf16] :
+         {Conversion{"lone continuation", "a\x80z", u"a\uFFFDz"},
+          Conversion{"cut at the end", "a\xE2\x82", u"a\uFFFD\uFFFD"},
+          Conversion{"cut by another character", "\xE2\x82z", u"\uFFFD\uFFFDz"},
+          Conversion{"overlong slash", "\xC0\xAF", u"\uFFFD\uFFFD"},
+          Conversion{"overlong in three", "\xE0\x9F\xBF", u"\uFFFD\uFFFD\uFFFD"},
+          Conversion{"surrogate", "\xED\xA0\x80", u"\uFFFD\uFFFD\uFFFD"},
+          Conversion{"beyond the last", "\xF4\x90\x80\x80", u"\uFFFD\uFFFD\uFFFD\uFFFD"},
+          Conversion{"never a byte", "\xFE\xFF", u"\uFFFD\uFFFD"}})
+        EXPECT_EQ(toUtf16(utf8), utf16) << rule;
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Bstr, WellFormed,
-    testing::Values(
-        Conversion{"empty", "", u""},
-        Conversion{"outermost of one byte", {"\0\x7F", 2}, {u"\u0000\u007F", 2}},
-        Conversion{"outermost of two bytes", "\xC2\x80\xDF\xBF", u"\u0080\u07FF"},
-        Conversion{"outermost of three bytes", "\xE0\xA0\x80\xEF\xBF\xBF", u"\u0800\uFFFF"},
-        Conversion{"around the surrogates", "\xED\x9F\xBF\xEE\x80\x80", u"\uD7FF\uE000"},
-        Conversion{"outermost of four bytes", "\xF0\x90\x80\x80\xF4\x8F\xBF\xBF",
-                   u"\U00010000\U0010FFFF"}));
-
-struct IllFormed {
-    const char* rule;
-    std::string utf8;
-    std::u16string utf16;
-};
-
-void PrintTo(const IllFormed& text, std::ostream* out)
-{
-    *out << text.rule;
-}
-
-class IllFormedUtf8 : public testing::TestWithParam<IllFormed> {};
-
-TEST_P(IllFormedUtf8, everyStrayByteIsReplaced)
-{
-    EXPECT_EQ(toUtf16(GetParam().utf8), GetParam().utf16);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Bstr, IllFormedUtf8,
-    testing::Values(IllFormed{"lone continuation", "a\x80z", u"a\uFFFDz"},
-                    IllFormed{"cut at the end", "a\xE2\x82", u"a\uFFFD\uFFFD"},
-                    IllFormed{"cut by another character", "\xE2\x82z", u"\uFFFD\uFFFDz"},
-                    IllFormed{"overlong slash", "\xC0\xAF", u"\uFFFD\uFFFD"},
-                    IllFormed{"overlong in three", "\xE0\x9F\xBF", u"\uFFFD\uFFFD\uFFFD"},
-                    IllFormed{"surrogate", "\xED\xA0\x80", u"\uFFFD\uFFFD\uFFFD"},
-                    IllFormed{"beyond the last", "\xF4\x90\x80\x80", u"\uFFFD\uFFFD\uFFFD\uFFFD"},
-                    IllFormed{"never a byte", "\xFE\xFF", u"\uFFFD\uFFFD"}));
 
 TEST(Bstr, replacesUnpairedSurrogates)
 {

@@ -16,6 +16,16 @@ using test::hex;
 namespace {
 
 template <class Record>
+Record recordOf(std::string_view text)
+{
+    Record record;
+    const auto bytes = hex(text);
+    EXPECT_EQ(bytes.size(), sizeof record);
+    std::memcpy(&record, bytes.data(), sizeof record);
+    return record;
+}
+
+template <class Record>
 std::vector<std::uint8_t> bytesOf(const Record& record)
 {
     std::vector<std::uint8_t> bytes(sizeof record);
@@ -48,15 +58,11 @@ protected:
     WindowHandle owner_ = &window_;
 };
 
-TEST_F(CDriver, tellsItsName)
+TEST_F(CDriver, tellsItsNameAndRefusesAForeignInterface)
 {
     Bstr name;
     ASSERT_EQ(driver_->GetName(name.put()), status::kOk);
     EXPECT_EQ(name.utf8(), "C \xC3\xA9\xF0\x9F\x93\xA1");
-}
-
-TEST_F(CDriver, refusesAForeignInterface)
-{
     ComPtr<ISourceFiles> files;
     EXPECT_EQ(query(driver_, files), status::kNoInterface);
 }
@@ -97,63 +103,29 @@ TEST_F(CDriver, showsItsWindows)
     EXPECT_TRUE(failed(dialogs->ShowTuningDialog(nullptr)));
 }
 
-// The driver gives every field back one higher, each from where its own layout has it.
-
-TEST_F(CDriver, takesAndGivesASatelliteTuning)
+/// The driver gives every field back one higher, each from where its own layout has it.
+TEST_F(CDriver, takesAndGivesTunings)
 {
     const auto tuner = as<ISetTuner>();
-    SatelliteTuning tuning{};
-    tuning.frequency = 0x81828384;
-    tuning.orbital_position = 0x9192;
-    tuning.west_east_flag = 0xA1A2A3A4;
-    tuning.polarization = 0xB1;
-    tuning.modulation = 0xC1;
-    tuning.symbol_rate = 0xD1D2D3D4;
-    tuning.FEC_inner = 0xE1;
-    EXPECT_EQ(bytesOf(tuning), hex("84838281 9291 0000 A4A3A2A1 B1 C1 0000 D4D3D2D1 E1 000000"));
     Bstr name;
-    EXPECT_TRUE(failed(tuner->GetSatelliteTuning(name.put(), &tuning)));
-    const Bstr satellite("Hot Bird");
-    ASSERT_EQ(tuner->SetSatelliteTuning(owner_, satellite.get(), &tuning), status::kOk);
-    SatelliteTuning got;
-    ASSERT_EQ(tuner->GetSatelliteTuning(name.put(), &got), status::kOk);
+    SatelliteTuning satellite{};
+    EXPECT_TRUE(failed(tuner->GetSatelliteTuning(name.put(), &satellite)));
+    satellite =
+        recordOf<SatelliteTuning>("84838281 9291 0000 A4A3A2A1 B1 C1 0000 D4D3D2D1 E1 000000");
+    ASSERT_EQ(tuner->SetSatelliteTuning(owner_, Bstr("Hot Bird").get(), &satellite), status::kOk);
+    ASSERT_EQ(tuner->GetSatelliteTuning(name.put(), &satellite), status::kOk);
     EXPECT_EQ(name.utf8(), "Hot Bird");
-    EXPECT_EQ(bytesOf(got), hex("85838281 9391 0000 A5A3A2A1 B2 C2 0000 D5D3D2D1 E2 000000"));
-}
+    EXPECT_EQ(bytesOf(satellite), hex("85838281 9391 0000 A5A3A2A1 B2 C2 0000 D5D3D2D1 E2 000000"));
 
-TEST_F(CDriver, takesAndGivesACableTuning)
-{
-    const auto tuner = as<ISetTuner>();
-    CableTuning tuning{};
-    tuning.frequency = 0x81828384;
-    tuning.FEC_outer = 0x91;
-    tuning.modulation = 0xA1;
-    tuning.symbol_rate = 0xB1B2B3B4;
-    tuning.FEC_inner = 0xC1;
-    EXPECT_EQ(bytesOf(tuning), hex("84838281 91 A1 0000 B4B3B2B1 C1 000000"));
-    ASSERT_EQ(tuner->SetCableTuning(owner_, &tuning), status::kOk);
-    CableTuning got;
-    ASSERT_EQ(tuner->GetCableTuning(&got), status::kOk);
-    EXPECT_EQ(bytesOf(got), hex("85838281 92 A2 0000 B5B3B2B1 C2 000000"));
-}
+    auto cable = recordOf<CableTuning>("84838281 91 A1 0000 B4B3B2B1 C1 000000");
+    ASSERT_EQ(tuner->SetCableTuning(owner_, &cable), status::kOk);
+    ASSERT_EQ(tuner->GetCableTuning(&cable), status::kOk);
+    EXPECT_EQ(bytesOf(cable), hex("85838281 92 A2 0000 B5B3B2B1 C2 000000"));
 
-TEST_F(CDriver, takesAndGivesATerrestrialTuning)
-{
-    const auto tuner = as<ISetTuner>();
-    const TerrestrialTuning tuning{.centre_frequency = 0x81828384,
-                                   .bandwidth = 0x91,
-                                   .constellation = 0xA1,
-                                   .hierarchy_information = 0xB1,
-                                   .code_rate_HP_stream = 0xC1,
-                                   .code_rate_LP_stream = 0xD1,
-                                   .guard_interval = 0xE1,
-                                   .transmission_mode = 0xF1,
-                                   .other_frequency_flag = 0x71};
-    EXPECT_EQ(bytesOf(tuning), hex("84838281 91 A1 B1 C1 D1 E1 F1 71"));
-    ASSERT_EQ(tuner->SetTerrestrialTuning(owner_, &tuning), status::kOk);
-    TerrestrialTuning got;
-    ASSERT_EQ(tuner->GetTerrestrialTuning(&got), status::kOk);
-    EXPECT_EQ(bytesOf(got), hex("85838281 92 A2 B2 C2 D2 E2 F2 72"));
+    auto terrestrial = recordOf<TerrestrialTuning>("84838281 91 A1 B1 C1 D1 E1 F1 71");
+    ASSERT_EQ(tuner->SetTerrestrialTuning(owner_, &terrestrial), status::kOk);
+    ASSERT_EQ(tuner->GetTerrestrialTuning(&terrestrial), status::kOk);
+    EXPECT_EQ(bytesOf(terrestrial), hex("85838281 92 A2 B2 C2 D2 E2 F2 72"));
 }
 
 /// The sections of an answer, which is released.
