@@ -1,7 +1,7 @@
 #include "platform/build_info.h"
 #include "platform/settings.h"
 #include "tests/app/installed_components.h"
-#include "tests/app/when_shown.h"
+#include "tests/support/windows.h"
 #include "ui/application/about_dialog.h"
 #include "ui/application/driver_select_dialog.h"
 #include "ui/application/driver_wait.h"
@@ -12,7 +12,6 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
-#include <QGroupBox>
 #include <QLabel>
 #include <gtest/gtest.h>
 
@@ -25,6 +24,30 @@ using testing::HasSubstr;
 namespace {
 
 // Driver selection
+
+test::ModalSteps::Step pressing(Qt::Key key)
+{
+    return [key](QWidget& window) { QTest::keyClick(&window, key); };
+}
+
+/// Reads a box and closes it.
+test::ModalSteps::Step boxSaying(const std::string& text, const std::string& detail = "")
+{
+    return [=](QWidget& shown) {
+        EXPECT_EQ(test::messageOf(shown), text);
+        EXPECT_THAT(test::detailOf(shown), HasSubstr(detail));
+        QTest::keyClick(&shown, Qt::Key_Return);
+    };
+}
+
+/// Counts the drivers that can be chosen, and cancels.
+test::ModalSteps::Step selectionOf(int drivers)
+{
+    return [drivers](QWidget& dialog) {
+        EXPECT_EQ(dialog.findChild<QComboBox*>()->count(), drivers);
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    };
+}
 
 class DriverSelectionTest : public testing::Test {
 protected:
@@ -71,9 +94,7 @@ TEST_F(DriverSelectionTest, listsNamesAndGivesTheClassThatIsChosen)
 
 TEST_F(DriverSelectionTest, givesAnEmptyChoiceWhenNothingIsChosenAndNoneWhenCancelled)
 {
-    const auto shown =
-        whenShown({[](QWidget& dialog) { QTest::keyClick(&dialog, Qt::Key_Return); },
-                   [](QWidget& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); }});
+    const auto shown = whenShown({pressing(Qt::Key_Return), pressing(Qt::Key_Escape)});
     EXPECT_EQ(run(), "");
     EXPECT_EQ(run(), std::nullopt);
     EXPECT_EQ(shown->left(), 0U);
@@ -98,18 +119,9 @@ TEST_F(DriverSelectionTest, tellsWhatIsWrongWithADriverAndLeavesItOut)
     components_.scriptedDriver(test::scripted::kCreateFails, "a");
     components_.scriptedDriver(test::scripted::kGetNameFails, "b");
     components_.scriptedDriver(test::scripted::kWorks, "c");
-    const auto expectBox = [](const char* text) {
-        return [text](QWidget& box) {
-            EXPECT_EQ(test::messageOf(box), text);
-            QTest::keyClick(&box, Qt::Key_Return);
-        };
-    };
     const auto shown =
-        whenShown({expectBox("Failed to create driver instance: 80070005"),
-                   expectBox("Failed to get driver name: 80070005"), [](QWidget& dialog) {
-                       EXPECT_EQ(dialog.findChild<QComboBox*>()->count(), 1);
-                       QTest::keyClick(&dialog, Qt::Key_Escape);
-                   }});
+        whenShown({boxSaying("Failed to create driver instance: 80070005"),
+                   boxSaying("Failed to get driver name: 80070005"), selectionOf(1)});
     EXPECT_EQ(run(), std::nullopt);
     EXPECT_EQ(shown->left(), 0U);
 }
@@ -118,14 +130,7 @@ TEST_F(DriverSelectionTest, tellsThatNoFolderOfComponentsCanBeRead)
 {
     test::writeFile(folder_ / "closed", "not a folder");
     const auto shown =
-        whenShown({[](QWidget& box) {
-                       EXPECT_EQ(test::messageOf(box), "Failed to open CategoriesMgr: 0x80004005");
-                       QTest::keyClick(&box, Qt::Key_Return);
-                   },
-                   [](QWidget& dialog) {
-                       EXPECT_EQ(dialog.findChild<QComboBox*>()->count(), 0);
-                       QTest::keyClick(&dialog, Qt::Key_Escape);
-                   }});
+        whenShown({boxSaying("Failed to open CategoriesMgr: 0x80004005"), selectionOf(0)});
     EXPECT_EQ(run(), std::nullopt);
     EXPECT_EQ(shown->left(), 0U);
 }
@@ -149,15 +154,12 @@ TEST_F(DriverSelectionTest, leavesOutADriverThatDoesNotAnswerWhenTheUserSaysSo)
     components_.scriptedDriver(test::scripted::kGetNameHangs, "Stuck");
     components_.captureDriver();
     const auto shown =
-        whenShown({[](QWidget& box) {
-                       EXPECT_EQ(test::messageOf(box), "The driver Stuck does not answer.");
-                       EXPECT_THAT(test::detailOf(box), HasSubstr("GetName"));
-                       test::click(box, "&Leave it out");
+        whenShown({[](QWidget& shownBox) {
+                       EXPECT_EQ(test::messageOf(shownBox), "The driver Stuck does not answer.");
+                       EXPECT_THAT(test::detailOf(shownBox), HasSubstr("GetName"));
+                       test::click(shownBox, "&Leave it out");
                    },
-                   [](QWidget& dialog) {
-                       EXPECT_EQ(dialog.findChild<QComboBox*>()->count(), 1);
-                       QTest::keyClick(&dialog, Qt::Key_Escape);
-                   }});
+                   selectionOf(1)});
     DriverSelection selection;
     selection.patience = std::chrono::milliseconds(10);
     EXPECT_EQ(run(selection), std::nullopt);
@@ -209,16 +211,12 @@ TEST(WaitForDriver, endsWithoutAQuestionWhenTheProgramIsToEnd)
 
 class SiTables : public testing::Test {
 protected:
-    SiTableMask checked(const CSiTablesDlg& dialog) const
+    static SiTableMask checked(const CSiTablesDlg& dialog)
     {
         SiTableMask mask = 0;
         for (const SelectableTable& table : kSelectableTables)
-            mask |= box(dialog, table.box).isChecked() ? table.bit : 0;
+            mask |= test::control<QCheckBox>(dialog, table.box).isChecked() ? table.bit : 0;
         return mask;
-    }
-    static QCheckBox& box(const CSiTablesDlg& dialog, int id)
-    {
-        return *dialog.findChild<QCheckBox*>(QString::number(id));
     }
     std::optional<std::uint32_t> stored() const
     {
@@ -229,38 +227,6 @@ protected:
     std::filesystem::path settings_ = folder_ / "config/settings.json";
 };
 
-TEST_F(SiTables, standInTheirFramesWithTheirLabels)
-{
-    const CSiTablesDlg dialog(settings_);
-    EXPECT_EQ(dialog.windowTitle(), "SI Tables");
-    std::string text;
-    for (const QGroupBox* frame : dialog.findChildren<QGroupBox*>()) {
-        text += frame->title().toStdString() + '\n';
-        for (const std::string& label : textsOf<QCheckBox>(*frame))
-            text += "  " + label + '\n';
-    }
-    EXPECT_EQ(text, "PID 0x00, 0x01, 0x13 && PMT's\n"
-                    "  PAT - (0x00)\n"
-                    "  CAT - (0x01)\n"
-                    "  PMT - (0x02)\n"
-                    "  RST - (0x71)\n"
-                    "PID 0x11\n"
-                    "  SDT - actual transport stream (0x42)\n"
-                    "  SDT - other transport stream (0x46)\n"
-                    "  BAT - (0x4a)\n"
-                    "PID 0x14\n"
-                    "  TDT - (0x70)\n"
-                    "  TOT - (0x73)\n"
-                    "PID 0x10\n"
-                    "  NIT - actual network (0x40)\n"
-                    "  NIT - other network (0x41)\n"
-                    "PID 0x11\n"
-                    "  EIT - actual transport stream , present/following (0x4e)\n"
-                    "  EIT - other transport stream , present/following (0x4f)\n"
-                    "  EIT - actual transport stream , schedule (0x50 - 0x5f)\n"
-                    "  EIT - other transport stream , schedule (0x60 - 0x6f)\n");
-}
-
 TEST_F(SiTables, areAllChosenUntilAChoiceIsStored)
 {
     CSiTablesDlg dialog(settings_);
@@ -269,7 +235,7 @@ TEST_F(SiTables, areAllChosenUntilAChoiceIsStored)
     test::click(dialog, "&Defaults");
     EXPECT_EQ(checked(dialog), kDefaultTables);
     EXPECT_EQ(stored(), std::nullopt) << "before OK";
-    QTest::keyClick(&box(dialog, 1019), Qt::Key_Space); // RST
+    QTest::keyClick(&test::control<QCheckBox>(dialog, 1019), Qt::Key_Space); // RST
     QTest::keyClick(&dialog, Qt::Key_Return);
     EXPECT_EQ(stored(), 0x041BU | si_table::kRst);
     EXPECT_EQ(dialog.result(), QDialog::Accepted);
@@ -291,11 +257,8 @@ TEST_F(SiTables, stayOpenWhenTheChoiceCannotBeStored)
     test::writeFile(folder_ / "config", "a file where the folder should be");
     CSiTablesDlg dialog(settings_);
     dialog.show();
-    const auto shown = whenShown({[&](QWidget& box) {
-        EXPECT_EQ(test::messageOf(box), "The choice of tables cannot be stored.");
-        EXPECT_THAT(test::detailOf(box), HasSubstr((folder_ / "config").string()));
-        QTest::keyClick(&box, Qt::Key_Return);
-    }});
+    const auto shown = whenShown(
+        {boxSaying("The choice of tables cannot be stored.", (folder_ / "config").string())});
     QTest::keyClick(&dialog, Qt::Key_Return);
     EXPECT_TRUE(dialog.isVisible());
     EXPECT_EQ(shown->left(), 0U);

@@ -4,16 +4,13 @@
 #include "log/log_file.h"
 #include "platform/settings.h"
 #include "tests/app/installed_components.h"
-#include "tests/app/when_shown.h"
+#include "tests/support/windows.h"
 #include "ui/tree_pane.h"
 
 #include <optional>
 
 #include <QAction>
 #include <QComboBox>
-#include <QDropEvent>
-#include <QMimeData>
-#include <QUrl>
 #include <gtest/gtest.h>
 
 using namespace tessaview;
@@ -56,21 +53,6 @@ protected:
     }
     static int treeRows() { return frame().treePane().model()->rowCount(); }
 
-    /// Whether the drop was taken.
-    static bool drop(const std::string& path)
-    {
-        QMimeData data;
-        data.setUrls({QUrl::fromLocalFile(QString::fromStdString(path))});
-        QDragEnterEvent enter({}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton,
-                              Qt::NoModifier);
-        QApplication::sendEvent(&frame(), &enter);
-        QDropEvent event({}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton,
-                         Qt::NoModifier);
-        QApplication::sendEvent(&frame(), &event);
-        EXPECT_TRUE(!event.isAccepted() || event.dropAction() == Qt::CopyAction);
-        return event.isAccepted();
-    }
-
     test::TemporaryFolder home_;
     const test::Environment environment_{"TESSAVIEW_TEST_JOURNAL", (home_ / "journal").c_str()};
     std::filesystem::path settings_ = home_ / "settings.json";
@@ -81,7 +63,7 @@ protected:
 
 TEST_F(Window, readsADroppedCaptureAtOnceInPlaceOfTheDriver)
 {
-    EXPECT_TRUE(drop(kSample));
+    EXPECT_TRUE(test::drop(frame(), {kSample}));
     ASSERT_TRUE(QTest::qWaitFor([] { return treeRows() > 0; }, 20'000));
     EXPECT_EQ(Settings(settings_).text(kSettingsKey, kDriverClassValue),
               toText(test::scripted::kWorks));
@@ -91,7 +73,7 @@ TEST_F(Window, readsADroppedCaptureAtOnceInPlaceOfTheDriver)
                   "Data is already loaded.\nDo you want to keep existing data ?");
         QTest::keyClick(&box, Qt::Key_Escape);
     }});
-    EXPECT_TRUE(drop(kSample));
+    EXPECT_TRUE(test::drop(frame(), {kSample}));
     ASSERT_TRUE(QTest::qWaitFor([&] { return shown->left() == 0; }, 20'000));
     EXPECT_GT(treeRows(), 0);
 }
@@ -102,7 +84,7 @@ TEST_F(Window, tellsWhatCannotBeReadOfADropAndStaysAsItWas)
         EXPECT_EQ(test::messageOf(box), "None of these captures can be read.");
         QTest::keyClick(&box, Qt::Key_Return);
     }});
-    EXPECT_TRUE(drop((home_ / "gone.ts").string()));
+    EXPECT_TRUE(test::drop(frame(), {home_ / "gone.ts"}));
     ASSERT_TRUE(QTest::qWaitFor([&] { return shown->left() == 0; }, 20'000));
     EXPECT_EQ(test::readFile(home_ / "journal").find("Shutdown"), std::string::npos);
 }

@@ -10,6 +10,7 @@
 #include <QLineEdit>
 
 using namespace tessaview;
+using test::control;
 using Dialog = SatelliteListDialog;
 using testing::ElementsAre;
 using testing::HasSubstr;
@@ -27,25 +28,6 @@ protected:
         manager_.put("d", {}, false);
     }
 };
-
-TEST_F(SatelliteListDialogTest, saysWhatItIs)
-{
-    Dialog dialog(manager_.get());
-    dialog.show();
-    EXPECT_EQ(dialog.windowTitle(), "Satellite list manager");
-    EXPECT_TRUE(control<QPushButton>(dialog, 1).isDefault());
-    std::vector<std::string> texts;
-    for (const QLabel* const label : dialog.findChildren<QLabel*>())
-        texts.push_back(label->text().toStdString());
-    EXPECT_THAT(texts, testing::UnorderedElementsAre("Available satellites", "Slected satellites"));
-    for (const auto& [id, text] : std::vector<std::pair<int, const char*>>{{1030, "->"},
-                                                                           {1016, "<-"},
-                                                                           {1019, "<- Delete"},
-                                                                           {1018, "Add satellite"},
-                                                                           {1, "OK"},
-                                                                           {2, "Cancel"}})
-        EXPECT_EQ(control<QPushButton>(dialog, id).text(), text);
-}
 
 TEST_F(SatelliteListDialogTest, movesTheSelectedItemsAtOnce)
 {
@@ -121,19 +103,21 @@ TEST_F(SatelliteListDialogTest, opensTheTransponderListOfASatellite)
     Dialog dialog(manager_.get());
     show(dialog);
     std::vector<std::string> opened;
-    const auto note = [&](QDialog& list) {
+    const test::ModalSteps::Step note = [&](QWidget& list) {
         opened.push_back(
             control<QLabel>(list, TransponderListDialog::kSatellite).text().toStdString());
+        list.close();
     };
+    const auto shown = test::whenShown({note, note, note});
     auto& available = control<QListWidget>(dialog, Dialog::kAvailable);
     const QPoint second = available.visualItemRect(available.item(1)).center();
     QTest::mouseClick(available.viewport(), Qt::LeftButton, {}, second);
-    withDialog([&] { QTest::mouseDClick(available.viewport(), Qt::LeftButton, {}, second); }, note);
+    QTest::mouseDClick(available.viewport(), Qt::LeftButton, {}, second);
     available.setFocus();
-    withDialog([&] { QTest::keyClick(&available, Qt::Key_Return); }, note);
+    QTest::keyClick(&available, Qt::Key_Return);
     auto& selected = control<QListWidget>(dialog, Dialog::kSelected);
     selected.setFocus();
-    withDialog([&] { QTest::keyClick(&selected, Qt::Key_F2); }, note);
+    QTest::keyClick(&selected, Qt::Key_F2);
     EXPECT_THAT(opened, ElementsAre("c", "c", "b"));
     EXPECT_TRUE(dialog.isVisible());
 }

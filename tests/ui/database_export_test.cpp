@@ -1,5 +1,6 @@
 #include "tests/export/read_back.h"
 #include "tests/support/temporary_folder.h"
+#include "tests/support/windows.h"
 #include "ui/export/database_export_dlg.h"
 #include "ui/export/export_progress_dlg.h"
 
@@ -10,13 +11,9 @@
 #include <system_error>
 #include <utility>
 
-#include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QPushButton>
-#include <QTest>
-#include <QTimer>
 
 namespace {
 
@@ -30,27 +27,6 @@ QPushButton* buttonOf(QWidget& dialog, const char* text)
     return nullptr;
 }
 
-/// Closes the message boxes that come up and collects their texts.
-class MessageReader : public QObject {
-public:
-    MessageReader()
-    {
-        connect(&timer_, &QTimer::timeout, this, [this] {
-            auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-            if (!box)
-                return;
-            texts.push_back(box->text().toStdString());
-            box->accept();
-        });
-        timer_.start(1);
-    }
-
-    std::vector<std::string> texts;
-
-private:
-    QTimer timer_;
-};
-
 struct ExportDialogs : testing::Test {
     ExportDialogs()
     {
@@ -62,7 +38,7 @@ struct ExportDialogs : testing::Test {
     test::TemporaryFolder folder;
     std::filesystem::path file = folder / "<b>ä.sqlite";
     NetworkMap model;
-    MessageReader messages;
+    test::MessageReader messages;
 };
 
 class ScriptedExportDlg : public CDatabaseExportDlg {

@@ -1,15 +1,21 @@
 #pragma once
 
+#include <filesystem>
 #include <functional>
 #include <memory>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QDropEvent>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QTest>
 #include <QTimer>
+#include <QUrl>
+#include <gtest/gtest.h>
 
 namespace test {
 
@@ -50,6 +56,53 @@ private:
 inline std::unique_ptr<ModalSteps> whenShown(std::vector<ModalSteps::Step> steps)
 {
     return std::make_unique<ModalSteps>(std::move(steps));
+}
+
+/// Closes the message boxes that come up and collects their texts.
+class MessageReader : public QObject {
+public:
+    MessageReader()
+    {
+        connect(&timer_, &QTimer::timeout, this, [this] {
+            if (auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+                texts.push_back(box->text().toStdString());
+                box->accept();
+            }
+        });
+        timer_.start(1);
+    }
+
+    std::vector<std::string> texts;
+
+private:
+    QTimer timer_;
+};
+
+/// A widget that has its number for a name.
+template <class Widget>
+Widget& control(const QWidget& window, int id)
+{
+    auto* const found = window.findChild<Widget*>(QString::number(id));
+    if (!found)
+        throw std::runtime_error("no control " + std::to_string(id));
+    return *found;
+}
+
+/// Drops files on a window; whether it took them.
+inline bool drop(QWidget& window, const std::vector<std::filesystem::path>& files)
+{
+    QMimeData data;
+    QList<QUrl> urls;
+    for (const std::filesystem::path& file : files)
+        urls << QUrl::fromLocalFile(QString::fromStdString(file.string()));
+    data.setUrls(urls);
+    const Qt::DropActions actions = Qt::CopyAction | Qt::MoveAction;
+    QDragEnterEvent enter({}, actions, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&window, &enter);
+    QDropEvent event({}, actions, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&window, &event);
+    EXPECT_TRUE(!event.isAccepted() || event.dropAction() == Qt::CopyAction);
+    return event.isAccepted();
 }
 
 /// The texts of all labels or boxes in a window, in their order.
