@@ -2,7 +2,7 @@
 
 #include "tests/support/status_driver.h"
 
-#include <condition_variable>
+#include <latch>
 
 #include <gtest/gtest.h>
 
@@ -13,27 +13,6 @@ using std::chrono::hours;
 using std::chrono::milliseconds;
 using std::chrono::seconds;
 using test::StatusDriver;
-
-/// A gate in the driver's calls.
-class Gate {
-public:
-    void waitUntilOpen()
-    {
-        std::unique_lock lock(mutex_);
-        changed_.wait(lock, [this] { return isOpen_; });
-    }
-    void open()
-    {
-        const std::lock_guard lock(mutex_);
-        isOpen_ = true;
-        changed_.notify_all();
-    }
-
-private:
-    std::mutex mutex_;
-    std::condition_variable changed_;
-    bool isOpen_ = false;
-};
 
 DriverMonitor monitorOf(StatusDriver* driver, DriverMonitor::Pace pace)
 {
@@ -87,18 +66,18 @@ TEST(DriverMonitor, asksAgainWhenItIsTold)
 
 TEST(DriverMonitor, takesAnOverdueAnswerForNone)
 {
-    Gate gate;
+    std::latch goesOn{1};
     const auto driver = StatusDriver::make();
     driver->duringRound = [&] {
         if (driver->rounds > 1)
-            gate.waitUntilOpen();
+            goesOn.wait();
     };
     DriverMonitor monitor =
         monitorOf(driver.get(), {.period = milliseconds(0), .overdue = milliseconds(1)});
     while (!monitor.state().wasAsked || monitor.state().tunerType)
         std::this_thread::yield();
     EXPECT_FALSE(monitor.state().isLocked);
-    gate.open();
+    goesOn.count_down();
 }
 
 TEST(DriverMonitor, asksNothingMoreOnceItIsStopped)
@@ -114,19 +93,19 @@ TEST(DriverMonitor, asksNothingMoreOnceItIsStopped)
 
 TEST(DriverMonitor, leavesADriverThatHangsAlone)
 {
-    Gate gate;
-    Gate entered;
+    std::latch goesOn{1};
+    std::latch entered{1};
     auto driver = StatusDriver::make();
     driver->duringRound = [&] {
-        entered.open();
-        gate.waitUntilOpen();
+        entered.count_down();
+        goesOn.wait();
     };
     {
         DriverMonitor monitor = monitorOf(driver.get(), {});
-        entered.waitUntilOpen();
+        entered.wait();
         EXPECT_FALSE(monitor.stop(milliseconds(1)));
     }
-    gate.open();
+    goesOn.count_down();
     // The thread lets go of the driver in the end: ours is the last reference.
     while (driver->AddRef() != 2) {
         driver->Release();

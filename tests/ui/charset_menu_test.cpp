@@ -49,8 +49,7 @@ protected:
 
 TEST_F(CharsetMenuTest, showsTextsWithTheTableThatIsChosen)
 {
-    open();
-    scan();
+    openAndScan();
     select("SERVICE_DESCRIPTOR");
     const Names automatic = names();
     choose({"All networks", "Texts without selector", "ISO/IEC 8859-2"});
@@ -64,8 +63,7 @@ TEST_F(CharsetMenuTest, showsTextsWithTheTableThatIsChosen)
 
     // The choice is there again in the next run.
     frame.reset();
-    open();
-    scan();
+    openAndScan();
     select("SERVICE_DESCRIPTOR");
     EXPECT_EQ(names(), Names(automatic.first, "\u0104"));
     choose({"All networks", "Automatic"});

@@ -13,8 +13,7 @@ class Finding : public test::WindowTest {
 protected:
     void openBar()
     {
-        open();
-        scan();
+        openAndScan();
         frame->action(Command::Find)->trigger();
     }
 

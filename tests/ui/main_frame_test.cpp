@@ -5,7 +5,7 @@
 #include "ui/output_bar.h"
 #include "ui/recent_files.h"
 
-#include <set>
+#include <latch>
 
 #include <QDesktopServices>
 #include <QMenu>
@@ -67,15 +67,12 @@ TEST_F(MainFrame, followsTheDriver)
 
 TEST_F(MainFrame, showsTheStatusOfADriverThatHasNotAnsweredAsNotLocked)
 {
-    std::atomic<bool> goesOn = false;
-    driver->duringRound = [&] { goesOn.wait(false); };
-    document =
-        std::make_unique<CTessaview3Doc>(static_cast<IDriverInfo*>(driver.get()), nullptr, dialogs);
-    frame = std::make_unique<CMainFrame>(*document, HelpAddresses());
+    std::latch goesOn{1};
+    driver->duringRound = [&] { goesOn.wait(); };
+    make();
     EXPECT_EQ(frame->statusText(), "NOT LOCKED");
     EXPECT_FALSE(isEnabled(Command::ScanTransponder));
-    goesOn = true;
-    goesOn.notify_all();
+    goesOn.count_down();
     frame.reset();
     document.reset(); // asks no more
 }

@@ -50,8 +50,7 @@ TEST_F(Scan, showsTheModelWhenTheDialogEndsWithOk)
 
 TEST_F(Scan, clearsTheTreeFirstAndLeavesItEmptyWhenTheDialogIsCancelled)
 {
-    open();
-    scan();
+    openAndScan();
     select("1001");
     dialogs.read = [this](NetworkMap&) {
         EXPECT_TRUE(tree().empty());
@@ -68,8 +67,7 @@ TEST_F(Scan, clearsTheTreeFirstAndLeavesItEmptyWhenTheDialogIsCancelled)
 
 TEST_F(Scan, keepsTheModelOrEmptiesItAsTheUserSays)
 {
-    open();
-    scan();
+    openAndScan();
     dialogs.read = readAnother;
     const BoxAnswer keep(Qt::Key_Y);
     scan();
@@ -83,8 +81,7 @@ TEST_F(Scan, keepsTheModelOrEmptiesItAsTheUserSays)
 
 TEST_F(Scan, leavesModelAndTreeUntouchedOnCancel)
 {
-    open();
-    scan();
+    openAndScan();
     select("1001");
     const std::size_t nodes = tree().size();
     dialogs.opened.clear();

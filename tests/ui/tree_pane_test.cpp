@@ -5,6 +5,8 @@
 #include "tests/ui/window_test.h"
 #include "ui/tree_model.h"
 
+#include <latch>
+
 #include <QAbstractItemModelTester>
 #include <QApplication>
 #include <QClipboard>
@@ -61,8 +63,7 @@ TEST(TreeModel, isOneTheToolkitFindsNoFaultWith)
 
 TEST_F(TreePane, offersWhatBelongsToTheKindOfANodeFirst)
 {
-    open();
-    scan();
+    openAndScan();
     const Items all{"Copy path", "Expand all below here", "Collapse all below here"};
     const auto behind = [&](Items own, std::size_t common) {
         own.emplace_back("-");
@@ -88,8 +89,7 @@ TEST_F(TreePane, setsTheTunerOfTheKindThatTheDescriptorIsFor)
         const char* label;
         const char* call;
     };
-    open();
-    scan();
+    openAndScan();
     for (const auto& [tuner, label, call] :
          {Case{1, "SATELLITEDELIVERYSYSTEM", "satellite '' 1175725"},
           Case{2, "CABLEDELIVERYSYSTEM", "cable 3460000"},
@@ -108,8 +108,7 @@ TEST_F(TreePane, setsTheTunerOfTheKindThatTheDescriptorIsFor)
 TEST_F(TreePane, reportsATunerThatCannotBeSet)
 {
     const test::Recorder recorder;
-    open();
-    scan();
+    openAndScan();
     driver->setAnswer = status::kFail;
     const BoxAnswer answer(Qt::Key_Return);
     chooseFirst("SATELLITEDELIVERYSYSTEM");
@@ -122,8 +121,7 @@ TEST_F(TreePane, reportsATunerThatCannotBeSet)
 
 TEST_F(TreePane, reportsATunerThatCannotBeSetForWantOfAThread)
 {
-    open();
-    scan();
+    openAndScan();
     const BoxAnswer answer(Qt::Key_Return);
     {
         const test::NoThreads noThreads;
@@ -135,10 +133,9 @@ TEST_F(TreePane, reportsATunerThatCannotBeSetForWantOfAThread)
 
 TEST_F(TreePane, letsTheUserStopWaitingForATunerThatHangs)
 {
-    open();
-    scan();
-    std::atomic<bool> goesOn = false;
-    driver->duringSet = [&] { goesOn.wait(false); };
+    openAndScan();
+    std::latch goesOn{1};
+    driver->duringSet = [&] { goesOn.wait(); };
     QTimer stop;
     QObject::connect(&stop, &QTimer::timeout, [&] {
         if (auto* const box = qobject_cast<QProgressDialog*>(QApplication::activeModalWidget()))
@@ -148,8 +145,7 @@ TEST_F(TreePane, letsTheUserStopWaitingForATunerThatHangs)
     chooseFirst("SATELLITEDELIVERYSYSTEM");
     frame->refresh();
     EXPECT_FALSE(frame->action(Command::ScanTransponder)->isEnabled()) << "the driver is busy";
-    goesOn = true;
-    goesOn.notify_all();
+    goesOn.count_down();
     EXPECT_TRUE(test::waitFor([&] { return !document->driverCall().isBusy(); }));
     frame->refresh();
     EXPECT_TRUE(frame->action(Command::ScanTransponder)->isEnabled());
@@ -157,8 +153,7 @@ TEST_F(TreePane, letsTheUserStopWaitingForATunerThatHangs)
 
 TEST_F(TreePane, showsNoMenuOnEmptySpace)
 {
-    open();
-    scan();
+    openAndScan();
     auto& pane = frame->treePane();
     const QPoint place(5, pane.viewport()->height() - 5);
     QContextMenuEvent event(QContextMenuEvent::Mouse, place, pane.viewport()->mapToGlobal(place));
@@ -168,8 +163,7 @@ TEST_F(TreePane, showsNoMenuOnEmptySpace)
 
 TEST_F(TreePane, opensAndClosesAWholeBranch)
 {
-    open();
-    scan();
+    openAndScan();
     auto& pane = frame->treePane();
     select("PMT");
     pane.expandBelow();
@@ -187,8 +181,7 @@ TEST_F(TreePane, opensAndClosesAWholeBranch)
 
 TEST_F(TreePane, copiesThePathByKey)
 {
-    open();
-    scan();
+    openAndScan();
     select("PMT");
     test::pressIn(frame->treePane(), Qt::Key_C, Qt::ControlModifier);
     EXPECT_TRUE(QApplication::clipboard()->text().endsWith(" > 0451 - Unknown > PMT"));

@@ -76,8 +76,7 @@ TEST_F(ValuePane, staysAsItIsForAMereGroup)
 
 TEST_F(ValuePane, showsTheBytesOfARowInFull)
 {
-    open();
-    scan();
+    openAndScan();
     select("CA_DESCRIPTOR");
     constexpr std::size_t kPrivateBytes = 4;
     const auto& row = frame->valuePane().valueModel().rows().at(kPrivateBytes);
@@ -90,8 +89,7 @@ TEST_F(ValuePane, showsTheBytesOfARowInFull)
 
 TEST_F(ValuePane, offersTheMenuOfAPid)
 {
-    open();
-    scan();
+    openAndScan();
     select("CA_DESCRIPTOR");
     const Items copying{"Copy value", "Copy row", "Copy all rows"};
     EXPECT_EQ(menuOfRow(3), (Items{"[PID streaming...]", "-", copying[0], copying[1], copying[2]}));
@@ -100,8 +98,7 @@ TEST_F(ValuePane, offersTheMenuOfAPid)
 
 TEST_F(ValuePane, copiesByKey)
 {
-    open();
-    scan();
+    openAndScan();
     select("SERVICE_DESCRIPTOR");
     auto& pane = frame->valuePane();
     frame->treePane().setFocus();

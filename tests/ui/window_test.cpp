@@ -33,7 +33,7 @@ void pressIn(QWidget& widget, Qt::Key key, Qt::KeyboardModifiers modifiers)
     QTest::keyClick(&widget, key, modifiers);
 }
 
-void WindowTest::open()
+void WindowTest::make()
 {
     document =
         std::make_unique<CTessaview3Doc>(static_cast<IDriverInfo*>(driver.get()), nullptr, dialogs);
@@ -41,6 +41,11 @@ void WindowTest::open()
                                                                   .email = "test:mail",
                                                                   .updates = "test:updates",
                                                                   .buildNumber = 5});
+}
+
+void WindowTest::open()
+{
+    make();
     frame->show();
     settle();
 }

@@ -78,10 +78,17 @@ bool waitFor(Condition condition)
 /// The main window over a driver that does what the test says.
 class WindowTest : public testing::Test {
 protected:
+    /// Makes the window, without waiting for the driver.
+    void make();
     /// Opens the window, on the next state that the driver answers.
     void open();
     /// Waits until the window shows what the driver tells now.
     void settle();
+    void openAndScan()
+    {
+        open();
+        scan();
+    }
     void scan() { frame->action(tessaview::Command::ScanTransponder)->trigger(); }
 
     const tessaview::Tree& tree() const { return frame->treePane().treeModel().tree(); }
