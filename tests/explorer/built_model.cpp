@@ -54,12 +54,37 @@ std::string treeText(const NodeView& node, std::size_t depth)
     return text;
 }
 
+namespace {
+
+/// What a node does besides showing its rows.
+std::string doingOf(const NodeKind& kind)
+{
+    std::string text = kind.item == NodeItem::None ? " (leaves the pane as it was)" : "";
+    if (kind.menu != ContextMenu::None)
+        text += " (menu " + std::to_string(static_cast<int>(kind.menu)) + ")";
+    return text;
+}
+
+/// What a row says besides its name and data.
+std::string itemText(const ValueRow& row)
+{
+    std::string text;
+    if (row.item == RowItem::Bytes)
+        text += " (" + std::to_string(row.bytes.size()) + " bytes)";
+    if (row.item == RowItem::Pid)
+        text += " (PID " + std::to_string(row.pid) + ")";
+    return text + (row.remark.empty() ? "" : " (" + row.remark + ")");
+}
+
+} // namespace
+
 std::string valuesText(const NodeView& node, std::size_t depth)
 {
     const std::string indent(2 * depth, ' ');
-    std::string text = indent + node.label() + '\n';
+    std::string text = indent + node.label() + doingOf(node.kind()) + '\n';
     for (const ValueRow& row : valueRows(node))
-        text.append(indent).append(4, ' ').append(row.name).append(" = ").append(row.data) += '\n';
+        text.append(indent).append(4, ' ').append(row.name).append(" = ").append(row.data) +=
+            itemText(row) + '\n';
     for (std::size_t i = 0; i < node.childCount(); ++i)
         text += valuesText(node.child(i), depth + 1);
     return text;

@@ -34,7 +34,7 @@ tessaview::NodeView serviceOf(const BuiltModel& built);
 
 /// A node per line, two blanks more for each level.
 std::string treeText(const tessaview::NodeView& node, std::size_t depth = 0);
-/// The same with the rows of each node below it.
+/// The same with what each node does, and below it its rows and what they are besides text.
 std::string valuesText(const tessaview::NodeView& node, std::size_t depth = 0);
 /// The labels of the children, with blanks between.
 std::string childLabels(const tessaview::NodeView& node);

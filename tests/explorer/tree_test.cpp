@@ -11,8 +11,6 @@
 #include <gtest/gtest.h>
 
 using namespace test;
-using tessaview::ContextMenu;
-using tessaview::NodeItem;
 using tessaview::NodeView;
 
 namespace {
@@ -148,43 +146,4 @@ TEST(Tree, namesStreamTypes)
     EXPECT_EQ(childLabels(built.at({"PMT", "0001 - <service not in SDT>", "STREAM_INFO"})),
               "RESERVED ISO13818-1 PRIVATE SECTIONS ISO13818-1 AUXILIARY RESERVED RESERVED "
               "RESERVED USER PRIVATE USER PRIVATE USER PRIVATE");
-}
-
-TEST(Tree, fixesWhatItsNodesCarryAndOpen)
-{
-    const BuiltModel built({
-        sdt(kSdtActual, kStream, kNetwork,
-            {{.id = 1,
-              .descriptors = {satelliteDelivery({.frequency = 1, .orbitalPosition = 1}),
-                              cableDelivery({.frequency = 1}), terrestrialDelivery(1),
-                              linkage(1, 2, 3, 4), linkage(1, 2, 3, 4)}}}),
-        pmt(1, 1, {}),
-        eit(0x4E, 1, 2, 3, {}),
-    });
-    const NodeView service = serviceOf(built);
-    const NodeView root = built.tree.root();
-    struct Case {
-        NodeView node;
-        NodeItem item;
-        ContextMenu menu;
-    };
-    const std::vector<Case> cases{
-        {root, NodeItem::Plain, ContextMenu::None},
-        {root.child(0), NodeItem::Plain, ContextMenu::None},
-        {built.transportStream(), NodeItem::Plain, ContextMenu::TransportStream},
-        {built.at({"EIT"}), NodeItem::None, ContextMenu::None},
-        {built.at({"EIT"}).child(0), NodeItem::Plain, ContextMenu::None},
-        {built.at({"PMT"}), NodeItem::Plain, ContextMenu::None},
-        {built.at({"PMT"}).child(0), NodeItem::Filled, ContextMenu::Program},
-        {service.parent(), NodeItem::Filled, ContextMenu::None},
-        {service.child(0), NodeItem::Filled, ContextMenu::SatelliteDelivery},
-        {service.child(1), NodeItem::Filled, ContextMenu::CableDelivery},
-        {service.child(2), NodeItem::None, ContextMenu::None}, // LINKAGE_DESCRIPTORS
-        {service.child(2).child(1), NodeItem::Filled, ContextMenu::None},
-        {service.child(3), NodeItem::Filled, ContextMenu::TerrestrialDelivery},
-    };
-    for (const auto& [node, item, menu] : cases) {
-        EXPECT_EQ(node.kind().item, item) << node.label();
-        EXPECT_EQ(node.kind().menu, menu) << node.label();
-    }
 }

@@ -13,7 +13,6 @@
 using namespace test;
 using tessaview::CharsetPolicy;
 using tessaview::NodeView;
-using tessaview::RowItem;
 using tessaview::ValueRow;
 using tessaview::valueRows;
 
@@ -26,28 +25,6 @@ CharsetPolicy policyOf(const std::vector<const char*>& rules)
     for (const char* const text : rules)
         policy.set(tessaview::parseCharsetRule(text, problem).value());
     return policy;
-}
-
-/// What a row says besides its name and data.
-std::string itemText(const ValueRow& row)
-{
-    switch (row.item) {
-    case RowItem::Bytes:
-        return std::to_string(row.bytes.size()) + " bytes";
-    case RowItem::Pid:
-        return "PID " + std::to_string(row.pid);
-    case RowItem::None:
-        break;
-    }
-    return row.remark;
-}
-
-std::vector<std::string> itemTexts(const NodeView& node)
-{
-    std::vector<std::string> texts;
-    for (const ValueRow& row : valueRows(node))
-        texts.push_back(itemText(row));
-    return texts;
 }
 
 using Texts = std::vector<std::string>;
@@ -65,39 +42,6 @@ TEST(ValueRows, showTheFirstHundredBytesAndKeepAll)
         hundred += " A5";
     EXPECT_EQ(rows[4].data, hundred);
     EXPECT_EQ(Bytes(rows[4].bytes.begin(), rows[4].bytes.end()), privateData);
-    EXPECT_EQ(itemTexts(serviceOf(built).child(0)), (Texts{"", "", "", "PID 8191", "150 bytes"}));
-}
-
-TEST(ValueRows, areEmptyForNodesWithoutFields)
-{
-    const BuiltModel built = modelOfService({linkage(1, 2, 3, 4), linkage(1, 2, 3, 4)});
-    for (const NodeView& node : {built.tree.root(), built.transportStream(),
-                                 built.transportStream().child(0), serviceOf(built).child(0)})
-        EXPECT_TRUE(valueRows(node).empty()) << node.label();
-    EXPECT_FALSE(valueRows(serviceOf(built).child(0).child(0)).empty());
-}
-
-TEST(ValueRows, sayWhatTheCellsOfAMosaicHold)
-{
-    const BuiltModel built = modelOfService({hex(
-        "51 1E 00 FFFF 01 3F 01 0085 0400 00 02 0085 0451 0001 0400 00 04 0085 0451 0001 ABCD")});
-    const NodeView cells = serviceOf(built).child(0).child(0);
-    EXPECT_EQ(itemTexts(cells.child(0)), (Texts{"logical_cell_id", "logical_cell_presentation_info",
-                                                "elementary_cell_field_length", "1 bytes",
-                                                "cell_linkage_info: bouquet 0085"}));
-    EXPECT_EQ(valueRows(cells.child(1))[4].remark,
-              "cell_linkage_info: service 0001 of transport stream 0451, network 0085");
-    EXPECT_EQ(valueRows(cells.child(2))[4].remark,
-              "cell_linkage_info: event ABCD of service 0001, transport stream 0451, network 0085");
-}
-
-TEST(ValueRows, showWestAndEast)
-{
-    for (const bool isEast : {false, true}) {
-        const BuiltModel built = modelOfService(
-            {satelliteDelivery({.frequency = 1, .orbitalPosition = 1, .isEast = isEast})});
-        EXPECT_EQ(valueRows(serviceOf(built).child(0))[4].data, isEast ? "1 - east" : "0 - west");
-    }
 }
 
 TEST(ValueRows, readTextsByTheRuleOfTheirNetwork)
