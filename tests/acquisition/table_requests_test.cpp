@@ -2,93 +2,55 @@
 
 #include "tests/multiplex/sections.h"
 
-#include <array>
+#include <algorithm>
 #include <cstring>
-#include <gmock/gmock.h>
+#include <sstream>
+
+#include <gtest/gtest.h>
 
 namespace {
 
 using namespace tessaview; // NOLINT(google-build-using-namespace)
-using test::Bytes;
 
-/// The hundred bytes of a request, little-endian, by the offsets of its layout.
-Bytes layout(int PID, int table_id, int mode, int program_number = -1)
+/// Requests by their PID, table_id, mode and program, each of them in hexadecimal.
+std::string textOf(const std::vector<TableRequest>& requests)
 {
-    Bytes bytes(100, 0);
-    bytes[0] = static_cast<std::uint8_t>(PID);
-    bytes[1] = static_cast<std::uint8_t>(PID >> 8);
-    bytes[4] = static_cast<std::uint8_t>(table_id);
-    bytes[8] = static_cast<std::uint8_t>(mode);
-    if (program_number >= 0) {
-        bytes[28] = 1;
-        bytes[32] = static_cast<std::uint8_t>(program_number);
-        bytes[33] = static_cast<std::uint8_t>(program_number >> 8);
-    }
-    return bytes;
-}
-
-std::vector<Bytes> bytesOf(const std::vector<TableRequest>& requests)
-{
-    std::vector<Bytes> all;
+    std::ostringstream text;
+    text << std::hex;
     for (const TableRequest& request : requests) {
-        Bytes bytes(sizeof request);
-        std::memcpy(bytes.data(), &request, sizeof request);
-        all.push_back(bytes);
+        text << ' ' << request.PID << '/' << int{request.table_id} << '/'
+             << request.collection_mode;
+        if (request.match_table_id_extension != 0)
+            text << '/' << request.table_id_extension;
     }
-    return all;
+    return text.str();
 }
 
-struct Optional {
-    SiTableMask bit;
-    int PID;
-    int table_id;
-    int mode;
-};
-
-const std::vector<Bytes> kAlways{layout(0x00, 0x00, 0), layout(0x10, 0x40, 0),
-                                 layout(0x11, 0x42, 0)};
-constexpr std::array<Optional, 11> kOptional{{{0x0002, 0x01, 0x01, 0},
-                                              {0x0004, 0x11, 0x4A, 0},
-                                              {0x2000, 0x14, 0x70, 0},
-                                              {0x4000, 0x14, 0x73, 0},
-                                              {0x1000, 0x13, 0x71, 0},
-                                              {0x0020, 0x10, 0x41, 3},
-                                              {0x0800, 0x11, 0x46, 4},
-                                              {0x0040, 0x12, 0x4E, 5},
-                                              {0x0080, 0x12, 0x4F, 5},
-                                              {0x0100, 0x12, 0x50, 5},
-                                              {0x0200, 0x12, 0x60, 5}}};
-
-std::vector<Bytes> requested(SiTableMask mask)
+std::string requested(SiTableMask mask)
 {
-    return bytesOf(TableRequests(TableSelection::fixed(mask)).requests());
+    return textOf(TableRequests(TableSelection::fixed(mask)).requests());
 }
 
-TEST(TableRequests, areTheThreeThatAreAlwaysReadWhenNothingIsChosen)
+const std::string kAlways = " 0/0/0 10/40/0 11/42/0";
+
+/// Each bit with its request, in the order of the batch.
+const std::vector<std::pair<SiTableMask, const char*>> kOptional{
+    {0x0002, " 1/1/0"},   {0x0004, " 11/4a/0"}, {0x2000, " 14/70/0"}, {0x4000, " 14/73/0"},
+    {0x1000, " 13/71/0"}, {0x0020, " 10/41/3"}, {0x0800, " 11/46/4"}, {0x0040, " 12/4e/5"},
+    {0x0080, " 12/4f/5"}, {0x0100, " 12/50/5"}, {0x0200, " 12/60/5"}};
+
+TEST(TableRequests, holdThreeTablesAlwaysAndThenEachChosenOneInOrder)
 {
     EXPECT_EQ(requested(0), kAlways);
-    const SiTableMask without = kAllTables & ~(0x0001U | 0x0010U | 0x0400U);
-    EXPECT_EQ(requested(without), requested(kAllTables)) << "their own bits gate nothing";
-}
-
-TEST(TableRequests, holdEachChosenTable)
-{
-    for (const Optional& table : kOptional) {
-        std::vector<Bytes> expected = kAlways;
-        expected.push_back(layout(table.PID, table.table_id, table.mode));
-        EXPECT_EQ(requested(table.bit), expected) << table.bit;
-    }
     EXPECT_EQ(requested(0x0008), kAlways) << "PMTs are a batch of their own";
-}
-
-TEST(TableRequests, areFourteenInOrderWhenAllIsChosen)
-{
-    std::vector<Bytes> expected = kAlways;
-    for (const Optional& table : kOptional)
-        expected.push_back(layout(table.PID, table.table_id, table.mode));
-    EXPECT_EQ(requested(kAllTables), expected);
-    const TableRequests all(TableSelection::fixed(kAllTables));
-    EXPECT_EQ(all.place(SiTable::EitScheduleOther), 13);
+    std::string all = kAlways;
+    for (const auto& [bit, request] : kOptional) {
+        EXPECT_EQ(requested(bit), kAlways + request);
+        all += request;
+    }
+    EXPECT_EQ(requested(kAllTables), all);
+    const SiTableMask without = kAllTables & ~(0x0001U | 0x0010U | 0x0400U);
+    EXPECT_EQ(requested(without), all) << "their own bits gate nothing";
 }
 
 TEST(TableRequests, tellWhereAnAnswerStands)
@@ -97,14 +59,25 @@ TEST(TableRequests, tellWhereAnAnswerStands)
     EXPECT_EQ(some.place(SiTable::Rst), 3);
     EXPECT_EQ(some.place(SiTable::EitScheduleOther), 4);
     EXPECT_EQ(some.place(SiTable::Cat), std::nullopt);
+    EXPECT_EQ(TableRequests(TableSelection::fixed(kAllTables)).place(SiTable::EitScheduleOther),
+              13);
 }
 
 TEST(PmtRequests, nameEveryProgramInThePatsOrder)
 {
     lib13818::Pat pat;
     pat.parse(test::pat(1, {{0xFFFF, 0x1FFE}, {0, 0x0010}, {1, 0x0100}}));
-    EXPECT_EQ(bytesOf(pmtRequests(pat)),
-              (std::vector{layout(0x1FFE, 2, 0, 0xFFFF), layout(0x0100, 2, 0, 0x0001)}));
+    EXPECT_EQ(textOf(pmtRequests(pat)), " 1ffe/2/0/ffff 100/2/0/1");
+}
+
+/// What is not named is 0 in every byte.
+TEST(PmtRequests, leaveTheRestOfTheRecordEmpty)
+{
+    lib13818::Pat pat;
+    pat.parse(test::pat(1, {{0x1234, 0x0100}}));
+    test::Bytes bytes(sizeof(TableRequest));
+    std::memcpy(bytes.data(), pmtRequests(pat).data(), bytes.size());
+    EXPECT_EQ(std::count(bytes.begin(), bytes.end(), 0), 95); // all but 01, 02, 01, 34 and 12
 }
 
 } // namespace
