@@ -51,7 +51,7 @@ test::ModalSteps::Step selectionOf(int drivers)
 
 class DriverSelectionTest : public testing::Test {
 protected:
-    ~DriverSelectionTest() override
+    void TearDown() override
     {
         test::writeFile(journal_ + ".go", ""); // whoever hangs may return now
         while (PendingCall::unfinished() > 0)

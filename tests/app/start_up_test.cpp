@@ -21,7 +21,7 @@ namespace {
 
 struct StartUp : testing::Test {
     StartUp() { components.satelliteList(); }
-    ~StartUp() override
+    void TearDown() override
     {
         writeFile(journal + ".go", ""); // whoever hangs may return now
         while (PendingCall::unfinished() > 0)
@@ -29,8 +29,8 @@ struct StartUp : testing::Test {
         g_log.Close();
     }
 
-    void install(const Guid& clsid) { components.scriptedDriver(clsid, "Receiver"); }
-    void store(const std::string& clsid)
+    void install(const Guid& clsid) const { components.scriptedDriver(clsid, "Receiver"); }
+    void store(const std::string& clsid) const
     {
         Settings(settings).setText(kSettingsKey, "driverclsid", clsid);
     }
@@ -91,7 +91,7 @@ struct StartUp : testing::Test {
 struct OneStart : StartUp {
     void TestBody() override {}
 
-    void choose(const Guid& clsid)
+    void choose(const Guid& clsid) const
     {
         install(clsid);
         store(toText(clsid));
@@ -199,6 +199,7 @@ TEST(StartUps, goThroughTheirStepsAndEndInOrder)
         transcripts += std::string(each.name) + '\n';
         for (std::string line; std::getline(lines, line);)
             transcripts += "    " + line + '\n';
+        start.TearDown();
     }
     test::expectText("app/start_ups.txt", transcripts);
     EXPECT_FALSE(std::filesystem::exists("satlist.xml")) << "saved where it happened to be";

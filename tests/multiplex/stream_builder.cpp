@@ -94,13 +94,6 @@ StreamBuilder& StreamBuilder::repeatLast()
     return *this;
 }
 
-StreamBuilder& StreamBuilder::lose(std::size_t index)
-{
-    const auto first = stream_.begin() + static_cast<std::ptrdiff_t>(index * kPacketSize);
-    stream_.erase(first, first + static_cast<std::ptrdiff_t>(kPacketSize));
-    return *this;
-}
-
 std::span<uint8_t> StreamBuilder::packet(std::size_t index)
 {
     return std::span(stream_).subspan(index * kPacketSize, kPacketSize);
@@ -119,7 +112,7 @@ Bytes StreamBuilder::build(std::size_t packetSize) const
             for (unsigned i = 0; i < 16; ++i)
                 out.u8(i);
     }
-    return out;
+    return out.get();
 }
 
 } // namespace test

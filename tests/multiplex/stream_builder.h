@@ -26,8 +26,6 @@ public:
     StreamBuilder& payload(unsigned pid, std::span<const uint8_t> bytes);
     /// The last packet once more, as the standard allows.
     StreamBuilder& repeatLast();
-    /// Takes the packet at an index away; counters go on as if it had been sent.
-    StreamBuilder& lose(std::size_t index);
     /// The packet at an index, to spoil it.
     std::span<uint8_t> packet(std::size_t index);
     std::size_t packetCount() const { return stream_.size() / kPacketSize; }

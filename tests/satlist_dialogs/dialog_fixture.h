@@ -26,6 +26,7 @@ protected:
     {
         std::vector<std::string> texts;
         const auto& list = control<QListWidget>(window, id);
+        texts.reserve(static_cast<std::size_t>(list.count()));
         for (int row = 0; row < list.count(); ++row)
             texts.push_back(list.item(row)->text().toStdString());
         return texts;
