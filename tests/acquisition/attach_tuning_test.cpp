@@ -1,9 +1,9 @@
 #include "acquisition/attach_tuning.h"
 
 #include "tests/acquisition/recorder.h"
-#include "tests/acquisition/scripted_driver.h"
 #include "tests/multiplex/descriptors.h"
 #include "tests/multiplex/sections.h"
+#include "tests/support/scripted_driver.h"
 #include "tests/support/tuning_records.h"
 
 #include <gmock/gmock.h>
@@ -31,7 +31,7 @@ struct TuningOfStream : testing::Test {
         nit.parse(test::nit(0x40, 0x3000, {}, entries));
         transponder.nitActual[0x3000][0] = std::move(nit);
         transponder.transport_stream_id = 0x0451;
-        driver->tunerType = static_cast<std::uint16_t>(tuner);
+        driver->tunerType = tuner;
         EXPECT_EQ(attachTuning(transponder, DriverAccess(static_cast<IDriverInfo*>(driver.get()))),
                   status::kOk);
         return transponderText(transponder);

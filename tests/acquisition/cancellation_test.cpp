@@ -1,6 +1,6 @@
 #include "driver/cancellation.h"
 
-#include "tests/acquisition/scripted_driver.h"
+#include "tests/support/scripted_driver.h"
 
 #include <memory>
 

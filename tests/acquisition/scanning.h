@@ -2,11 +2,11 @@
 
 #include "acquisition/scanner.h"
 #include "tests/acquisition/recorder.h"
-#include "tests/acquisition/scripted_driver.h"
 #include "tests/acquisition/scripted_satellites.h"
 #include "tests/acquisition/task_memory_watch.h"
 #include "tests/multiplex/descriptors.h"
 #include "tests/multiplex/sections.h"
+#include "tests/support/scripted_driver.h"
 #include "tests/support/tuning_records.h"
 
 #include <array>
@@ -100,22 +100,6 @@ struct Scanning : testing::Test {
         return scanner.run(mode);
     }
 
-    /// What the tuner was set to: "Harbour 1110000".
-    Lines tuned() const
-    {
-        Lines lines;
-        for (const test::TuningCall& call : driver->tunings) {
-            EXPECT_EQ(call.owner, &model);
-            if (const auto* s = std::get_if<SatelliteTuning>(&call.record))
-                lines.push_back(call.satellite + " " + std::to_string(s->frequency));
-            else if (const auto* c = std::get_if<CableTuning>(&call.record))
-                lines.push_back("cable " + std::to_string(c->frequency));
-            else if (const auto* t = std::get_if<TerrestrialTuning>(&call.record))
-                lines.push_back("terrestrial " + std::to_string(t->centre_frequency));
-        }
-        return lines;
-    }
-
     /// All that is to be seen of a scan, line by line.
     std::string transcript() const
     {
@@ -126,7 +110,10 @@ struct Scanning : testing::Test {
         };
         add("prints:  ", recorder.printed());
         add("logs:    ", recorder.logged());
-        add("tunes:   ", tuned());
+        for (const TuningCall& call : driver->tunings) {
+            EXPECT_EQ(call.owner, &model);
+            add("tunes:   ", {tunedText(call)});
+        }
         add("reaches: ", progress.lines);
         for (const auto& [id, network] : model)
             for (const auto& [stream, transponder] : network.transponders)

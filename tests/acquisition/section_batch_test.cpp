@@ -2,9 +2,9 @@
 
 #include "component/task_memory.h"
 #include "tests/acquisition/recorder.h"
-#include "tests/acquisition/scripted_driver.h"
 #include "tests/acquisition/task_memory_watch.h"
 #include "tests/support/bytes.h"
+#include "tests/support/scripted_driver.h"
 
 #include <gmock/gmock.h>
 #include <limits>

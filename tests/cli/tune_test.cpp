@@ -29,7 +29,7 @@ struct ShellTuning : testing::Test {
         const std::string clsid = "{000000" + number + "-0000-0000-0000-000000000000}";
         writeFile(data / "components" / "deaf.component",
                   R"({"clsid": ")" + clsid + R"(", "name": "Deaf", "library": ")" +
-                      TESSAVIEW_BUILD_DIR "/tests/deaf/deaf_driver.so" +
+                      TESSAVIEW_BUILD_DIR "/tests/scripted/scripted_driver.so" +
                       R"(", "categories": ["{EF0D1518-8E81-4B68-940C-42A0ABF05AA6}"]})");
         std::vector<std::string> arguments{"--driver", "Deaf"};
         arguments.insert(arguments.end(), more.begin(), more.end());

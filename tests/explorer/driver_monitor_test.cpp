@@ -1,6 +1,6 @@
 #include "explorer/driver_monitor.h"
 
-#include "tests/support/status_driver.h"
+#include "tests/support/scripted_driver.h"
 
 #include <latch>
 
@@ -12,9 +12,9 @@ using namespace tessaview; // NOLINT(google-build-using-namespace)
 using std::chrono::hours;
 using std::chrono::milliseconds;
 using std::chrono::seconds;
-using test::StatusDriver;
+using test::ScriptedDriver;
 
-DriverMonitor monitorOf(StatusDriver* driver, DriverMonitor::Pace pace)
+DriverMonitor monitorOf(ScriptedDriver* driver, DriverMonitor::Pace pace)
 {
     return {ComPtr<IDriverControl>::share(driver), ComPtr<ITunerStatus>::share(driver), pace};
 }
@@ -28,7 +28,7 @@ DriverState firstAnswer(const DriverMonitor& monitor)
 
 TEST(DriverMonitor, tellsWhatTheDriverAnswered)
 {
-    const auto driver = StatusDriver::make();
+    const auto driver = ScriptedDriver::make();
     const DriverMonitor monitor = monitorOf(driver.get(), {});
     const DriverState state = firstAnswer(monitor);
     EXPECT_TRUE(state.isTuner(TunerType::Satellite));
@@ -38,10 +38,9 @@ TEST(DriverMonitor, tellsWhatTheDriverAnswered)
 
 TEST(DriverMonitor, takesAFailureForNoAnswerWhateverItLeaves)
 {
-    const auto driver = StatusDriver::make();
-    driver->tunerType = -1;
-    driver->locked = -1;
-    driver->hasStatusText = false;
+    const auto driver = ScriptedDriver::make();
+    for (const char* const question : {"GetTunerType", "IsLocked", "GetStatusText"})
+        driver->failAlways(question, status::kFail);
     const DriverMonitor failing = monitorOf(driver.get(), {});
     const DriverMonitor absent = monitorOf(nullptr, {});
     for (const DriverMonitor* monitor : {&failing, &absent}) {
@@ -54,7 +53,7 @@ TEST(DriverMonitor, takesAFailureForNoAnswerWhateverItLeaves)
 
 TEST(DriverMonitor, asksAgainWhenItIsTold)
 {
-    const auto driver = StatusDriver::make();
+    const auto driver = ScriptedDriver::make();
     DriverMonitor monitor = monitorOf(driver.get(), {.period = hours(1)});
     firstAnswer(monitor);
     driver->tunerType = 3;
@@ -67,9 +66,9 @@ TEST(DriverMonitor, asksAgainWhenItIsTold)
 TEST(DriverMonitor, takesAnOverdueAnswerForNone)
 {
     std::latch goesOn{1};
-    const auto driver = StatusDriver::make();
-    driver->duringRound = [&] {
-        if (driver->rounds > 1)
+    const auto driver = ScriptedDriver::make();
+    driver->duringCall = [&](std::string_view, int time) {
+        if (time > 0)
             goesOn.wait();
     };
     DriverMonitor monitor =
@@ -82,7 +81,7 @@ TEST(DriverMonitor, takesAnOverdueAnswerForNone)
 
 TEST(DriverMonitor, asksNothingMoreOnceItIsStopped)
 {
-    const auto driver = StatusDriver::make();
+    const auto driver = ScriptedDriver::make();
     DriverMonitor monitor = monitorOf(driver.get(), {.period = milliseconds(0)});
     EXPECT_TRUE(monitor.stop(hours(1)));
     const int rounds = driver->rounds;
@@ -95,8 +94,10 @@ TEST(DriverMonitor, leavesADriverThatHangsAlone)
 {
     std::latch goesOn{1};
     std::latch entered{1};
-    auto driver = StatusDriver::make();
-    driver->duringRound = [&] {
+    auto driver = ScriptedDriver::make();
+    driver->duringCall = [&](std::string_view call, int) {
+        if (call != "GetTunerType")
+            return;
         entered.count_down();
         goesOn.wait();
     };

@@ -57,7 +57,7 @@ TEST_F(MainFrame, followsTheDriver)
 
     driver->tunerType = 2;
     driver->locked = 0;
-    driver->hasStatusText = false;
+    driver->failAlways("GetStatusText", status::kFail);
     settle();
     EXPECT_EQ(frame->statusText(), "STATUS UNKNOWN");
     EXPECT_FALSE(isEnabled(Command::ScanNit));
@@ -68,7 +68,7 @@ TEST_F(MainFrame, followsTheDriver)
 TEST_F(MainFrame, showsTheStatusOfADriverThatHasNotAnsweredAsNotLocked)
 {
     std::latch goesOn{1};
-    driver->duringRound = [&] { goesOn.wait(); };
+    driver->duringCall = [&](std::string_view, int) { goesOn.wait(); };
     make();
     EXPECT_EQ(frame->statusText(), "NOT LOCKED");
     EXPECT_FALSE(isEnabled(Command::ScanTransponder));
@@ -89,7 +89,9 @@ TEST_F(MainFrame, opensWhatTheCommandsNameOnlyWhileTheyAreEnabled)
     for (const Command command :
          {Command::DeviceSettings, Command::DeviceTuning, Command::Streaming})
         frame->action(command)->trigger();
-    EXPECT_EQ(driver->calls(), (std::vector<std::string>{"settings", "tuning", "streaming"}));
+    EXPECT_EQ(driver->callsOf("Show"),
+              (std::vector<std::string>{"ShowSettingsDialog", "ShowTuningDialog",
+                                        "ShowStreamingDialog"}));
 
     // The menu still shows what the tuner was a moment ago.
     driver->locked = 0;
@@ -101,7 +103,7 @@ TEST_F(MainFrame, opensWhatTheCommandsNameOnlyWhileTheyAreEnabled)
 
 TEST_F(MainFrame, keepsTheDriversCommandsDisabledWithoutItsDialogs)
 {
-    driver->hasDialogs = false;
+    driver->missing = {IDeviceDialogs::kId};
     open();
     for (const Command command :
          {Command::DeviceSettings, Command::DeviceTuning, Command::Streaming})

@@ -91,30 +91,31 @@ TEST_F(TreePane, setsTheTunerOfTheKindThatTheDescriptorIsFor)
     };
     openAndScan();
     for (const auto& [tuner, label, call] :
-         {Case{1, "SATELLITEDELIVERYSYSTEM", "satellite '' 1175725"},
+         {Case{1, "SATELLITEDELIVERYSYSTEM", " 1175725"},
           Case{2, "CABLEDELIVERYSYSTEM", "cable 3460000"},
           Case{3, "TERRESTRIALDELIVERYSYSTEM", "terrestrial 49000000"}}) {
         driver->tunerType = tuner;
         settle();
         chooseFirst(label);
-        EXPECT_EQ(driver->calls().back(), call);
+        EXPECT_EQ(tunedText(driver->tunings.back()), call);
+        EXPECT_TRUE(driver->tunings.back().owner);
     }
     driver->tunerType = 1;
     settle();
     chooseFirst("CABLEDELIVERYSYSTEM"); // disabled: what is chosen is the item behind it
-    EXPECT_EQ(driver->calls().size(), 3U);
+    EXPECT_EQ(driver->tunings.size(), 3U);
 }
 
 TEST_F(TreePane, reportsATunerThatCannotBeSet)
 {
     const test::Recorder recorder;
     openAndScan();
-    driver->setAnswer = status::kFail;
+    driver->failAlways("SetSatelliteTuning", status::kFail);
     const BoxAnswer answer(Qt::Key_Return);
     chooseFirst("SATELLITEDELIVERYSYSTEM");
     EXPECT_EQ(answer.text(), "Failed to set tuner");
 
-    driver->hasSetTuner = false;
+    driver->missing = {ISetTuner::kId};
     chooseFirst("SATELLITEDELIVERYSYSTEM");
     EXPECT_EQ(recorder.logged().back(), "<2> - Failed to query settuner interface: 0X80004002");
 }
@@ -133,9 +134,12 @@ TEST_F(TreePane, reportsATunerThatCannotBeSetForWantOfAThread)
 
 TEST_F(TreePane, letsTheUserStopWaitingForATunerThatHangs)
 {
-    openAndScan();
     std::latch goesOn{1};
-    driver->duringSet = [&] { goesOn.wait(); };
+    driver->duringCall = [&](std::string_view call, int) {
+        if (call == "SetSatelliteTuning")
+            goesOn.wait();
+    };
+    openAndScan();
     QTimer stop;
     QObject::connect(&stop, &QTimer::timeout, [&] {
         if (auto* const box = qobject_cast<QProgressDialog*>(QApplication::activeModalWidget()))

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "tests/support/scripted_driver.h"
 #include "tests/support/small_model.h"
-#include "tests/support/status_driver.h"
 #include "ui/document.h"
 #include "ui/main_frame.h"
 #include "ui/tree_pane.h"
@@ -98,7 +98,7 @@ protected:
     /// The texts of a menu's items, disabled ones in brackets, separators as "-".
     static std::vector<std::string> itemsOf(const QMenu& menu);
 
-    tessaview::ComPtr<StatusDriver> driver = StatusDriver::make();
+    tessaview::ComPtr<ScriptedDriver> driver = ScriptedDriver::make();
     RecordedDialogs dialogs;
     std::unique_ptr<tessaview::CTessaview3Doc> document;
     std::unique_ptr<tessaview::CMainFrame> frame;

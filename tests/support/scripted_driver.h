@@ -38,13 +38,17 @@ struct TuningCall {
     tessaview::WindowHandle owner;
 };
 
+/// What a tuner is set to: "Harbour 1110000", "cable 3460000".
+std::string tunedText(const TuningCall& call);
+
 /// A driver that does what a test says. Setting a tuning to a frequency of `streams` puts that
 /// stream on the air and makes it the current tuning. While it is interrupted, set operations and
-/// ReadTables fail.
-class ScriptedDriver final
+/// ReadTables fail. What it is and how it fares may be asked from any thread at any time.
+class ScriptedDriver
     : public tessaview::Implements<ScriptedDriver, tessaview::IDriverInfo,
                                    tessaview::IDriverControl, tessaview::ISetTuner,
-                                   tessaview::ISectionReader, tessaview::IInterrupt> {
+                                   tessaview::ISectionReader, tessaview::IInterrupt,
+                                   tessaview::ITunerStatus, tessaview::IDeviceDialogs> {
 public:
     using Status = tessaview::Status;
 
@@ -55,16 +59,16 @@ public:
 
     // The script
 
+    std::string driverName = "Scripted";
+    std::string statusText = "61 dB\u00B5V";
+    std::atomic<int> tunerType = 1;
+    std::atomic<int> locked = 1;
     Air air;                              ///< what the tuner is set to
     std::map<std::uint32_t, Air> streams; ///< by the frequency field of a tuning record
-    std::uint16_t tunerType = 1;
-    std::string satellite; ///< the current tuning's, UTF-8
+    std::string satellite;                ///< the current tuning's, UTF-8
     tessaview::SatelliteTuning satelliteTuning{};
     tessaview::CableTuning cableTuning{};
     tessaview::TerrestrialTuning terrestrialTuning{};
-    /// The answers of an operation's calls, by its name and its number of times before; others
-    /// succeed.
-    std::map<std::pair<std::string, int>, Status> answers;
     /// Runs in mid-call, with the operation's name and its number of times before.
     std::function<void(std::string_view, int)> duringCall;
     /// Spoils what ReadTables is about to give.
@@ -78,14 +82,24 @@ public:
     std::vector<std::vector<tessaview::TableRequest>> batches;
     std::vector<std::uint32_t> waitLimits;
     std::vector<TuningCall> tunings;
+    std::atomic<int> rounds = 0; ///< of questions for the kind of tuner
     std::atomic<bool> isInterrupted = false;
     /// Waits in mid-call until it is interrupted.
     void waitForInterrupt() const { isInterrupted.wait(false); }
 
+    /// Lets a call of an operation, by its number of times before, answer so; others succeed.
     void failAt(const std::string& operation, Status answer, int time = 0)
     {
-        answers[{operation, time}] = answer;
+        const std::lock_guard lock(mutex_);
+        answers_[{operation, time}] = answer;
     }
+    /// The same for all its calls from now on.
+    void failAlways(const std::string& operation, Status answer)
+    {
+        failAt(operation, answer, kAlways);
+    }
+    /// The calls of operations whose names begin so, in their order.
+    std::vector<std::string> callsOf(std::string_view beginning) const;
 
     Status QueryInterface(const tessaview::Guid& iid, void** object) noexcept override;
 
@@ -112,10 +126,31 @@ public:
 
     Status SetInterrupted(std::int32_t interrupted) noexcept override;
 
-private:
+    Status IsLocked(std::int32_t* flag) noexcept override;
+    Status ReservedSlot2() noexcept override { return tessaview::status::kNotImplemented; }
+    Status ReservedSlot3() noexcept override { return tessaview::status::kNotImplemented; }
+    Status GetStatusText(char16_t** text) noexcept override;
+
+    Status ShowTuningDialog(tessaview::WindowHandle) noexcept override
+    {
+        return called("ShowTuningDialog");
+    }
+    Status ShowSettingsDialog(tessaview::WindowHandle) noexcept override
+    {
+        return called("ShowSettingsDialog");
+    }
+    Status ShowStreamingDialog(tessaview::WindowHandle) noexcept override
+    {
+        return called("ShowStreamingDialog");
+    }
+
+protected:
     friend Implements;
     ScriptedDriver() = default;
-    ~ScriptedDriver() = default;
+    virtual ~ScriptedDriver() = default;
+
+private:
+    static constexpr int kAlways = -1;
 
     /// Records the call and gives what it is to return.
     Status called(const char* operation);
@@ -124,8 +159,9 @@ private:
     template <class Record>
     Status tune(const char* operation, TuningCall call, std::uint32_t frequency, Record& current);
 
-    std::mutex mutex_; ///< of the record: SetInterrupted comes from a thread of its own
+    mutable std::mutex mutex_; ///< of the record and the answers
     std::map<std::string, int> times_;
+    std::map<std::pair<std::string, int>, Status> answers_;
 };
 
 } // namespace test

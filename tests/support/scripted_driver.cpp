@@ -1,9 +1,10 @@
-#include "tests/acquisition/scripted_driver.h"
+#include "tests/support/scripted_driver.h"
 
 #include "component/bstr.h"
 #include "component/task_memory.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace test {
 
@@ -26,18 +27,40 @@ SectionList handOver(const std::vector<Bytes>& sections)
 
 } // namespace
 
+std::string tunedText(const TuningCall& call)
+{
+    if (const auto* s = std::get_if<SatelliteTuning>(&call.record))
+        return call.satellite + " " + std::to_string(s->frequency);
+    if (const auto* c = std::get_if<CableTuning>(&call.record))
+        return "cable " + std::to_string(c->frequency);
+    return "terrestrial " +
+           std::to_string(std::get<TerrestrialTuning>(call.record).centre_frequency);
+}
+
 Status ScriptedDriver::called(const char* operation)
 {
     int time = 0;
+    Status answer = status::kOk;
     {
         const std::lock_guard lock(mutex_);
         calls.emplace_back(operation);
         time = times_[operation]++;
+        for (const int each : {kAlways, time})
+            if (const auto found = answers_.find({operation, each}); found != answers_.end())
+                answer = found->second;
     }
     if (duringCall)
         duringCall(operation, time);
-    const auto answer = answers.find({operation, time});
-    return answer == answers.end() ? status::kOk : answer->second;
+    return answer;
+}
+
+std::vector<std::string> ScriptedDriver::callsOf(std::string_view beginning) const
+{
+    const std::lock_guard lock(mutex_);
+    std::vector<std::string> found;
+    std::copy_if(calls.begin(), calls.end(), std::back_inserter(found),
+                 [&](const std::string& call) { return call.starts_with(beginning); });
+    return found;
 }
 
 Status ScriptedDriver::calledForLong(const char* operation)
@@ -67,7 +90,7 @@ Status ScriptedDriver::GetName(char16_t** name) noexcept
 {
     const Status result = called("GetName");
     if (!failed(result))
-        *name = Bstr(std::string_view("Scripted")).release();
+        *name = Bstr(std::string_view(driverName)).release();
     return result;
 }
 
@@ -84,9 +107,9 @@ Status ScriptedDriver::Shutdown() noexcept
 
 Status ScriptedDriver::GetTunerType(std::uint16_t* type) noexcept
 {
+    ++rounds;
     const Status result = called("GetTunerType");
-    if (!failed(result))
-        *type = tunerType;
+    *type = static_cast<std::uint16_t>(tunerType);
     return result;
 }
 
@@ -179,6 +202,20 @@ Status ScriptedDriver::ReadTables(std::uint32_t count, const TableRequest* reque
         }
     if (spoil)
         spoil({results, count});
+    return result;
+}
+
+Status ScriptedDriver::IsLocked(std::int32_t* flag) noexcept
+{
+    *flag = locked;
+    return called("IsLocked");
+}
+
+Status ScriptedDriver::GetStatusText(char16_t** text) noexcept
+{
+    static char16_t rubbish[] = u"not to be freed"; // what a failure may leave
+    const Status result = called("GetStatusText");
+    *text = failed(result) ? rubbish : Bstr(std::string_view(statusText)).release();
     return result;
 }
 
