@@ -3,27 +3,18 @@
 #include "tests/multiplex/descriptors.h"
 #include "tests/multiplex/sections.h"
 #include "tests/multiplex/stream_builder.h"
+#include "tests/support/windows.h"
 #include "ui/window_handle.h"
 
 #include <functional>
-#include <memory>
 #include <thread>
 
-#include <QApplication>
 #include <QComboBox>
 #include <QDialog>
-#include <QDragEnterEvent>
-#include <QDropEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMessageBox>
-#include <QMimeData>
 #include <QPushButton>
-#include <QTest>
-#include <QTimer>
 #include <QTreeView>
-#include <QUrl>
-#include <gtest/gtest.h>
 
 // The dialogs as a user sees them, in the library that the driver loads for them.
 
@@ -32,24 +23,6 @@ namespace {
 namespace fs = std::filesystem;
 using namespace test;
 using namespace tessaview;
-
-class Application : public testing::Environment {
-public:
-    void SetUp() override
-    {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-        application_ = std::make_unique<QApplication>(count_, arguments_);
-    }
-    void TearDown() override { application_.reset(); }
-
-private:
-    int count_ = 1;
-    char name_[6] = "tests";
-    char* arguments_[2] = {name_, nullptr};
-    std::unique_ptr<QApplication> application_;
-};
-
-const auto* const kApplication = testing::AddGlobalTestEnvironment(new Application);
 
 class CaptureDialogs : public testing::Test {
 protected:
@@ -87,17 +60,9 @@ protected:
         EXPECT_TRUE(acted);
     }
 
-    static void drop(QDialog& dialog, const std::vector<fs::path>& files)
+    static void add(QDialog& dialog, const std::vector<fs::path>& files)
     {
-        QMimeData data;
-        QList<QUrl> urls;
-        for (const fs::path& file : files)
-            urls << QUrl::fromLocalFile(QString::fromStdString(file.string()));
-        data.setUrls(urls);
-        QDragEnterEvent enter(QPoint(1, 1), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(&dialog, &enter);
-        QDropEvent drop(QPointF(1, 1), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(&dialog, &drop);
+        test::drop(dialog, files);
         auto* const remove = dialog.findChild<QPushButton*>("remove");
         EXPECT_TRUE(QTest::qWaitFor([&] { return remove->isEnabled(); }, 20'000));
     }
@@ -107,8 +72,8 @@ protected:
     {
         const QAbstractItemModel& model = *dialog.findChild<QTreeView*>("captures")->model();
         std::string text;
-        const std::function<void(const QModelIndex&, int)> add = [&](const QModelIndex& parent,
-                                                                     int depth) {
+        const std::function<void(const QModelIndex&, int)> list = [&](const QModelIndex& parent,
+                                                                      int depth) {
             for (int i = 0; i < model.rowCount(parent); ++i) {
                 text.append(static_cast<std::size_t>(depth), ' ');
                 const QModelIndex first = model.index(i, 0, parent);
@@ -117,10 +82,10 @@ protected:
                 for (int column = 0; column < model.columnCount(); ++column)
                     text += first.siblingAtColumn(column).data().toString().toStdString() + '|';
                 text += '\n';
-                add(first, depth + 1);
+                list(first, depth + 1);
             }
         };
-        add({}, 0);
+        list({}, 0);
         return text;
     }
 
@@ -145,7 +110,7 @@ TEST_F(CaptureDialogs, tuningChoosesAndStoresCaptures)
     const std::string sizeB = std::to_string(stream_.size()) + " bytes|";
     show(&IDeviceDialogs::ShowTuningDialog, [&](QDialog& dialog) {
         EXPECT_EQ(rows(dialog), "");
-        drop(dialog, {set, single});
+        add(dialog, {set, single});
         EXPECT_EQ(rows(dialog), set.string() +
                                     "|||||\n"
                                     " +Astra/b.ts|8001|12187 MHz V 27500 kS/s|" +
@@ -160,7 +125,7 @@ TEST_F(CaptureDialogs, tuningChoosesAndStoresCaptures)
     EXPECT_FALSE(driver_.isLocked()) << "the dialog was not left with OK";
 
     show(&IDeviceDialogs::ShowTuningDialog, [&](QDialog& dialog) {
-        drop(dialog, {set, single});
+        add(dialog, {set, single});
         auto* const view = dialog.findChild<QTreeView*>("captures");
         view->setFocus();
         view->setCurrentIndex(view->model()->index(1, 0));

@@ -78,6 +78,13 @@ private:
     QTimer timer_;
 };
 
+/// Waits until something has come true; false when it does not within a generous time.
+template <class Condition>
+bool waitFor(Condition condition)
+{
+    return QTest::qWaitFor(condition, 60'000);
+}
+
 /// A widget that has its number for a name.
 template <class Widget>
 Widget& control(const QWidget& window, int id)

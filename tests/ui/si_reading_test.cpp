@@ -4,16 +4,15 @@
 #include "tests/multiplex/descriptors.h"
 #include "tests/multiplex/sections.h"
 #include "tests/support/scripted_driver.h"
+#include "tests/support/windows.h"
 #include "ui/si_reading/si_reading_dlg.h"
 #include "ui/window_handle.h"
 
 #include <future>
 #include <gmock/gmock.h>
 
-#include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
@@ -23,14 +22,8 @@ namespace {
 
 using namespace tessaview; // NOLINT(google-build-using-namespace)
 using test::ScriptedDriver;
+using test::waitFor;
 using testing::ElementsAre;
-
-/// Serves the windows until a condition holds.
-template <class Condition>
-bool waitFor(Condition condition)
-{
-    return QTest::qWaitFor(condition, 60000);
-}
 
 struct SiReading : testing::Test {
     SiReading()
@@ -59,10 +52,7 @@ struct SiReading : testing::Test {
     template <class Widget>
     Widget& control(int id) const
     {
-        auto* const found = dialog->findChild<Widget*>(QString::number(id));
-        if (!found)
-            throw std::runtime_error("no control " + std::to_string(id));
-        return *found;
+        return test::control<Widget>(*dialog, id);
     }
     QPushButton& start() const { return control<QPushButton>(1011); }
     QPushButton& close() const { return control<QPushButton>(1); }
@@ -179,15 +169,12 @@ TEST_F(SiReading, scansAndShowsHowFarItIs)
 
 TEST_F(SiReading, asksForASatelliteWithoutOne)
 {
+    const test::MessageReader messages;
     driver->satellite = "";
     openIdle(ScanMode::SingleSatellite);
     click(start());
-    ASSERT_TRUE(
-        waitFor([] { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()); }));
-    auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-    EXPECT_EQ(box->text().toStdString(), "You must select a satellite to scan");
-    box->accept();
     EXPECT_TRUE(waitForEnd());
+    EXPECT_THAT(messages.texts, ElementsAre("You must select a satellite to scan"));
 }
 
 TEST_F(SiReading, cancelsAndOffersToStartAgain)

@@ -2,6 +2,7 @@
 
 #include "tests/support/scripted_driver.h"
 #include "tests/support/small_model.h"
+#include "tests/support/windows.h"
 #include "ui/document.h"
 #include "ui/main_frame.h"
 #include "ui/tree_pane.h"
@@ -67,13 +68,6 @@ private:
 
 /// Presses keys in a widget that has the focus, as shortcuts of its own need.
 void pressIn(QWidget& widget, Qt::Key key, Qt::KeyboardModifiers modifiers = {});
-
-/// Waits until something has come true; false when it does not within a generous time.
-template <class Condition>
-bool waitFor(Condition condition)
-{
-    return QTest::qWaitFor(condition, 60'000);
-}
 
 /// The main window over a driver that does what the test says.
 class WindowTest : public testing::Test {
