@@ -225,14 +225,6 @@ TEST(DefaultList, isTheBuiltInOne)
     for (const std::string& name : manager.names())
         count += manager.transponders(name).size();
     EXPECT_EQ(count, 16U);
-    EXPECT_THAT(manager.transponders("Hotbird 13E"),
-                ElementsAre(TransponderEntry{0, 1, 1071900, 1, 275000, 3, 0},
-                            TransponderEntry{0, 2, 1093000, 0, 275000, 3, 0},
-                            TransponderEntry{0, 3, 1099200, 1, 275000, 3, 0},
-                            TransponderEntry{0, 4, 1232200, 0, 275000, 3, 0},
-                            TransponderEntry{0, 5, 1075800, 1, 275000, 3, 0},
-                            TransponderEntry{0, 6, 1168100, 0, 275000, 3, 0},
-                            TransponderEntry{0, 7, 1239900, 0, 275000, 3, 0}));
     EXPECT_THAT(manager.transponders("Nimiq 2 82 W"),
                 ElementsAre(TransponderEntry{0, 1, 1222400, 3, 200000, 4, 0}));
 }
