@@ -6,6 +6,8 @@
 
 #include <utility>
 
+#include <gtest/gtest.h>
+
 namespace test {
 
 using namespace tessaview;

@@ -39,4 +39,13 @@ Descriptor decode(std::string_view text)
     return Descriptor(exactly(hex(text)).get());
 }
 
+/// Decodes a section that stands in a block of exactly its size.
+template <class Table>
+Table parsed(std::span<const uint8_t> section)
+{
+    Table table;
+    table.parse(exactly(section).get());
+    return table;
+}
+
 } // namespace test

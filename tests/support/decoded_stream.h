@@ -1,7 +1,7 @@
 #pragma once
 
 #include "model/network_map.h"
-#include "tests/support/section_cases.h"
+#include "tests/support/bytes.h"
 
 #include <utility>
 #include <vector>

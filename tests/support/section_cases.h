@@ -12,15 +12,6 @@
 
 namespace test {
 
-/// Decodes a section that stands in a block of exactly its size.
-template <class Table>
-Table parsed(std::span<const uint8_t> section)
-{
-    Table table;
-    table.parse(exactly(section).get());
-    return table;
-}
-
 /// The table over a body in hexadecimal, with a header and a correct CRC_32.
 template <class Table>
 Table parsedBody(unsigned tableId, std::string_view body)
