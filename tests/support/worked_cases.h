@@ -16,7 +16,9 @@ namespace test {
 
 inline std::string textOf(const std::string& name)
 {
-    return readFile(std::filesystem::path(TESSAVIEW_SOURCE_DIR "/tests") / name);
+    const std::string text = readFile(std::filesystem::path(TESSAVIEW_SOURCE_DIR "/tests") / name);
+    EXPECT_NE(text, "") << "no text " << name;
+    return text;
 }
 
 /// The input of a line, if it is one.
@@ -39,11 +41,12 @@ inline std::vector<std::string> inputsOf(const std::string& name)
 /// test programs.
 inline void expectText(const std::string& name, const std::string& actual)
 {
+    const std::string expected = textOf(name);
     const std::filesystem::path now =
         TESSAVIEW_BUILD_DIR "/tests" / std::filesystem::path(name).filename();
-    if (actual != textOf(name))
+    if (actual != expected)
         writeFile(now, actual);
-    EXPECT_EQ(actual, textOf(name)) << "it would be " << now;
+    EXPECT_EQ(actual, expected) << "it would be " << now;
 }
 
 /// Works the inputs of a text and compares what becomes of them.
