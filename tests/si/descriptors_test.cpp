@@ -31,7 +31,7 @@ std::string clearedLines(const test::Bytes& bytes)
                 const std::string before = linesOf(descriptor);
                 descriptor.clear();
                 if (const std::string left = linesOf(descriptor); left != before)
-                    lines = "cleared:\n" + left;
+                    lines = "cleared: " + test::onOneLine(left);
             }
     });
     return lines;

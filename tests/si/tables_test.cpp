@@ -47,7 +47,7 @@ std::string dumpOf(unsigned tableId, std::span<const uint8_t> body)
     table.clear();
     const std::string after = test::dumpOfTable(table);
     return "'" + std::string(table.name()) + "'\n" + before +
-           (after == before ? "" : "cleared:\n" + after);
+           (after == before ? "" : "cleared: " + test::onOneLine(after));
 }
 
 const std::map<std::string, std::string (*)(unsigned, std::span<const uint8_t>)> kTables{

@@ -67,6 +67,16 @@ inline void expectWorked(const std::string& name,
     expectText(name, actual);
 }
 
+/// Lines in one, "a | b".
+inline std::string onOneLine(const std::string& lines)
+{
+    std::string text;
+    std::istringstream each(lines);
+    for (std::string line; std::getline(each, line);)
+        text += (text.empty() ? "" : " | ") + line;
+    return text;
+}
+
 /// A text with what is not printable as "\x05", but for the ends of lines.
 inline std::string printable(std::string_view text)
 {
