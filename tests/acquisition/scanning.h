@@ -100,24 +100,31 @@ struct Scanning : testing::Test {
         return scanner.run(mode);
     }
 
-    /// All that is to be seen of a scan, line by line.
+    /// All that is to be seen of a scan: a line for each that it prints, and one for each other
+    /// thing.
     std::string transcript() const
     {
         std::string text;
+        for (const std::string& line : recorder.printed())
+            text += "    " + line + '\n';
         const auto add = [&text](const char* what, const Lines& lines) {
-            for (const std::string& line : lines)
-                text.append("    ").append(what).append(line) += '\n';
+            for (std::size_t i = 0; i < lines.size(); ++i)
+                text.append(i == 0 ? what : " | ").append(lines[i]);
+            text += lines.empty() ? "" : "\n";
         };
-        add("prints:  ", recorder.printed());
-        add("logs:    ", recorder.logged());
+        add("    logs ", recorder.logged());
+        Lines tuned;
         for (const TuningCall& call : driver->tunings) {
             EXPECT_EQ(call.owner, &model);
-            add("tunes:   ", {tunedText(call)});
+            tuned.push_back(tunedText(call));
         }
-        add("reaches: ", progress.lines);
+        add("    tunes ", tuned);
+        add("    reaches ", progress.lines);
+        Lines stored;
         for (const auto& [id, network] : model)
             for (const auto& [stream, transponder] : network.transponders)
-                add("stores:  ", {transponderText(transponder)});
+                stored.push_back(transponderText(transponder));
+        add("    stores ", stored);
         return text;
     }
 
