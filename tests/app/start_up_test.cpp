@@ -34,6 +34,11 @@ struct StartUp : testing::Test {
     {
         Settings(settings).setText(kSettingsKey, "driverclsid", clsid);
     }
+    void choose(const Guid& clsid) const
+    {
+        install(clsid);
+        store(toText(clsid));
+    }
     std::optional<std::string> stored() const
     {
         return Settings(settings).text(kSettingsKey, "driverclsid");
@@ -87,15 +92,9 @@ struct StartUp : testing::Test {
     test::RecordingHost host;
 };
 
-/// A start with nothing but a folder of components in the home, after what a case does to it.
+/// A start of its own, to which a case does something first.
 struct OneStart : StartUp {
     void TestBody() override {}
-
-    void choose(const Guid& clsid) const
-    {
-        install(clsid);
-        store(toText(clsid));
-    }
 };
 
 const std::string kSample = TESSAVIEW_BUILD_DIR "/share/tessaview3/sample.ts";
@@ -177,7 +176,7 @@ const std::vector<Case> kCases{
          s.places.isLogNamed = true;
      }},
 
-    // Captures on the command line, of which the first and the only one is not there.
+    // Captures on the command line, of which /gone.ts is not there.
     {"captures",
      [](OneStart& s) {
          s.choose(test::scripted::kWorks);
@@ -218,8 +217,7 @@ TEST_F(StartUp, setsSettingsThatAreNotReadableAsideAndAsks)
 
 TEST_F(StartUp, loadsTheSatelliteListOfTheLastRun)
 {
-    install(test::scripted::kWorks);
-    store(toText(test::scripted::kWorks));
+    choose(test::scripted::kWorks);
     EXPECT_TRUE(run());
     const std::string first = readFile(home / "all/satlist.xml");
     EXPECT_THAT(first, HasSubstr("Astra 19E"));
@@ -232,9 +230,8 @@ TEST_F(StartUp, loadsTheSatelliteListOfTheLastRun)
 
 TEST_F(StartUp, letsCapturesTakeThePlaceOfARunningDriver)
 {
-    install(test::scripted::kWorks);
+    choose(test::scripted::kWorks);
     components.captureDriver();
-    store(toText(test::scripted::kWorks));
     places.componentFolders = {components.folder()};
     CTessaview3App application(host, places, {}, patience);
     ASSERT_TRUE(application.InitInstance());
