@@ -100,6 +100,15 @@ TEST(Descriptors, clearSomeListsAndLeaveOthers)
     EXPECT_EQ(cleared(decode<DescriptorDataBroadcast>("64 09 0001 02 00 656E67 01 41")).text, "A");
 }
 
+TEST(SatelliteDeliveryDescriptor, givesItsCodesInWords)
+{
+    const auto satellite =
+        decode<DescriptorSatelliteDeliverySystem>("43 0B 01175725 0192 C1 02750003");
+    EXPECT_STREQ(satellite.polarizationText(), "circular - horizontal");
+    EXPECT_STREQ(satellite.modulationText(), "QPSK");
+    EXPECT_STREQ(satellite.FECInnerText(), "3/4");
+}
+
 TEST(TransportProtocolDescriptor, leavesTheOtherSelectorAlone)
 {
     const auto carousel = decode<DescriptorTransportProtocol>("02 05 0001 07 00 2A");

@@ -16,7 +16,7 @@ namespace test {
 
 inline std::string textOf(const std::string& name)
 {
-    const std::string text = readFile(std::filesystem::path(TESSAVIEW_SOURCE_DIR "/tests") / name);
+    std::string text = readFile(std::filesystem::path(TESSAVIEW_SOURCE_DIR "/tests") / name);
     EXPECT_NE(text, "") << "no text " << name;
     return text;
 }
