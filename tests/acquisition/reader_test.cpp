@@ -191,6 +191,8 @@ const std::vector<Ending> kEndings{
     {"everyTable", Stored, [](Reading&) {}, kAllTables},
     {"damagedSections", Stored, damageMuch, kAllTables},
     {"batchFails", ReadFailed, failing("ReadTables", status::kFail)},
+    {"driverSaysThatSomethingIsMissing", Stored,
+     [](Reading& r) { r.driver->readProblem = "the signal was lost"; }},
     {"noReaderInterface", ReadFailed, missing(ISectionReader::kId)},
     {"cancelledInFirstBatch", Cancelled, cancelDuring(0)},
     {"cancelledInFailingBatch", Cancelled,

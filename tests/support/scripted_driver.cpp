@@ -219,4 +219,10 @@ Status ScriptedDriver::GetStatusText(char16_t** text) noexcept
     return result;
 }
 
+Status ScriptedDriver::GetReadProblem(char16_t** problem) noexcept
+{
+    *problem = Bstr(std::string_view(readProblem)).release();
+    return status::kOk;
+}
+
 } // namespace test

@@ -45,10 +45,10 @@ std::string tunedText(const TuningCall& call);
 /// stream on the air and makes it the current tuning. While it is interrupted, set operations and
 /// ReadTables fail. What it is and how it fares may be asked from any thread at any time.
 class ScriptedDriver
-    : public tessaview::Implements<ScriptedDriver, tessaview::IDriverInfo,
-                                   tessaview::IDriverControl, tessaview::ISetTuner,
-                                   tessaview::ISectionReader, tessaview::IInterrupt,
-                                   tessaview::ITunerStatus, tessaview::IDeviceDialogs> {
+    : public tessaview::Implements<
+          ScriptedDriver, tessaview::IDriverInfo, tessaview::IDriverControl, tessaview::ISetTuner,
+          tessaview::ISectionReader, tessaview::IInterrupt, tessaview::ITunerStatus,
+          tessaview::IDeviceDialogs, tessaview::IReadReport> {
 public:
     using Status = tessaview::Status;
 
@@ -60,6 +60,7 @@ public:
     // The script
 
     std::string driverName = "Scripted";
+    std::string readProblem; ///< what may be missing from what was read
     std::string statusText = "61 dB\u00B5V";
     std::atomic<int> tunerType = 1;
     std::atomic<int> locked = 1;
@@ -130,6 +131,7 @@ public:
     Status ReservedSlot2() noexcept override { return tessaview::status::kNotImplemented; }
     Status ReservedSlot3() noexcept override { return tessaview::status::kNotImplemented; }
     Status GetStatusText(char16_t** text) noexcept override;
+    Status GetReadProblem(char16_t** problem) noexcept override;
 
     Status ShowTuningDialog(tessaview::WindowHandle) noexcept override
     {
