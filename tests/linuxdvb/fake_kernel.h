@@ -1,45 +1,19 @@
 #pragma once
 
-#include "drivers/linuxdvb/kernel.h"
+#include "drivers/linuxdvb/device.h"
+#include "tests/linuxdvb/fake_frontend.h"
 #include "tests/multiplex/bytes_writer.h"
 
 #include <deque>
 #include <functional>
 #include <linux/dvb/dmx.h>
-#include <linux/dvb/frontend.h>
 #include <map>
 #include <mutex>
 #include <optional>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace test {
-
-using std::chrono::milliseconds;
-
-/// What a fake receiver was tuned with, by the commands of the API.
-using Tuned = std::map<std::uint32_t, std::uint32_t>;
-
-/// A receiver that the fake kernel has, and what it was told.
-struct FakeFrontend {
-    std::string name = "Fake receiver";
-    std::vector<fe_delivery_system> systems{SYS_DVBS, SYS_DVBS2};
-    std::uint32_t capabilities = FE_CAN_FEC_AUTO;
-    int openProblem = 0;    ///< an error number
-    int voltageProblem = 0; ///< likewise
-    int tuneProblem = 0;    ///< likewise
-    milliseconds lockTime{300};
-    /// Whether there is a signal under these parameters.
-    std::function<bool(const Tuned&)> receives = [](const Tuned&) { return true; };
-    std::map<std::uint32_t, dtv_stats> statistics; ///< by DTV_STAT_...; none: the older calls
-    bool isGone = false;
-
-    std::vector<Tuned> tunings;         ///< in their order
-    std::vector<std::string> lineCalls; ///< "tone off", "18 V", "E01038F3"
-    tessaview::Kernel::Clock::time_point tunedAt{};
-    bool isInUse = false;
-};
 
 /// A section that comes again and again.
 struct Broadcast {
@@ -50,19 +24,32 @@ struct Broadcast {
     int times = -1; ///< how often; below 0 for ever
 };
 
-/// Devices of adapter 0 as the kernel shows them, and a clock that only waiting moves.
+/// Receivers as the kernel shows them, each adapter with one demultiplexer, and a clock that only
+/// waiting moves. What is public is a test's to change and to look at while no other thread uses
+/// the kernel; while one does, by `at`.
 class FakeKernel final : public tessaview::Kernel {
 public:
-    FakeKernel();
-
-    std::vector<FakeFrontend> frontends;
-    std::vector<Broadcast> air;
-    std::size_t filterLimit = 32; ///< how many section filters there are
-    std::size_t mostFilters = 0;  ///< how many there were at the same time
+    /// A receiver is unplugged by its `isGone`, and never taken out.
+    std::map<tessaview::DeviceId, FakeFrontend> frontends{{{}, {}}};
     bool isDemuxGone = false;
     int demuxOpenProblem = 0;
 
-    /// Does something at a time from the start.
+    std::vector<Broadcast> air;
+    std::size_t filterLimit = 32; ///< how many section filters there are
+    std::size_t mostFilters = 0;  ///< how many there were at the same time
+
+    /// What reading packets answers, in turn: a size, or a negative error number; then nothing
+    /// comes any more. The packets of the n-th size are of bytes n.
+    std::deque<long> packets;
+    std::map<std::uint16_t, int> refusals; ///< error numbers by the PIDs that cannot be recorded
+    std::vector<std::uint16_t> pids;       ///< that were chosen for recording, in their order
+
+    bool isTimeStill = false; ///< what waits then does so for ever
+    /// What a wait takes in truth, where threads that go by other clocks need their turn.
+    milliseconds trueWait{0};
+
+    /// Does something at a time from the start: with the wait that lasts until then or, when the
+    /// time has passed, with the next.
     void at(milliseconds time, std::function<void()> action);
     milliseconds elapsed();
     std::size_t openFiles();
@@ -77,29 +64,28 @@ public:
 
 private:
     struct File {
-        std::optional<std::size_t> frontend; ///< else a demultiplexer
+        FakeFrontend* frontend = nullptr; ///< else a demultiplexer
         bool isWriter = false;
-        std::optional<dmx_sct_filter_params> filter;
-        std::deque<Bytes> ready;
+        bool isRecording = false;
+        std::optional<dmx_sct_filter_params> filter{};
+        std::deque<Bytes> sections{};
         bool hasOverflown = false;
     };
 
-    int openFrontend(std::size_t index, bool isWriter);
-    int controlFrontend(FakeFrontend& frontend, unsigned long request, std::uintptr_t argument);
-    int setProperties(FakeFrontend& frontend, const dtv_properties& properties);
-    static int getProperties(const FakeFrontend& frontend, const dtv_properties& properties);
+    int controlDemultiplexer(File& file, unsigned long request, std::uintptr_t argument);
     int setFilter(File& file, const dmx_sct_filter_params& filter);
-    bool isLocked(const FakeFrontend& frontend) const;
-    void advance(Clock::time_point to);
+    int choosePid(std::uint16_t pid);
+    long readPackets(std::span<std::uint8_t> buffer);
+    void advance(milliseconds to);
     void send(const Broadcast& broadcast);
     bool showReady(std::span<pollfd> files);
 
-    mutable std::recursive_mutex mutex_;
-    Clock::time_point begin_{};
-    Clock::time_point now_{};
+    std::recursive_mutex mutex_; // actions may ask the kernel
+    milliseconds now_{0};        // since the start
     std::map<int, File> files_;
-    std::vector<std::pair<Clock::time_point, std::function<void()>>> actions_;
-    int nextFile_ = 3;
+    int lastFile_ = 2;
+    std::multimap<milliseconds, std::function<void()>> actions_;
+    std::uint8_t packetsRead_ = 0;
 };
 
 } // namespace test

@@ -36,9 +36,14 @@ const auto* const kApplication = testing::AddGlobalTestEnvironment(new Applicati
 
 DvbDialogs::DvbDialogs()
 {
-    kernel_.receivers = {{.id = {0, 0}, .name = "Sat", .systems = {SYS_DVBS, SYS_DVBS2}},
-                         {.id = {1, 0}, .name = "Cable", .systems = {SYS_DVBC_ANNEX_A}},
-                         {.id = {2, 0}, .name = "Aerial", .systems = {SYS_DVBT, SYS_DVBT2}}};
+    kernel_.frontends = {{{0, 0},
+                          {.name = "Sat",
+                           .statistics = {{DTV_STAT_SIGNAL_STRENGTH, {FE_SCALE_RELATIVE, 46530}},
+                                          {DTV_STAT_CNR, {FE_SCALE_DECIBEL, 12400}},
+                                          {DTV_STAT_ERROR_BLOCK_COUNT, {FE_SCALE_COUNTER, 7}}}}},
+                         {{1, 0}, {.name = "Cable", .systems = {SYS_DVBC_ANNEX_A}}},
+                         {{2, 0}, {.name = "Aerial", .systems = {SYS_DVBT, SYS_DVBT2}}}};
+    kernel_.trueWait = milliseconds(1); // the windows' clock is the system's
     satellites_.put("Astra", {});
     satellites_.put(
         "Hot Bird",

@@ -2,7 +2,7 @@
 
 #include "drivers/common/dialogs_library.h"
 #include "drivers/linuxdvb/dvb_tuner.h"
-#include "tests/linuxdvb_dialogs/receiver_kernel.h"
+#include "tests/linuxdvb/fake_kernel.h"
 #include "tests/satlist/loaded_manager.h"
 #include "tests/support/temporary_folder.h"
 
@@ -48,7 +48,7 @@ protected:
 
     TemporaryFolder folder_;
     Environment config_{"XDG_CONFIG_HOME", folder_.path().c_str()};
-    ReceiverKernel kernel_;
+    FakeKernel kernel_; ///< adapters 0 to 2: satellites, cable, aerial
     LoadedManager satellites_;
 
 private:

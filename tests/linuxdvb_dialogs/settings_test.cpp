@@ -84,7 +84,8 @@ TEST_F(SettingsOfReceivers, areStoredByOkOnly)
     EXPECT_EQ(storedText(tuner().dishOf("Astra").value()), "default; diseqc 2");
     EXPECT_EQ(storedText(tuner().dishOf("Hot Bird").value()), "single 5150; uncommitted 16");
     tune("Astra");
-    EXPECT_EQ(kernel_.tunings().back()[DTV_FREQUENCY], 1777500U) << "by the default LNB";
+    EXPECT_EQ(kernel_.frontends[{}].tunings.back()[DTV_FREQUENCY], 1777500U)
+        << "by the default LNB";
 
     show(DriverDialog::Settings, [](QDialog& dialog) {
         EXPECT_EQ(the<QSpinBox>(dialog, "oscillator").value(), 10410);
@@ -98,8 +99,8 @@ TEST_F(SettingsOfReceivers, areStoredByOkOnly)
 
 TEST_F(SettingsOfReceivers, listReceiversAndWhatIsWrongWithThem)
 {
-    kernel_.receivers[1].systems = {SYS_DVBC_ANNEX_A, SYS_DVBT};
-    kernel_.receivers[2].problem = EACCES;
+    kernel_.frontends[{1, 0}].systems = {SYS_DVBC_ANNEX_A, SYS_DVBT};
+    kernel_.frontends[{2, 0}].openProblem = EACCES;
     tuner().useAndStore({.device = {5, 1}, .type = TunerType::Cable, .dish = {}});
     const struct {
         const char* listed;
@@ -125,7 +126,7 @@ TEST_F(SettingsOfReceivers, listReceiversAndWhatIsWrongWithThem)
             EXPECT_EQ(the<QComboBox>(dialog, "type").isEnabled(), cases[i].types > 1);
             EXPECT_EQ(the<QTreeView>(dialog, "satellites").isEnabled(), cases[i].isForSatellites);
         }
-        kernel_.receivers.push_back({.id = {5, 1}, .name = "New", .systems = {SYS_DVBT}});
+        kernel_.frontends[{5, 1}] = {.name = "New", .systems = {SYS_DVBT}};
         the<QPushButton>(dialog, "refresh").click();
         EXPECT_EQ(receiver.currentText(), "adapter5/frontend1: New (DVB-T)");
         receiver.setCurrentIndex(1);

@@ -45,13 +45,13 @@ TEST_F(StreamingOfReceivers, recordsUntilItIsStopped)
          [](QDialog& dialog) { EXPECT_FALSE(start(dialog).isEnabled()) << "not tuned"; });
     tune();
     const fs::path file = folder_ / "stream.ts";
-    kernel_.reads = {kSize};
+    kernel_.packets = {kSize};
     show(DriverDialog::Streaming, [&](QDialog& dialog) {
         setFile(dialog, file);
         start(dialog).click();
         EXPECT_TRUE(comesToSay(dialog, "Written", "18.8 kB"));
         EXPECT_TRUE(comesToSay(dialog, "Signal", "locked, 71 %, 12.4 dB"));
-        kernel_.setLocking(false);
+        kernel_.at({}, [this] { kernel_.frontends[{}].receives = receivesNothing; });
         EXPECT_TRUE(comesToSay(dialog, "Signal", "no lock"));
         EXPECT_EQ(start(dialog).text(), "&Stop") << "a recording outlives the lock";
         start(dialog).click();
@@ -59,13 +59,13 @@ TEST_F(StreamingOfReceivers, recordsUntilItIsStopped)
         EXPECT_EQ(textOf(dialog, "message"), "18.8 kB were written to " + file.string() + ".");
     });
     EXPECT_EQ(fs::file_size(file), static_cast<std::uintmax_t>(kSize));
-    EXPECT_FALSE(kernel_.isOpen("/dev/dvb/adapter0/demux0"));
+    EXPECT_EQ(kernel_.openFiles(), 1U) << "the receiver stays tuned";
 }
 
 TEST_F(StreamingOfReceivers, isLeftOnlyWhenTheUserStopsIt)
 {
     tune();
-    kernel_.reads = {kSize};
+    kernel_.packets = {kSize};
     show(DriverDialog::Streaming, [&](QDialog& dialog) {
         the<QRadioButton>(dialog, "chosen").click();
         the<QLineEdit>(dialog, "pids").setText("0x100, 17-18");
@@ -80,7 +80,7 @@ TEST_F(StreamingOfReceivers, isLeftOnlyWhenTheUserStopsIt)
         EXPECT_TRUE(hasEnded(dialog));
         EXPECT_TRUE(dialog.isVisible()) << "what was written is told first";
     });
-    EXPECT_EQ(kernel_.pids(), (std::vector<std::uint16_t>{17, 18, 256}));
+    EXPECT_THAT(kernel_.pids, testing::ElementsAre(17, 18, 256));
 }
 
 TEST_F(StreamingOfReceivers, saysWhyItDoesNotBegin)
@@ -111,7 +111,7 @@ TEST_F(StreamingOfReceivers, saysWhyItDoesNotBegin)
             EXPECT_THAT(textOf(dialog, "message"), HasSubstr(each.message));
         });
     EXPECT_EQ(readFile(folder_ / "old.ts"), "old");
-    EXPECT_TRUE(kernel_.pids().empty());
+    EXPECT_TRUE(kernel_.pids.empty());
 
     show(DriverDialog::Streaming, [&](QDialog& dialog) {
         setFile(dialog, folder_ / "new.ts");

@@ -46,7 +46,7 @@ TEST_F(TuningOfReceivers, takesFieldsInTheUnitsOfTheRecords)
         DeviceId device;
         std::function<void(QDialog&)> fill;
         const char* channel; // as it is stored
-        ReceiverKernel::Tuning tuned;
+        Tuned tuned;
     } cases[] = {
         {{0, 0},
          [](QDialog& dialog) {
@@ -101,7 +101,8 @@ TEST_F(TuningOfReceivers, takesFieldsInTheUnitsOfTheRecords)
         ASSERT_TRUE(tuner().state().channel) << each.channel;
         EXPECT_EQ(storedText(*tuner().state().channel), each.channel);
         for (const auto& [command, value] : each.tuned)
-            EXPECT_EQ(kernel_.tunings().back()[command], value) << each.channel << ": " << command;
+            EXPECT_EQ(kernel_.frontends[each.device].tunings.back()[command], value)
+                << each.channel << ": " << command;
         // Shown again, and tuned to as it stands, it is the same channel.
         show(DriverDialog::Tuning, [&](QDialog& dialog) { EXPECT_TRUE(tuneAndWait(dialog)); });
         EXPECT_EQ(storedText(*tuner().state().channel), each.channel);
@@ -136,7 +137,7 @@ TEST_F(TuningOfReceivers, showsTheSignalAndCopiesIt)
         EXPECT_EQ(QApplication::clipboard()->text().toStdString(),
                   "Receiver\tadapter0/frontend0: Sat\n"
                   "Channel\tDVB-S 12187.5 H 27500, Astra\n"
-                  "Lock\tlocked (signal, carrier, lock)\n"
+                  "Lock\tlocked (signal, carrier, FEC, sync, lock)\n"
                   "Strength\t71 %\n"
                   "Quality\t12.4 dB\n"
                   "Bit errors\t\n"
@@ -146,7 +147,7 @@ TEST_F(TuningOfReceivers, showsTheSignalAndCopiesIt)
 
 TEST_F(TuningOfReceivers, saysWhyNothingIsReceived)
 {
-    kernel_.setLocking(false);
+    kernel_.frontends[{}].receives = receivesNothing;
     show(DriverDialog::Tuning, [](QDialog& dialog) {
         EXPECT_TRUE(tuneAndWait(dialog));
         EXPECT_EQ(textOf(dialog, "message"), "Enter the frequency.");
@@ -160,7 +161,7 @@ TEST_F(TuningOfReceivers, saysWhyNothingIsReceived)
         EXPECT_THAT(textOf(dialog, "message"), HasSubstr("no thread"));
         EXPECT_TRUE(isReady(dialog));
     });
-    kernel_.receivers.clear();
+    kernel_.frontends[{}].isGone = true;
     restart();
     show(DriverDialog::Tuning, [](QDialog& dialog) {
         EXPECT_FALSE(the<QPushButton>(dialog, "tune").isEnabled());
@@ -170,8 +171,7 @@ TEST_F(TuningOfReceivers, saysWhyNothingIsReceived)
 
 TEST_F(TuningOfReceivers, isCancelledByEscape)
 {
-    kernel_.setLocking(false);
-    kernel_.setTimeStill(true); // it would wait for ever
+    kernel_.isTimeStill = true; // it would wait for ever
     show(DriverDialog::Tuning, [](QDialog& dialog) {
         set(dialog, "frequency", 12187);
         set(dialog, "symbolRate", 27500);
