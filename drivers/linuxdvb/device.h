@@ -15,7 +15,7 @@ struct DeviceId {
     unsigned adapter = 0;
     unsigned frontend = 0;
 
-    auto operator<=>(const DeviceId&) const = default;
+    friend auto operator<=>(const DeviceId&, const DeviceId&) = default;
     std::string name() const;
 };
 
