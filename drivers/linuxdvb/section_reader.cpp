@@ -78,7 +78,7 @@ private:
     void run();
     void start();
     void awaitSections();
-    void finish();
+    bool finish();
     End endOf(const Running& running, TimePoint now) const;
     void note(std::string problem);
 
@@ -160,10 +160,11 @@ BatchReader::End BatchReader::endOf(const Running& running, TimePoint now) const
     return now >= begin_ + times_.ceiling ? End::AtCeiling : End::NotYet;
 }
 
-void BatchReader::finish()
+/// Lets go of the filters that have got their tables; whether there were any.
+bool BatchReader::finish()
 {
     const TimePoint now = kernel_.now();
-    std::erase_if(running_, [&](const Running& each) {
+    const std::size_t finished = std::erase_if(running_, [&](const Running& each) {
         const End end = budget_.isSpent() ? End::Finished : endOf(each, now);
         if (end == End::NotYet)
             return false;
@@ -181,13 +182,16 @@ void BatchReader::finish()
         note(formatted("%zu tables had no free filter", waiting_.size()));
         waiting_.clear();
     }
+    return finished > 0;
 }
 
 void BatchReader::run()
 {
-    for (start(); !running_.empty(); start()) {
+    start();
+    while (!running_.empty()) {
         awaitSections();
-        finish();
+        if (finish())
+            start();
     }
 }
 
