@@ -15,6 +15,7 @@ struct DeviceId {
     unsigned adapter = 0;
     unsigned frontend = 0;
 
+    // NOLINTNEXTLINE(modernize-use-nullptr): the comparison with zero is the compiler's
     friend auto operator<=>(const DeviceId&, const DeviceId&) = default;
     std::string name() const;
 };
