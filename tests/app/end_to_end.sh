@@ -107,17 +107,24 @@ see() {
     done
 }
 
-# vanishes TITLE: waits until the window with the keyboard has another title.
-vanishes() {
-    local end=$((SECONDS + patience))
-    while [ "$(xdotool getactivewindow getwindowname 2>/dev/null)" = "$1" ]; do
-        [ $SECONDS -lt $end ] || fail "'$1' does not go"
-        sleep 0.05
-    done
-}
-
 press() {
     xdotool key --clearmodifiers "$@"
+}
+
+# answer TITLE KEY: presses a key that closes the window of this title, once it is seen; again when
+# the key got lost, as it does in a window that has the keyboard but does not listen yet.
+answer() {
+    local end=$((SECONDS + patience)) window turn=0
+    see "$1"
+    window=$(xdotool getactivewindow 2>/dev/null)
+    press "$2"
+    while [ -n "$window" ] && [ "$(xdotool getactivewindow 2>/dev/null)" = "$window" ]; do
+        kill -0 $pid 2>/dev/null || return 0
+        [ $SECONDS -lt $end ] || fail "'$1' does not go"
+        sleep 0.05
+        turn=$((turn + 1))
+        [ $((turn % 60)) -ne 0 ] || press "$2"
+    done
 }
 
 # ends STATUS
@@ -154,8 +161,7 @@ has_satellites() { grep -q "Astra 19E" "$satellites" || fail "the satellite list
 
 first_start() {
     start
-    see "Driver selction"
-    press Return # the driver for captures is chosen already
+    answer "Driver selction" Return # the driver for captures is chosen already
     quit
     ends 0
     stores "$capture_class"
@@ -168,10 +174,8 @@ first_start() {
 cancel_at_the_choice() {
     for _ in 1 2; do
         start
-        see "Driver selction"
-        press Escape
-        see Tessaview3
-        press Return
+        answer "Driver selction" Escape
+        answer Tessaview3 Return
         ends 1
         stores_nothing
     done
@@ -180,15 +184,12 @@ cancel_at_the_choice() {
 failing_driver() {
     scripted '{000000A3-0000-0000-0000-000000000000}'
     start
-    see Tessaview3
-    press Return
+    answer Tessaview3 Return
     ends 1
     stores_nothing
     start
-    see "Driver selction"
-    press Escape
-    see Tessaview3
-    press Return
+    answer "Driver selction" Escape
+    answer Tessaview3 Return
     ends 1
 }
 
@@ -196,11 +197,8 @@ driver_that_hangs_at_the_start() {
     scripted '{000000A5-0000-0000-0000-000000000000}'
     export TESSAVIEW_DRIVER_PATIENCE=1
     start
-    see Tessaview3
-    press alt+k # keep waiting
-    vanishes Tessaview3
-    see Tessaview3
-    press alt+q
+    answer Tessaview3 alt+k # keep waiting
+    answer Tessaview3 alt+q
     ends 1
     stores_nothing
     has_satellites
@@ -234,8 +232,7 @@ captures() {
     ends 0
     stores '{00000000-0000-0000-0000-000000000001}'
     start "$home/gone.ts"
-    see Tessaview3
-    press Return
+    answer Tessaview3 Return
     quit
     ends 0
 }
@@ -244,8 +241,7 @@ unreadable_settings() {
     mkdir -p "$home/.config/tessaview3"
     printf '{"SOFT' >"$settings"
     start
-    see "Driver selction"
-    press Return
+    answer "Driver selction" Return
     quit
     ends 0
     stores "$capture_class"
@@ -258,21 +254,17 @@ read_only_home() {
     chmod 666 "$home/err"
     chmod 555 "$home" "$home/components"
     start --as-nobody
-    see "Driver selction"
-    press Return
-    see Tessaview3 # the choice cannot be remembered
-    press Return
+    answer "Driver selction" Return
+    answer Tessaview3 Return # the choice cannot be remembered
     quit
-    see Tessaview3 # the satellite list cannot be saved
-    press Return
+    answer Tessaview3 Return # the satellite list cannot be saved
     ends 0
 }
 
 no_writable_folder() {
     HOME=/proc/nowhere start --as-nobody "$sample"
     quit
-    see Tessaview3
-    press Return
+    answer Tessaview3 Return
     ends 0
 }
 
