@@ -1,5 +1,6 @@
 #include "drivers/common/section_collector.h"
 
+#include "drivers/common/table_ids.h"
 #include "si/crc32.h"
 
 #include <algorithm>
@@ -13,7 +14,7 @@ constexpr std::size_t kShortHeader = 3;
 constexpr std::size_t kSegmentLast = 12; // segment_last_section_number of an event table
 constexpr std::size_t kLastTableId = 13;
 constexpr unsigned kTableIdShift = 48;
-constexpr uint8_t kTdt = 0x70;
+constexpr uint8_t kTdt = kFirstShortTable;
 constexpr uint8_t kRst = 0x71;
 constexpr uint8_t kTot = 0x73;
 // What a section and a table instance take beside their bytes, about.
@@ -23,11 +24,6 @@ constexpr std::size_t kInstanceOverhead = 320;
 int u16(std::span<const uint8_t> bytes, std::size_t at)
 {
     return at + 1 < bytes.size() ? bytes[at] << 8 | bytes[at + 1] : 0;
-}
-
-bool isEit(uint8_t table_id)
-{
-    return table_id >= 0x4E && table_id <= 0x6F;
 }
 
 bool hasLongSyntax(std::span<const uint8_t> section)
@@ -51,7 +47,7 @@ uint64_t identifiersOf(std::span<const uint8_t> section)
                static_cast<uint64_t>(u16(section, 3)) << 32;
     if (table_id == 0x42 || table_id == 0x46)
         key |= static_cast<uint64_t>(u16(section, 8));
-    else if (isEit(table_id))
+    else if (isEventTable(table_id))
         key |=
             static_cast<uint64_t>(u16(section, 8)) << 16 | static_cast<uint64_t>(u16(section, 10));
     return key;
@@ -93,8 +89,7 @@ SectionCollector::SectionCollector(const TableRequest& request, SectionBudget& b
 
 bool SectionCollector::wantsTable(uint8_t table_id) const
 {
-    const bool isSchedule = request_.table_id == 0x50 || request_.table_id == 0x60;
-    return isSchedule ? (table_id & 0xF0) == request_.table_id : table_id == request_.table_id;
+    return (table_id & tableIdMask(request_.table_id)) == request_.table_id;
 }
 
 bool SectionCollector::wants(std::span<const uint8_t> section) const
@@ -146,7 +141,7 @@ void SectionCollector::Version::keep(std::span<const uint8_t> section, bool isSo
         return;
     ++soundCount;
     size = std::max(size, std::size_t{section[7]} + 1);
-    if (isEit(section[0]))
+    if (isEventTable(section[0]))
         noteSegment(section);
 }
 
@@ -208,10 +203,10 @@ void SectionCollector::takeLong(std::span<const uint8_t> section)
     }
     version->keep(section, isSound);
     ++keptCount_;
-    if (isSound && isEit(section[0]) && section.size() > kLastTableId)
+    if (isSound && isEventTable(section[0]) && section.size() > kLastTableId)
         instance->last_table_id = std::max(instance->last_table_id, section[kLastTableId]);
     // A schedule leaves numbers out, so it cannot be told when it is complete.
-    instance->isComplete = !isEit(section[0]) && version->isComplete();
+    instance->isComplete = !isEventTable(section[0]) && version->isComplete();
     isComplete_ = instance->isComplete && asksForOne();
 }
 
@@ -220,8 +215,9 @@ bool SectionCollector::looksComplete(const Instance& instance) const
     if (instance.isComplete)
         return true;
     const auto table_id = static_cast<uint8_t>(instance.identifiers >> kTableIdShift);
-    if (!isEit(table_id) || std::none_of(instance.versions.begin(), instance.versions.end(),
-                                         [](const Version& v) { return v.hasAllAnnounced(); }))
+    if (!isEventTable(table_id) ||
+        std::none_of(instance.versions.begin(), instance.versions.end(),
+                     [](const Version& v) { return v.hasAllAnnounced(); }))
         return false;
     // The rest of a schedule is in the next table_id, if one is announced that is asked for.
     const auto next = static_cast<uint8_t>(table_id + 1);

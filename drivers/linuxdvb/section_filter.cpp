@@ -1,5 +1,7 @@
 #include "drivers/linuxdvb/section_filter.h"
 
+#include "drivers/common/table_ids.h"
+
 #include <array>
 #include <cerrno>
 #include <fcntl.h>
@@ -17,7 +19,6 @@ constexpr std::size_t kEventBufferSize = std::size_t{512} << 10; // these come t
 // So that one filter that is always full does not keep the others waiting.
 constexpr int kSectionsAtATime = 256;
 
-constexpr std::uint8_t kLastLongTable = 0x6F;
 constexpr std::size_t kExtensionPlace = 1;   // of a filter, whose bytes leave the length out
 constexpr std::size_t kCurrentNextPlace = 3; // likewise
 
@@ -28,15 +29,14 @@ dmx_sct_filter_params parametersOf(const TableRequest& request)
     parameters.pid = static_cast<__u16>(request.PID);
     parameters.flags = DMX_CHECK_CRC | DMX_IMMEDIATE_START;
     dmx_filter& filter = parameters.filter;
-    const bool isSchedule = request.table_id == 0x50 || request.table_id == 0x60;
     filter.filter[0] = request.table_id;
-    filter.mask[0] = isSchedule ? 0xF0 : 0xFF;
+    filter.mask[0] = tableIdMask(request.table_id);
     if (request.match_table_id_extension != 0) {
         filter.filter[kExtensionPlace] = static_cast<__u8>(request.table_id_extension >> 8);
         filter.filter[kExtensionPlace + 1] = static_cast<__u8>(request.table_id_extension);
         filter.mask[kExtensionPlace] = filter.mask[kExtensionPlace + 1] = 0xFF;
     }
-    if (request.table_id <= kLastLongTable)
+    if (request.table_id < kFirstShortTable)
         filter.filter[kCurrentNextPlace] = filter.mask[kCurrentNextPlace] = 0x01;
     return parameters;
 }
@@ -59,9 +59,8 @@ SectionFilter::SectionFilter(Kernel& kernel, const std::string& demultiplexer,
     , lastNew_(started_)
 {
     // A driver that cannot have a buffer of this size keeps its own.
-    const bool isEvents = request.table_id >= 0x4E && request.table_id <= 0x6F;
-    static_cast<void>(
-        device_.controlValue(DMX_SET_BUFFER_SIZE, isEvents ? kEventBufferSize : kBufferSize));
+    static_cast<void>(device_.controlValue(
+        DMX_SET_BUFFER_SIZE, isEventTable(request.table_id) ? kEventBufferSize : kBufferSize));
     dmx_sct_filter_params parameters = parametersOf(request);
     if (const int result = device_.control(DMX_SET_FILTER, parameters); result < 0)
         throw device_.error("setting a section filter", result);

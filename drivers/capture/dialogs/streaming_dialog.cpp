@@ -3,13 +3,13 @@
 #include "drivers/capture/capture_tuner.h"
 #include "drivers/capture/packet_file.h"
 #include "drivers/common/dialogs/qt_text.h"
+#include "drivers/common/dialogs/stream_file.h"
 
 #include <algorithm>
 #include <cmath>
 #include <system_error>
 
 #include <QDir>
-#include <QFileDialog>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -100,11 +100,7 @@ void StreamingDialog::arrange(const QString& source)
 
 void StreamingDialog::browse()
 {
-    const QString start = destination_->text().isEmpty() ? QDir::homePath() : destination_->text();
-    // Whether an existing file may go is asked at the start, where it may also have been typed.
-    const QString chosen = QFileDialog::getSaveFileName(this, windowTitle(), start,
-                                                        "Transport streams (*.ts);;All files (*)",
-                                                        nullptr, QFileDialog::DontConfirmOverwrite);
+    const QString chosen = chooseStreamFile(this, destination_->text());
     if (chosen.isEmpty())
         return;
     destination_->setText(chosen);

@@ -1,6 +1,7 @@
 #include "drivers/linuxdvb/dialogs/streaming_dialog.h"
 
 #include "drivers/common/dialogs/qt_text.h"
+#include "drivers/common/dialogs/stream_file.h"
 #include "drivers/linuxdvb/dialogs/parts.h"
 #include "drivers/linuxdvb/dialogs/recording_panel.h"
 #include "drivers/linuxdvb/dialogs/signal_panel.h"
@@ -10,7 +11,6 @@
 #include <system_error>
 
 #include <QDir>
-#include <QFileDialog>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -139,11 +139,7 @@ void StreamingDialog::showTuner(const TunerLook& look)
 
 void StreamingDialog::browse()
 {
-    const QString start = destination_->text().isEmpty() ? QDir::homePath() : destination_->text();
-    // Whether an existing file may go is asked at the start, where it may also have been typed.
-    const QString chosen = QFileDialog::getSaveFileName(this, windowTitle(), start,
-                                                        "Transport streams (*.ts);;All files (*)",
-                                                        nullptr, QFileDialog::DontConfirmOverwrite);
+    const QString chosen = chooseStreamFile(this, destination_->text());
     if (chosen.isEmpty())
         return;
     destination_->setText(chosen);
