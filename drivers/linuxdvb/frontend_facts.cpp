@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <fcntl.h>
+#include <optional>
 #include <string_view>
 
 namespace tessaview {
@@ -72,12 +73,6 @@ const char* systemName(fe_delivery_system system)
 {
     const System* const known = find(system);
     return known ? known->name : "";
-}
-
-std::optional<TunerType> typeOf(fe_delivery_system system)
-{
-    const System* const known = find(system);
-    return known ? std::optional(known->type) : std::nullopt;
 }
 
 FrontendFacts factsOf(const Device& frontend, DeviceId id)

@@ -5,7 +5,6 @@
 
 #include <cstdint>
 #include <linux/dvb/frontend.h>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -26,8 +25,6 @@ struct FrontendFacts {
 
 /// "DVB-S2"
 const char* systemName(fe_delivery_system system);
-/// The tuner type that a delivery system belongs to.
-std::optional<TunerType> typeOf(fe_delivery_system system);
 
 /// Asks an open frontend. Throws DeviceError.
 FrontendFacts factsOf(const Device& frontend, DeviceId id);
