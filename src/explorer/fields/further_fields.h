@@ -2,7 +2,11 @@
 
 #include "explorer/fields/header_fields.h"
 #include "platform/format.h"
-#include "si/descriptors/further_descriptors.h"
+#include "si/descriptors/component_descriptors.h"
+#include "si/descriptors/data_descriptors.h"
+#include "si/descriptors/event_descriptors.h"
+#include "si/descriptors/service_descriptors.h"
+#include "si/descriptors/transport_descriptors.h"
 #include "si/texts/registries.h"
 
 // What the value pane shows of descriptors that stand alone.

@@ -4,6 +4,7 @@
 #include "si/descriptors/delivery_descriptors.h"
 #include "si/descriptors/multilingual_descriptors.h"
 #include "si/descriptors/network_descriptors.h"
+#include "si/descriptors/service_descriptors.h"
 #include "si/texts/value_texts.h"
 
 // What the value pane shows of descriptors that name, deliver and link networks, bouquets and

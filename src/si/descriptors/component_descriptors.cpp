@@ -103,4 +103,30 @@ void DescriptorSubtitling::dumpBody(std::ostream& out) const
     }
 }
 
+DescriptorAC3::DescriptorAC3(DescriptorReader in)
+    : DescriptorOf(in)
+    , component_type_flag(in.bits(1))
+    , bsid_flag(in.bits(1))
+    , mainid_flag(in.bits(1))
+    , asvc_flag(in.bits(1))
+    , component_type(in.skip(4).bits(8 * component_type_flag))
+    , bsid(in.bits(8 * bsid_flag))
+    , mainid(in.bits(8 * mainid_flag))
+    , asvc(in.bits(8 * asvc_flag))
+    , additional_info_byte(in.rest())
+{
+}
+
+DescriptorAncillaryData::DescriptorAncillaryData(DescriptorReader in)
+    : DescriptorOf(in)
+    , ancillary_data_identifier(in.u8())
+{
+}
+
+DescriptorAdaptationFieldData::DescriptorAdaptationFieldData(DescriptorReader in)
+    : DescriptorOf(in)
+    , adaptation_field_data_identifier(in.u8())
+{
+}
+
 } // namespace lib13818

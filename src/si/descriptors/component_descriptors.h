@@ -89,4 +89,37 @@ public:
     std::vector<SubtitlingInfo> entries;
 };
 
+class DescriptorAC3 final : public DescriptorOf<0x6A, "AC3_descriptor"> {
+public:
+    explicit DescriptorAC3(DescriptorReader in);
+
+    static const char* componentTypeText() { return "to be implemented"; }
+
+    int component_type_flag;
+    int bsid_flag;
+    int mainid_flag;
+    int asvc_flag;
+    // Each is 0 without its flag.
+    int component_type;
+    int bsid;
+    int mainid;
+    int asvc;
+    std::vector<uint8_t> additional_info_byte;
+};
+
+class DescriptorAncillaryData final : public DescriptorOf<0x6B, "ancillary_data_descriptor"> {
+public:
+    explicit DescriptorAncillaryData(DescriptorReader in);
+
+    int ancillary_data_identifier; ///< one bit for each kind of data
+};
+
+class DescriptorAdaptationFieldData final
+    : public DescriptorOf<0x70, "adaptation_field_descriptor"> {
+public:
+    explicit DescriptorAdaptationFieldData(DescriptorReader in);
+
+    int adaptation_field_data_identifier; ///< one bit for each kind of data
+};
+
 } // namespace lib13818

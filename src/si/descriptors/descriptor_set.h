@@ -2,13 +2,15 @@
 
 #include "si/descriptors/cell_descriptors.h"
 #include "si/descriptors/component_descriptors.h"
+#include "si/descriptors/data_descriptors.h"
 #include "si/descriptors/delivery_descriptors.h"
 #include "si/descriptors/event_descriptors.h"
-#include "si/descriptors/further_descriptors.h"
 #include "si/descriptors/mosiac_descriptor.h"
 #include "si/descriptors/mpeg_descriptors.h"
 #include "si/descriptors/multilingual_descriptors.h"
 #include "si/descriptors/network_descriptors.h"
+#include "si/descriptors/service_descriptors.h"
+#include "si/descriptors/transport_descriptors.h"
 #include "si/descriptors/typed_lists.h"
 
 #include <cstdint>

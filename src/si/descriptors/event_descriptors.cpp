@@ -179,4 +179,10 @@ void DescriptorLocalTimeOffset::dumpBody(std::ostream& out) const
     }
 }
 
+DescriptorPDC::DescriptorPDC(DescriptorReader in)
+    : DescriptorOf(in)
+    , programme_identification_label(in.skip(4).bits(20))
+{
+}
+
 } // namespace lib13818

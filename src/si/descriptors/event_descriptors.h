@@ -128,4 +128,11 @@ public:
     std::vector<LocalTimeOffsetInfo> entries;
 };
 
+class DescriptorPDC final : public DescriptorOf<0x69, "PDC_descriptor"> {
+public:
+    explicit DescriptorPDC(DescriptorReader in);
+
+    int programme_identification_label; ///< day, month, hour, minute in 5, 4, 5 and 6 bits
+};
+
 } // namespace lib13818

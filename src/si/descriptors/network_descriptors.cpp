@@ -1,7 +1,6 @@
 #include "si/descriptors/network_descriptors.h"
 
 #include "si/dump.h"
-#include "si/error.h"
 
 namespace lib13818 {
 
@@ -56,39 +55,6 @@ void DescriptorBouquetName::dumpBody(std::ostream& out) const
     line(out, "bouquet_name: ", bouquet_name);
 }
 
-DescriptorService::DescriptorService(DescriptorReader in)
-    : DescriptorOf(in)
-    , service_type(in.u8())
-    , provider_name(in.countedText())
-    , service_name(in.countedText())
-{
-}
-
-void DescriptorService::dumpBody(std::ostream& out) const
-{
-    line(out, "service_type ", service_type);
-    line(out, "provider_name ", provider_name);
-    line(out, "service_name ", service_name);
-}
-
-DescriptorCountryAvailability::DescriptorCountryAvailability(DescriptorReader in)
-    : DescriptorOf(in)
-    , country_availability_flag(in.bits(1))
-{
-    if ((in.length - 1) % 3 != 0)
-        throw error(kBadContent, "country_availability_descriptor");
-    in.skip(7);
-    while (!in.atEnd())
-        country_code.push_back(in.text(3));
-}
-
-void DescriptorCountryAvailability::dumpBody(std::ostream& out) const
-{
-    line(out, "country_availability_flag: ", country_availability_flag);
-    for (const std::string& code : country_code)
-        line(out, "country_code: ", code);
-}
-
 DescriptorLinkage::DescriptorLinkage(DescriptorReader in)
     : DescriptorOf(in)
     , transport_stream_id(in.u16())
@@ -111,18 +77,6 @@ void DescriptorLinkage::dumpBody(std::ostream& out) const
     hexDump(out, private_data_byte);
 }
 
-DescriptorCAIdentifier::DescriptorCAIdentifier(DescriptorReader in) : DescriptorOf(in)
-{
-    while (in.bytesLeft() >= 2)
-        CA_system_id.push_back(in.u16());
-}
-
-void DescriptorCAIdentifier::dumpBody(std::ostream& out) const
-{
-    for (const int id : CA_system_id)
-        line(out, "CA_system_id: ", id);
-}
-
 DescriptorPrivateDataSpecifier::DescriptorPrivateDataSpecifier(DescriptorReader in)
     : DescriptorOf(in)
     , private_data_specifier(in.u32())
@@ -132,21 +86,6 @@ DescriptorPrivateDataSpecifier::DescriptorPrivateDataSpecifier(DescriptorReader 
 void DescriptorPrivateDataSpecifier::dumpBody(std::ostream& out) const
 {
     line(out, "private_data_specifier: ", private_data_specifier);
-}
-
-DescriptorServiceMove::DescriptorServiceMove(DescriptorReader in)
-    : DescriptorOf(in)
-    , new_original_network_id(in.u16())
-    , new_transport_stream_id(in.u16())
-    , new_service_id(in.u16())
-{
-}
-
-void DescriptorServiceMove::dumpBody(std::ostream& out) const
-{
-    line(out, "new_original_network_id: ", new_original_network_id);
-    line(out, "new_transport_stream_id: ", new_transport_stream_id);
-    line(out, "new_service_id: ", new_service_id);
 }
 
 } // namespace lib13818

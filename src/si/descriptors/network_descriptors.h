@@ -2,11 +2,12 @@
 
 #include "si/descriptors/descriptor.h"
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
-// Descriptors that name and link networks, bouquets and services (EN 300 468, 6.2). Texts are the
-// broadcast's own bytes, character table selector included.
+// Descriptors that name and link networks and bouquets and list their services (EN 300 468, 6.2).
+// Texts are the broadcast's own bytes, character table selector included.
 
 namespace lib13818 {
 
@@ -49,26 +50,6 @@ public:
     std::string bouquet_name;
 };
 
-class DescriptorService final : public DescriptorOf<0x48, "service_descriptor"> {
-public:
-    explicit DescriptorService(DescriptorReader in);
-    void dumpBody(std::ostream& out) const override;
-
-    int service_type;
-    std::string provider_name;
-    std::string service_name;
-};
-
-class DescriptorCountryAvailability final
-    : public DescriptorOf<0x49, "country_availability_descriptor"> {
-public:
-    explicit DescriptorCountryAvailability(DescriptorReader in);
-    void dumpBody(std::ostream& out) const override;
-
-    int country_availability_flag;
-    std::vector<std::string> country_code; ///< three bytes each
-};
-
 class DescriptorLinkage final : public DescriptorOf<0x4A, "linkage_descriptor"> {
 public:
     explicit DescriptorLinkage(DescriptorReader in);
@@ -82,15 +63,6 @@ public:
     std::vector<uint8_t> private_data_byte; ///< whatever the linkage type
 };
 
-class DescriptorCAIdentifier final : public DescriptorOf<0x53, "CA_system_id_descriptor"> {
-public:
-    explicit DescriptorCAIdentifier(DescriptorReader in);
-    void dumpBody(std::ostream& out) const override;
-    void clear() override { CA_system_id.clear(); }
-
-    std::vector<int> CA_system_id;
-};
-
 class DescriptorPrivateDataSpecifier final
     : public DescriptorOf<0x5F, "private_data_specifier_descriptor"> {
 public:
@@ -98,16 +70,6 @@ public:
     void dumpBody(std::ostream& out) const override;
 
     uint32_t private_data_specifier;
-};
-
-class DescriptorServiceMove final : public DescriptorOf<0x60, "service_move_descriptor"> {
-public:
-    explicit DescriptorServiceMove(DescriptorReader in);
-    void dumpBody(std::ostream& out) const override;
-
-    int new_original_network_id;
-    int new_transport_stream_id;
-    int new_service_id;
 };
 
 } // namespace lib13818
