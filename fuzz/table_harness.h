@@ -1,6 +1,7 @@
 #pragma once
 
 #include "si/crc32.h"
+#include "si/descriptors/descriptor.h"
 #include "si/error.h"
 #include "si/section.h"
 #include "tests/support/bytes.h"
@@ -11,6 +12,7 @@
 #include <span>
 #include <sstream>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 namespace fuzz {
@@ -66,41 +68,37 @@ void decodeTable(std::span<const uint8_t> input)
         require(!table.parsed);
         require(failure.code == -1 || failure.code == 2 || failure.code == 3);
     }
-    Table copy = table;
-    require(dumpOf(copy) == dumpOf(table));
+    const std::string dump = dumpOf(table);
+    Table copy = std::exchange(table, Table());
+    require(dumpOf(copy) == dump);
     copy.clear();
     dumpOf(copy);
 }
 
-/// Adds the input as a descriptor loop to a set, as far as its descriptors are taken.
+/// Takes the input as a descriptor loop, and each of its descriptors as a loop of its own.
 template <class Set>
 void decodeLoop(std::span<const uint8_t> input)
 {
     const auto block = exactly(input);
-    std::span<const uint8_t> loop(block.get(), input.size());
-    Set set;
-    while (loop.size() >= 2 && loop.size() >= 2U + loop[1]) {
-        const auto descriptor = exactly(loop.first(2U + loop[1]));
+    const auto decode = [](std::span<const uint8_t> loop) {
+        Set set;
         try {
-            set.add(descriptor.get());
+            const std::size_t left = set.fill(loop);
+            require(set.bytes().size() + left == loop.size());
         } catch (const lib13818::error&) {
         }
-        loop = loop.subspan(2U + loop[1]);
-    }
-    Set copy = set;
-    require(dumpOf(copy) == dumpOf(set));
-    Set moved = std::move(copy);
-    require(dumpOf(moved) == dumpOf(set));
-    Set::forEachType([&]<class List>() {
-        require(moved.template all<List>().size() == set.template all<List>().size());
-        moved.template clear<List>();
+        std::size_t listed = 0;
+        Set::forEachType([&]<class List>() { listed += set.template all<List>().size(); });
+        set.forEach([&](std::span<const uint8_t> /*descriptor*/) { --listed; });
+        require(listed == 0);
+        dumpOf(set);
+    };
+    const std::span<const uint8_t> loop(block.get(), input.size());
+    decode(loop);
+    lib13818::forEachDescriptor(loop, [&](const uint8_t* descriptor) {
+        const auto own = exactly({descriptor, 2U + descriptor[1]});
+        decode({own.get(), 2U + descriptor[1]});
     });
-    require(moved.empty());
-    try {
-        set.addLoop({block.get(), input.size()});
-    } catch (const lib13818::error&) {
-    }
-    dumpOf(set);
 }
 
 } // namespace fuzz

@@ -4,6 +4,8 @@
 #include "log/output.h"
 #include "model/tuning.h"
 
+#include <optional>
+
 namespace tessaview {
 
 namespace {
@@ -23,24 +25,23 @@ const lib13818::TransportStreamEntry* findStream(const NitMap& networks,
 
 /// The first delivery system descriptor of a kind that the NIT has for a transponder.
 template <class Descriptor>
-const Descriptor* findInNit(const Transponder& transponder)
+std::optional<Descriptor> findInNit(const Transponder& transponder)
 {
     if (const auto* entry = findStream(transponder.nitActual, transponder.transport_stream_id)) {
-        const auto descriptors = entry->descriptors.template all<Descriptor>();
-        if (!descriptors.empty())
-            return &descriptors.front();
+        if (auto first = entry->descriptors.template all<Descriptor>().first())
+            return first;
     }
     constexpr const char* text = "current TS not found in NIT - using tuner parameters";
     OutputPrint(text);
     LogPrint(g_log, log_level::kInformation, text);
-    return nullptr;
+    return std::nullopt;
 }
 
 void attachSatellite(Transponder& transponder, const DriverAccess& driver)
 {
     SatelliteTuning tuning{};
     std::string satellite;
-    if (const auto* found = findInNit<lib13818::DescriptorSatelliteDeliverySystem>(transponder))
+    if (const auto found = findInNit<lib13818::DescriptorSatelliteDeliverySystem>(transponder))
         transponder.setSatelliteTuning(tuningOf(*found), "");
     else if (!failed(driver.currentTuning(tuning, satellite)))
         transponder.setSatelliteTuning(tuning, std::move(satellite));
@@ -49,7 +50,7 @@ void attachSatellite(Transponder& transponder, const DriverAccess& driver)
 void attachCable(Transponder& transponder, const DriverAccess& driver)
 {
     CableTuning tuning{};
-    if (const auto* found = findInNit<lib13818::DescriptorCableDeliverySystem>(transponder))
+    if (const auto found = findInNit<lib13818::DescriptorCableDeliverySystem>(transponder))
         transponder.setCableTuning(tuningOf(*found));
     else if (!failed(driver.currentTuning(tuning)))
         transponder.setCableTuning(tuning);
@@ -58,7 +59,7 @@ void attachCable(Transponder& transponder, const DriverAccess& driver)
 void attachTerrestrial(Transponder& transponder, const DriverAccess& driver)
 {
     TerrestrialTuning tuning{};
-    if (const auto* found = findInNit<lib13818::DescriptorTerrestrialDeliverySystem>(transponder))
+    if (const auto found = findInNit<lib13818::DescriptorTerrestrialDeliverySystem>(transponder))
         transponder.setTerrestrialTuning(tuningOf(*found));
     else if (!failed(driver.currentTuning(tuning)))
         transponder.setTerrestrialTuning(tuning);

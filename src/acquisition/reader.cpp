@@ -220,9 +220,9 @@ void TransponderRead::takeEit(SiTable table, EitMap& place)
     const char* const name = siTableName(table);
     LogPrint(g_log, log_level::kDetail, "Got %d %s sections", batch_.count(*answer), name);
     for (std::size_t i = 0; i < batch_.usable(*answer); ++i) {
-        const Bytes section = batch_.section(*answer, i);
+        const lib13818::SectionBytes section = batch_.section(*answer, i);
         if (table == SiTable::EitPfActual)
-            logFirstBytes(section);
+            logFirstBytes(section.get());
         const auto code =
             decodeSection<Eit>(section, [&place](Eit&& eit) { storeEit(place, std::move(eit)); });
         if (!code)

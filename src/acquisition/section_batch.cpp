@@ -3,9 +3,6 @@
 #include "component/task_memory.h"
 #include "log/log_file.h"
 #include "log/output.h"
-#include "si/section.h"
-
-#include <utility>
 
 namespace tessaview {
 
@@ -22,56 +19,47 @@ void report(std::int32_t count)
 
 } // namespace
 
-SectionBatch::~SectionBatch()
+SectionBatch::Answer::~Answer()
 {
-    releaseAll();
+    if (list.count > 0 && list.sections)
+        for (std::int32_t i = 0; i < list.count; ++i)
+            TessaviewTaskMemFree(list.sections[i]);
+    TessaviewTaskMemFree(static_cast<void*>(list.sections));
 }
 
 Status SectionBatch::read(ISectionReader& reader, std::span<const TableRequest> requests)
 {
-    releaseAll();
-    lists_.assign(requests.size(), {});
+    answers_.clear();
+    std::vector<SectionList> lists(requests.size());
+    answers_.reserve(requests.size());
+    for (std::size_t i = 0; i < requests.size(); ++i)
+        answers_.push_back(std::make_shared<Answer>());
     const Status result = reader.ReadTables(static_cast<std::uint32_t>(requests.size()),
-                                            requests.data(), kWaitLimit, lists_.data());
+                                            requests.data(), kWaitLimit, lists.data());
     if (failed(result))
-        lists_.assign(requests.size(), {});
-    else
-        checkAnswers();
+        return result;
+    for (std::size_t i = 0; i < requests.size(); ++i)
+        answers_[i]->list = lists[i];
+    checkAnswers();
     return result;
 }
 
 std::size_t SectionBatch::usable(std::size_t answer) const
 {
-    const SectionList& list = lists_[answer];
-    return list.count > 0 && list.sections ? static_cast<std::size_t>(list.count) : 0;
+    const std::int32_t sections = count(answer);
+    return sections > 0 && answers_[answer]->list.sections ? static_cast<std::size_t>(sections) : 0;
 }
 
-std::span<const std::uint8_t> SectionBatch::section(std::size_t answer, std::size_t index) const
+lib13818::SectionBytes SectionBatch::section(std::size_t answer, std::size_t index) const
 {
-    const std::uint8_t* const bytes = lists_[answer].sections[index];
-    if (!bytes)
-        return {};
-    return {bytes, lib13818::sectionSize(bytes)};
-}
-
-void SectionBatch::release(std::size_t answer)
-{
-    const std::size_t sections = usable(answer);
-    const SectionList list = std::exchange(lists_[answer], {});
-    for (std::size_t i = 0; i < sections; ++i)
-        TessaviewTaskMemFree(list.sections[i]);
-    TessaviewTaskMemFree(static_cast<void*>(list.sections));
-}
-
-void SectionBatch::releaseAll()
-{
-    for (std::size_t i = 0; i < lists_.size(); ++i)
-        release(i);
+    const std::uint8_t* const bytes = answers_[answer]->list.sections[index];
+    return bytes ? lib13818::SectionBytes(answers_[answer], bytes) : lib13818::SectionBytes();
 }
 
 void SectionBatch::checkAnswers()
 {
-    for (SectionList& list : lists_) {
+    for (const auto& answer : answers_) {
+        SectionList& list = answer->list;
         if (list.count > kMaxSections)
             list.sections = nullptr;
         if (list.count > 0 && !list.sections)

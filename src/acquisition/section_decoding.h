@@ -6,7 +6,6 @@
 #include <cstdint>
 #include <exception>
 #include <optional>
-#include <span>
 #include <utility>
 
 namespace tessaview {
@@ -14,7 +13,7 @@ namespace tessaview {
 /// Decodes one section and stores it with `store(Table&&)`; gives the code of what went wrong, or
 /// nothing. A section so crafted that it exhausts the memory costs itself, not what was read.
 template <class Table, class Store>
-std::optional<int> decodeSection(std::span<const std::uint8_t> section, Store store)
+std::optional<int> decodeSection(const lib13818::SectionBytes& section, Store store)
 {
     try {
         Table table;

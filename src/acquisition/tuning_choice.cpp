@@ -10,10 +10,10 @@ namespace {
 template <class Descriptor>
 Transponder::Tuning firstOf(const lib13818::TransportStreamEntry& entry)
 {
-    const auto descriptors = entry.descriptors.all<Descriptor>();
-    if (descriptors.empty())
+    const auto descriptor = entry.descriptors.all<Descriptor>().first();
+    if (!descriptor)
         return std::monostate();
-    return tuningOf(descriptors.front());
+    return tuningOf(*descriptor);
 }
 
 struct FrequencyText {

@@ -8,7 +8,9 @@
 #include "explorer/list_nodes.h"
 
 #include <array>
+#include <bit>
 #include <cstddef>
+#include <cstdint>
 #include <tuple>
 #include <type_traits>
 
@@ -167,18 +169,48 @@ consteval bool everyListHasOneGroup()
 }
 static_assert(everyListHasOneGroup(), "give every list of DescriptorSet one group");
 
+constexpr std::size_t kGroupCount = std::tuple_size_v<Groups>;
+
 template <class... Group>
-void addGroups(const DescriptorSet& set, Children& children, const std::tuple<Group...>* /*groups*/)
+consteval auto addersOf(const std::tuple<Group...>* /*groups*/)
 {
-    (Group::addTo(set, children), ...);
+    return std::array{&Group::addTo...};
 }
+constexpr auto kAdders = addersOf(static_cast<const Groups*>(nullptr));
+
+template <class... Group>
+consteval auto groupsOfTags(const std::tuple<Group...>* /*groups*/)
+{
+    std::array<std::uint8_t, 256> groups{};
+    for (std::size_t tag = 0; tag < groups.size(); ++tag) {
+        std::uint8_t group = 0;
+        (((DescriptorSet::kListOfTag[tag] == DescriptorSet::kIndex<typename Group::List>
+               ? void(groups[tag] = group)
+               : void()),
+          ++group),
+         ...);
+    }
+    return groups;
+}
+/// The place of the group that a tag belongs to.
+constexpr auto kGroupOfTag = groupsOfTags(static_cast<const Groups*>(nullptr));
 
 } // namespace
 
 void addDescriptorLoop(const DescriptorSet& descriptors, Children& children)
 {
-    if (!descriptors.empty())
-        addGroups(descriptors, children, static_cast<const Groups*>(nullptr));
+    // A loop has a handful of the groups: only those are gone through.
+    constexpr std::size_t kWordBits = 64;
+    std::array<std::uint64_t, (kGroupCount + kWordBits - 1) / kWordBits> present{};
+    descriptors.forEach([&](Bytes descriptor) {
+        const std::size_t group = kGroupOfTag[descriptor[0]];
+        present[group / kWordBits] |= std::uint64_t{1} << group % kWordBits;
+    });
+    for (std::size_t word = 0; word < present.size(); ++word)
+        for (; present[word] != 0; present[word] &= present[word] - 1) {
+            const auto bit = static_cast<std::size_t>(std::countr_zero(present[word]));
+            kAdders[word * kWordBits + bit](descriptors, &descriptors, children);
+        }
 }
 
 } // namespace tessaview

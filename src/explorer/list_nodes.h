@@ -4,7 +4,9 @@
 #include "explorer/tree.h"
 #include "si/descriptors/descriptor.h"
 
+#include <concepts>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <type_traits>
 
@@ -21,8 +23,34 @@ constexpr ContextMenu kMenuOf = ContextMenu::None;
 template <class Owner, class... Lists>
 void expandLists(const NodeView& node, Children& children)
 {
-    (Lists::addTo(node.data<Owner>(), children), ...);
+    const auto& owner = node.data<Owner>();
+    (Lists::addTo(owner, node.address(), children), ...);
 }
+
+/// The bytes of the nodes that stand for a `T` which is neither descriptor nor record.
+template <class T>
+constexpr std::span<const std::uint8_t> (*kBytesOf)(const NodeView& node) = nullptr;
+
+template <std::derived_from<lib13818::Descriptor> T>
+constexpr std::span<const std::uint8_t> (*kBytesOf<T>)(const NodeView& node) =
+    [](const NodeView& node) {
+        const auto* const tag = static_cast<const std::uint8_t*>(node.address());
+        return std::span<const std::uint8_t>(tag, 2U + tag[1]);
+    };
+
+template <std::derived_from<lib13818::Record> T>
+constexpr std::span<const std::uint8_t> (*kBytesOf<T>)(const NodeView& node) =
+    [](const NodeView& node) {
+        lib13818::BitReader in = node.recordReader();
+        const std::uint8_t* const first = in.place();
+        lib13818::readRecord<T>(in);
+        return std::span<const std::uint8_t>(first, in.place());
+    };
+
+template <class T>
+constexpr NodePart kPartOf = std::derived_from<T, lib13818::Descriptor> ? NodePart::Descriptor
+                             : std::derived_from<T, lib13818::Record>   ? NodePart::Record
+                                                                        : NodePart::Entry;
 
 /// The node kinds of one list. `Source` tells whose the list is (`Owner`), what is in it (`Entry`)
 /// and where (`entries(owner)`); `Fields` is the field list of an entry; `Nested` are the lists
@@ -34,16 +62,18 @@ struct ListNodes {
     static_assert(std::is_same_v<Entry, typename std::remove_cvref_t<decltype(Fields)>::Object>,
                   "give every list of the tree the field list of its entries");
 
-    static void addTo(const Owner& owner, Children& children)
+    /// `address` is that of the owner's node.
+    static void addTo(const Owner& owner, const void* address, Children& children)
     {
         const auto& entries = Source::entries(owner);
-        if (entries.empty())
+        auto entry = entries.begin();
+        if (entry == entries.end())
             return;
-        auto second = entries.begin();
-        if (++second == entries.end())
-            children.add(kOnly, &*entries.begin());
+        const void* const first = placeOf(entry);
+        if (++entry == entries.end())
+            children.add(kOnly, first);
         else
-            children.add(kList, &owner);
+            children.add(kList, address);
     }
 
 private:
@@ -56,17 +86,31 @@ private:
 
     static void expandList(const NodeView& node, Children& children)
     {
-        for (const auto& entry : Source::entries(node.data<Owner>()))
-            children.add(kEntry, &entry);
+        const auto& owner = node.data<Owner>();
+        const auto& entries = Source::entries(owner);
+        for (auto entry = entries.begin(); entry != entries.end(); ++entry)
+            children.add(kEntry, placeOf(entry));
+    }
+
+    /// Where an entry is: its first byte, or the object itself.
+    template <class Iterator>
+    static const void* placeOf(const Iterator& entry)
+    {
+        if constexpr (requires { entry.place(); })
+            return entry.place();
+        else
+            return &*entry;
     }
 
     static constexpr NodeKind kindOfEntry(std::string (*label)(const NodeView&))
     {
         return {.name = Singular.text,
                 .label = label,
-                .expand = expandLists<Entry, Nested...>,
+                .expand = sizeof...(Nested) == 0 ? nullptr : expandLists<Entry, Nested...>,
                 .fill = fillFrom<Fields>,
-                .menu = kMenuOf<Entry>};
+                .menu = kMenuOf<Entry>,
+                .bytes = kBytesOf<Entry>,
+                .part = kPartOf<Entry>};
     }
     static constexpr NodeKind kOnly = kindOfEntry(onlyLabel);
     static constexpr NodeKind kEntry = kindOfEntry(entryLabel);

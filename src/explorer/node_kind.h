@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -16,6 +17,15 @@ enum class NodeItem : std::uint8_t {
     None,  ///< selecting it leaves the value pane as it was
     Plain, ///< selecting it empties the value pane
     Filled ///< selecting it shows its rows
+};
+
+/// What the bytes of a node are.
+enum class NodePart : std::uint8_t {
+    None,       ///< it stands for no bytes of its own
+    Section,    ///< a whole section
+    Entry,      ///< an entry of a section, its descriptor loop included
+    Descriptor, ///< a descriptor, from its tag
+    Record      ///< an entry of a descriptor
 };
 
 /// The menus that a right click on a node may open, by resource id.
@@ -40,6 +50,9 @@ struct NodeKind {
     ContextMenu menu = ContextMenu::None;
     /// The network that a node and all below it belong to; null for a kind that does not say.
     std::uint32_t (*originalNetworkId)(const NodeView& node) = nullptr;
+    /// The bytes of a node, and what they are; null for a kind that has none.
+    std::span<const std::uint8_t> (*bytes)(const NodeView& node) = nullptr;
+    NodePart part = NodePart::None;
 };
 
 } // namespace tessaview

@@ -9,9 +9,8 @@ std::optional<std::string_view> nameIn(const lib13818::Sdt& sdt, std::uint32_t s
     for (const lib13818::SdtService& service : sdt.services) {
         if (static_cast<std::uint32_t>(service.service_id) != service_id)
             continue;
-        const auto descriptors = service.descriptors.all<lib13818::DescriptorService>();
-        if (!descriptors.empty())
-            return descriptors.front().service_name;
+        if (const auto first = service.descriptors.all<lib13818::DescriptorService>().first())
+            return first->service_name;
     }
     return std::nullopt;
 }

@@ -52,6 +52,22 @@ std::uint32_t originalNetworkIdOf(const NodeView& node)
     return static_cast<std::uint32_t>(node.data<T>().original_network_id);
 }
 
+template <class T>
+std::span<const std::uint8_t> bytesOf(const NodeView& node)
+{
+    return node.data<T>().bytes();
+}
+
+/// The bytes of an entry of a list whose entries all have one size, by its place in the list.
+template <std::size_t Start, std::size_t Size>
+std::span<const std::uint8_t> bytesAtRow(const NodeView& node)
+{
+    NodeView at = node.parent();
+    while (at.kind().part != NodePart::Section)
+        at = at.parent();
+    return at.bytes().subspan(Start + Size * node.row(), Size);
+}
+
 std::string networkText(std::uint32_t original_network_id)
 {
     return registryText(originalNetworkName(original_network_id));
@@ -136,14 +152,18 @@ constexpr NodeKind kNitStream{
     .label = numbered<"%04X", TransportStreamEntry, &TransportStreamEntry::transport_stream_id>,
     .expand = expandDescriptors<TransportStreamEntry>,
     .fill = fillFrom<kNitStreamFields>,
-    .originalNetworkId = originalNetworkIdOf<TransportStreamEntry>};
+    .originalNetworkId = originalNetworkIdOf<TransportStreamEntry>,
+    .bytes = bytesOf<TransportStreamEntry>,
+    .part = NodePart::Entry};
 constexpr NodeKind kNitStreams{.name = "nit-transport-streams",
                                .label = fixed<"STREAM_INFO">,
                                .expand = expandList<Nit, &Nit::transportStreams, kNitStream>};
 constexpr NodeKind kNitSection{.name = "nit-section",
                                .label = numbered<"SECTION %04X", Nit, &Nit::section_number>,
                                .expand = expandDescriptorsAndStreams<Nit, kNitStreams>,
-                               .fill = fillFrom<kNitFields>};
+                               .fill = fillFrom<kNitFields>,
+                               .bytes = bytesOf<Nit>,
+                               .part = NodePart::Section};
 constexpr NodeKind kNitNetwork{.name = "nit-network",
                                .label = keyed<"NID %04X", NitMap>,
                                .expand = expandSections<NitSections, kNitSection>};
@@ -159,11 +179,15 @@ constexpr NodeKind kNitOther{.name = "nit-other",
 constexpr NodeKind kSdtService{.name = "sdt-service",
                                .label = numbered<"%04x", SdtService, &SdtService::service_id>,
                                .expand = expandDescriptors<SdtService>,
-                               .fill = fillFrom<kSdtServiceFields>};
+                               .fill = fillFrom<kSdtServiceFields>,
+                               .bytes = bytesOf<SdtService>,
+                               .part = NodePart::Entry};
 constexpr NodeKind kSdtSection{.name = "sdt-section",
                                .label = numbered<"SECTION %04X", Sdt, &Sdt::section_number>,
                                .expand = expandList<Sdt, &Sdt::services, kSdtService>,
-                               .fill = fillFrom<kSdtFields>};
+                               .fill = fillFrom<kSdtFields>,
+                               .bytes = bytesOf<Sdt>,
+                               .part = NodePart::Section};
 constexpr NodeKind kSdtStream{.name = "sdt-transport-stream",
                               .label = keyed<"TID %04X", SdtStreams>,
                               .expand = expandSections<SdtSections, kSdtSection>};
@@ -183,25 +207,49 @@ constexpr NodeKind kSdtOther{.name = "sdt-other",
 constexpr NodeKind kCat{.name = "cat",
                         .label = fixed<"CAT">,
                         .expand = expandDescriptors<Cat>,
-                        .fill = fillFrom<kCatFields>};
-constexpr NodeKind kBat{.name = "bat", .label = fixed<"BAT">, .fill = fillFrom<kBatFields>};
+                        .fill = fillFrom<kCatFields>,
+                        .bytes = bytesOf<Cat>,
+                        .part = NodePart::Section};
+constexpr NodeKind kBat{.name = "bat",
+                        .label = fixed<"BAT">,
+                        .fill = fillFrom<kBatFields>,
+                        .bytes = bytesOf<Bat>,
+                        .part = NodePart::Section};
 constexpr NodeKind kPatProgram{.name = "pat-program",
                                .label = numbered<"%04X", PatProgram, &PatProgram::program_number>,
-                               .fill = fillFrom<kPatProgramFields>};
+                               .fill = fillFrom<kPatProgramFields>,
+                               .bytes = bytesAtRow<8, 4>,
+                               .part = NodePart::Entry};
 constexpr NodeKind kPat{.name = "pat",
                         .label = fixed<"PAT">,
                         .expand = expandList<Pat, &Pat::programs, kPatProgram>,
-                        .fill = fillFrom<kPatFields>};
+                        .fill = fillFrom<kPatFields>,
+                        .bytes = bytesOf<Pat>,
+                        .part = NodePart::Section};
+} // namespace
+template <>
+constexpr std::span<const std::uint8_t> (*kBytesOf<RunningStatusEntry>)(const NodeView& node) =
+    bytesAtRow<3, 9>;
+namespace {
+
 constexpr NodeKind kRst{.name = "rst",
                         .label = fixed<"RST">,
                         .expand =
                             expandLists<Rst, EntryList<&Rst::entries, "ITEM", kRstEntryFields>>,
-                        .fill = fillFrom<kRstFields>};
-constexpr NodeKind kTdt{.name = "tdt", .label = fixed<"TDT">, .fill = fillFrom<kTdtFields>};
+                        .fill = fillFrom<kRstFields>,
+                        .bytes = bytesOf<Rst>,
+                        .part = NodePart::Section};
+constexpr NodeKind kTdt{.name = "tdt",
+                        .label = fixed<"TDT">,
+                        .fill = fillFrom<kTdtFields>,
+                        .bytes = bytesOf<Tdt>,
+                        .part = NodePart::Section};
 constexpr NodeKind kTot{.name = "tot",
                         .label = fixed<"TOT">,
                         .expand = expandDescriptors<Tot>,
-                        .fill = fillFrom<kTotFields>};
+                        .fill = fillFrom<kTotFields>,
+                        .bytes = bytesOf<Tot>,
+                        .part = NodePart::Section};
 
 // PMT
 
@@ -212,7 +260,9 @@ constexpr NodeKind kPmtStream{.name = "pmt-stream",
                                           streamTypeName(node.data<StreamInfo>().stream_type));
                                   },
                               .expand = expandDescriptors<StreamInfo>,
-                              .fill = fillFrom<kPmtStreamFields>};
+                              .fill = fillFrom<kPmtStreamFields>,
+                              .bytes = bytesOf<StreamInfo>,
+                              .part = NodePart::Entry};
 constexpr NodeKind kPmtStreams{.name = "pmt-streams",
                                .label = fixed<"STREAM_INFO">,
                                .expand = expandList<Pmt, &Pmt::streams, kPmtStream>};
@@ -230,7 +280,9 @@ constexpr NodeKind kProgram{.name = "pmt-program",
                             .label = programLabel,
                             .expand = expandDescriptorsAndStreams<Pmt, kPmtStreams>,
                             .fill = fillFrom<kPmtFields>,
-                            .menu = ContextMenu::Program};
+                            .menu = ContextMenu::Program,
+                            .bytes = bytesOf<Pmt>,
+                            .part = NodePart::Section};
 
 void expandPmt(const NodeView& node, Children& children)
 {
@@ -246,11 +298,15 @@ constexpr NodeKind kPmt{.name = "pmt", .label = fixed<"PMT">, .expand = expandPm
 constexpr NodeKind kEitEvent{.name = "eit-event",
                              .label = numbered<"EID %04x", EitEvent, &EitEvent::event_id>,
                              .expand = expandDescriptors<EitEvent>,
-                             .fill = fillFrom<kEitEventFields>};
+                             .fill = fillFrom<kEitEventFields>,
+                             .bytes = bytesOf<EitEvent>,
+                             .part = NodePart::Entry};
 constexpr NodeKind kEitSection{.name = "eit-section",
                                .label = numbered<"%04X", Eit, &Eit::section_number>,
                                .expand = expandList<Eit, &Eit::events, kEitEvent>,
-                               .fill = fillFrom<kEitFields>};
+                               .fill = fillFrom<kEitFields>,
+                               .bytes = bytesOf<Eit>,
+                               .part = NodePart::Section};
 
 std::string eitServiceLabel(const NodeView& node)
 {

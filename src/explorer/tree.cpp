@@ -18,6 +18,37 @@ const void* NodeView::address() const
     return tree_->nodes_[id_].data;
 }
 
+std::span<const std::uint8_t> NodeView::bytes() const
+{
+    const auto bytesOf = kind().bytes;
+    return bytesOf ? bytesOf(*this) : std::span<const std::uint8_t>();
+}
+
+SectionPart NodeView::sectionPart() const
+{
+    const auto own = bytes();
+    if (own.empty())
+        return {};
+    NodeView at = *this;
+    while (at.kind().part != NodePart::Section)
+        at = at.parent();
+    const auto section = at.bytes();
+    return {.section = section,
+            .offset = static_cast<std::size_t>(own.data() - section.data()),
+            .size = own.size()};
+}
+
+lib13818::BitReader NodeView::recordReader() const
+{
+    NodeView at = *this;
+    while (at.kind().part != NodePart::Descriptor)
+        at = at.parent();
+    const auto descriptor = at.bytes();
+    const auto* const first = static_cast<const std::uint8_t*>(address());
+    const auto offset = static_cast<std::size_t>(first - descriptor.data());
+    return lib13818::BitReader(descriptor.subspan(offset));
+}
+
 NodeView NodeView::parent() const
 {
     return {*tree_, tree_->nodes_[id_].parent};

@@ -3,9 +3,13 @@
 #include "charset/charset_policy.h"
 #include "explorer/node_kind.h"
 #include "model/network_map.h"
+#include "si/descriptors/descriptor.h"
+#include "si/descriptors/records.h"
 
+#include <concepts>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -17,7 +21,16 @@ class Tree;
 /// The place of a node in its tree; the root is 0.
 using NodeId = std::uint32_t;
 
-/// One node of a tree, for as long as the tree is not rebuilt or cleared.
+/// Where the bytes of a node stand: a part of the section that they came in.
+struct SectionPart {
+    std::span<const std::uint8_t> section; ///< from table_id to CRC_32; empty for no bytes
+    std::size_t offset = 0;                ///< of the first byte in the section
+    std::size_t size = 0;                  ///< in bytes
+};
+
+/// One node of a tree, for as long as the tree is not rebuilt or cleared. Descriptors and their
+/// records are kept as bytes only: the node points at the first, and what it stands for is decoded
+/// when it is asked for.
 class NodeView {
 public:
     NodeView(const Tree& tree, NodeId id) : tree_(&tree), id_(id) {}
@@ -25,13 +38,30 @@ public:
     NodeId id() const { return id_; }
     const Tree& tree() const { return *tree_; }
     const NodeKind& kind() const;
-    /// What the node stands for, of the type its kind fixes.
+    /// What the node stands for, of the type its kind fixes: a reference into the model, or a
+    /// descriptor or record as a value.
     template <class T>
-    const T& data() const
+    decltype(auto) data() const
     {
-        return *static_cast<const T*>(address());
+        if constexpr (std::derived_from<T, lib13818::Descriptor>) {
+            return T(static_cast<const std::uint8_t*>(address()));
+        } else if constexpr (std::derived_from<T, lib13818::Record>) {
+            lib13818::BitReader in = recordReader();
+            return T(in);
+        } else {
+            return *static_cast<const T*>(address());
+        }
     }
+    /// The object in the model, or the first byte of a descriptor or record; null for a heading.
     const void* address() const;
+    /// The bytes as they were broadcast that the node stands for: a section, an entry of one with
+    /// its descriptors, a descriptor or one of its records; none for a node that stands for several
+    /// or for none. They live as long as the model does not change.
+    std::span<const std::uint8_t> bytes() const;
+    /// Where these bytes stand in their section; an empty section for a node without.
+    SectionPart sectionPart() const;
+    /// Reads from the first byte of a record to the end of its descriptor.
+    lib13818::BitReader recordReader() const;
     std::string label() const { return kind().label(*this); }
 
     bool isRoot() const { return id_ == 0; }
@@ -51,7 +81,8 @@ class Children {
 public:
     Children(Tree& tree, NodeId parent) : tree_(tree), parent_(parent) {}
 
-    /// A node of the kind that stands for `data`; null for a mere heading.
+    /// A node of the kind that stands for `data`: an object in the model, the first byte of a
+    /// descriptor or record, or null for a mere heading.
     void add(const NodeKind& kind, const void* data);
 
 private:

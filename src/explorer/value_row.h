@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,13 +20,13 @@ enum class RowItem : std::uint8_t {
 inline constexpr std::uint16_t kPidMenu = 146;
 inline constexpr std::uint16_t kPidStreamingCommand = 32794;
 
-/// One row of the value pane, for as long as the model does not change.
+/// One row of the value pane.
 struct ValueRow {
     std::string_view name; ///< as stored
     std::string data;      ///< valid UTF-8 without control characters
     RowItem item = RowItem::None;
-    std::span<const std::uint8_t> bytes = {}; ///< of a Bytes row, all of them
-    int pid = 0;                              ///< of a Pid row
+    std::vector<std::uint8_t> bytes = {}; ///< of a Bytes row, all of them
+    int pid = 0;                          ///< of a Pid row
     std::string remark = {}; ///< for a tooltip: which character table a text was read with, and why
 };
 

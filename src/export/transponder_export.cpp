@@ -5,7 +5,9 @@
 #include "export/tuning_columns.h"
 #include "si/texts/registries.h"
 
+#include <optional>
 #include <set>
+#include <string_view>
 
 namespace tessaview {
 
@@ -41,12 +43,9 @@ const lib13818::Pmt* findPmt(const Transponder& transponder, int program_number)
     return nullptr;
 }
 
-const DescriptorService* serviceDescriptorOf(const lib13818::SdtService* entry)
+std::optional<DescriptorService> serviceDescriptorOf(const lib13818::SdtService* entry)
 {
-    if (!entry)
-        return nullptr;
-    const auto descriptors = entry->descriptors.all<DescriptorService>();
-    return descriptors.empty() ? nullptr : &descriptors.front();
+    return entry ? entry->descriptors.all<DescriptorService>().first() : std::nullopt;
 }
 
 /// A row for each CA descriptor, under the row that `owner` names.
@@ -99,8 +98,8 @@ void TransponderExport::writeService(std::int64_t transponderId, const CharsetRu
                                      const lib13818::PatProgram& program,
                                      const lib13818::SdtService* entry, const lib13818::Pmt* pmt)
 {
-    const DescriptorService* const described = serviceDescriptorOf(entry);
-    const auto shown = [&](const std::string& text) {
+    const std::optional<DescriptorService> described = serviceDescriptorOf(entry);
+    const auto shown = [&](std::string_view text) {
         return displayText(BroadcastText{.text = text}, charset);
     };
     const std::string name = described ? shown(described->service_name) : "";

@@ -11,11 +11,10 @@ namespace {
 
 constexpr int kApplicationHeaderBytes = 9;
 
-/// The descriptors of a loop that declares `length` bytes and was cut to what there is.
-void walk(AitDescriptorSet& set, std::span<const uint8_t> loop, int length)
+/// The descriptors of a loop that may be cut to what there is.
+void walk(AitDescriptorSet& set, Bytes loop, bool isCut)
 {
-    const bool isCut = loop.size() != static_cast<std::size_t>(length);
-    if (set.addLoop(loop) != 0 || isCut)
+    if (set.fill(loop) != 0 || isCut)
         throw error(kBadContent, "application common descriptors length mismatch");
 }
 
@@ -39,14 +38,14 @@ AitApplication::AitApplication(BitReader& loop)
     , application_control_code(loop.u8())
     , application_descriptors_loop_length(loop.skip(4).bits(12))
 {
-    walk(descriptors, loop.take(application_descriptors_loop_length),
-         application_descriptors_loop_length);
+    const bool isCut = loop.bytesLeft() < application_descriptors_loop_length;
+    walk(descriptors, loop.take(application_descriptors_loop_length), isCut);
 }
 
 void Ait::clear()
 {
     applications.clear();
-    descriptors.clear<LowUserPrivate>();
+    descriptors.leaveOut<LowUserPrivate>();
 }
 
 void Ait::parsePayload(const uint8_t* body)
@@ -54,7 +53,7 @@ void Ait::parsePayload(const uint8_t* body)
     BitReader in = payload(body);
     common_descriptors_length = require(in, 2, kBadContent).skip(4).bits(12);
     require(in, common_descriptors_length, kBadContent);
-    walk(descriptors, in.take(common_descriptors_length), common_descriptors_length);
+    walk(descriptors, behind(descriptors, in.take(common_descriptors_length)), false);
     application_loop_length = require(in, 2, kBadContent).skip(4).bits(12);
     BitReader loop = takeLoop(in, application_loop_length, kBadContent);
     while (!loop.atEnd()) {

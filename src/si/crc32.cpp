@@ -3,6 +3,10 @@
 #include <algorithm>
 #include <array>
 
+#ifdef TESSAVIEW_HAS_ISAL
+#include <isa-l/crc.h>
+#endif
+
 namespace lib13818 {
 
 namespace {
@@ -77,7 +81,7 @@ uint32_t overFourChains(uint32_t crc, const uint8_t* data, std::size_t chain)
 
 } // namespace
 
-uint32_t crc32Mpeg2(const uint8_t* data, std::size_t count)
+uint32_t crc32ByTable(const uint8_t* data, std::size_t count)
 {
     uint32_t crc = 0xFFFFFFFF;
     while (count >= kLeastForChains) {
@@ -89,6 +93,16 @@ uint32_t crc32Mpeg2(const uint8_t* data, std::size_t count)
     for (std::size_t i = 0; i < count; ++i)
         crc = step(crc, data[i]);
     return crc;
+}
+
+uint32_t crc32Mpeg2(const uint8_t* data, std::size_t count)
+{
+#ifdef TESSAVIEW_HAS_ISAL
+    // The same polynomial and order of bits, with a complement before and after.
+    return ~crc32_ieee(0, data, count);
+#else
+    return crc32ByTable(data, count);
+#endif
 }
 
 } // namespace lib13818

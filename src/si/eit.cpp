@@ -22,8 +22,8 @@ EitEvent::EitEvent(BitReader& loop)
     , running_status(loop.bits(3))
     , free_CA_mode(loop.bits(1))
     , descriptors_loop_length(loop.bits(12))
+    , descriptors(walkEntry(loop.take(descriptors_loop_length)))
 {
-    walkEntry(descriptors, loop.take(descriptors_loop_length));
 }
 
 const char* Eit::name() const

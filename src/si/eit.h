@@ -13,6 +13,9 @@ public:
     /// Reads the entry at the front of the event loop, which holds at least its 12 fixed bytes.
     explicit EitEvent(BitReader& loop);
 
+    /// The bytes of the entry in its section, once that has been parsed as a whole.
+    Bytes bytes() const { return descriptors.entryBytes(12, descriptors_loop_length); }
+
     int event_id;
     DateTime start_time; ///< UTC
     Duration duration;

@@ -1,6 +1,7 @@
 #include "si/network_table.h"
 
 #include "si/dump.h"
+#include "si/error.h"
 
 #include <type_traits>
 
@@ -12,8 +13,8 @@ TransportStreamEntry::TransportStreamEntry(BitReader& loop)
     : transport_stream_id(require(loop, 6).u16())
     , original_network_id(loop.u16())
     , transport_descriptors_length(loop.skip(4).bits(12))
+    , descriptors(walkEntry(loop.take(transport_descriptors_length)))
 {
-    walkEntry(descriptors, loop.take(transport_descriptors_length));
 }
 
 void NetworkTable::clear()
@@ -26,18 +27,30 @@ void NetworkTable::parsePayload(const uint8_t* body)
 {
     BitReader in = payload(body);
     const int firstLoopLength = require(in, 2).skip(4).bits(12);
-    const auto firstLoop = require(in, firstLoopLength).take(firstLoopLength);
-    forEachDescriptor(firstLoop, [this](const uint8_t* descriptor) {
-        if (descriptor[0] == DescriptorCA::kTag)
-            caDescriptors.emplace_back(descriptor);
-        else
-            descriptors.add(descriptor);
-    });
+    takeFirstLoop(require(in, firstLoopLength).take(firstLoopLength));
     const int streamLoopLength = require(in, 2).skip(4).bits(12);
     BitReader loop = takeLoop(in, streamLoopLength);
     while (!loop.atEnd())
         transportStreams.emplace_back(loop);
     requireExactEnd(loop);
+}
+
+void NetworkTable::takeFirstLoop(Bytes loop)
+{
+    DescriptorSet both;
+    const auto sortOut = [&] {
+        for (const DescriptorCA& access : both.all<DescriptorCA>())
+            caDescriptors.push_back(access);
+        descriptors.fill(behind(descriptors, both.bytes()));
+        descriptors.leaveOut<DescriptorCA>();
+    };
+    try {
+        both.fill(loop);
+    } catch (const error&) {
+        sortOut();
+        throw;
+    }
+    sortOut();
 }
 
 void NetworkTable::dumpEntry(std::ostream& out, const TransportStreamEntry& entry)

@@ -13,6 +13,9 @@ public:
     /// Reads the entry at the front of the transport stream loop; throws "too little data".
     explicit TransportStreamEntry(BitReader& loop);
 
+    /// The bytes of the entry in its section, once that has been parsed as a whole.
+    Bytes bytes() const { return descriptors.entryBytes(6, transport_descriptors_length); }
+
     int transport_stream_id;
     int original_network_id;
     int transport_descriptors_length; ///< as coded
@@ -39,6 +42,10 @@ protected:
 
     /// The lines both dumps give for each transport stream first.
     static void dumpEntry(std::ostream& out, const TransportStreamEntry& entry);
+
+private:
+    /// Takes the CA descriptors of the first loop apart from the others.
+    void takeFirstLoop(Bytes loop);
 };
 
 } // namespace lib13818

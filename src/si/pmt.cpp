@@ -57,8 +57,8 @@ StreamInfo::StreamInfo(BitReader& loop)
     : stream_type(require(loop, 5).u8())
     , elementary_PID(loop.skip(3).bits(13))
     , ES_info_length(loop.skip(4).bits(12))
+    , descriptors(walkEntry(loop.take(ES_info_length)))
 {
-    walkEntry(descriptors, loop.take(ES_info_length));
 }
 
 void Pmt::parsePayload(const uint8_t* body)
@@ -66,7 +66,8 @@ void Pmt::parsePayload(const uint8_t* body)
     BitReader in = payload(body);
     PCR_PID = require(in, 4).skip(3).bits(13);
     program_info_length = in.skip(4).bits(12);
-    walkChecked(descriptors, require(in, program_info_length).take(program_info_length));
+    const Bytes loop = require(in, program_info_length).take(program_info_length);
+    walkChecked(descriptors, behind(descriptors, loop));
     while (!in.atEnd())
         streams.emplace_back(in);
     requireExactEnd(in);

@@ -13,6 +13,9 @@ public:
     /// Reads the entry at the front of the stream loop; throws "too little data".
     explicit StreamInfo(BitReader& loop);
 
+    /// The bytes of the entry in its section, once that has been parsed as a whole.
+    Bytes bytes() const { return descriptors.entryBytes(5, ES_info_length); }
+
     int stream_type;
     int elementary_PID;
     int ES_info_length; ///< as coded

@@ -12,6 +12,9 @@ public:
     /// Reads the entry at the front of the service loop; throws "too little data".
     explicit SdtService(BitReader& loop);
 
+    /// The bytes of the entry in its section, once that has been parsed as a whole.
+    Bytes bytes() const { return descriptors.entryBytes(5, descriptors_loop_length); }
+
     int service_id;
     int EIT_schedule_flag;
     int EIT_present_following_flag;

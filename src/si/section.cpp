@@ -4,6 +4,9 @@
 #include "si/dump.h"
 #include "si/error.h"
 
+#include <memory>
+#include <utility>
+
 namespace lib13818 {
 
 namespace {
@@ -13,14 +16,43 @@ constexpr int kCrcBytes = 4;
 
 } // namespace
 
-void Section::parse(std::span<const uint8_t> section)
+void Section::parse(Bytes section)
 {
     if (section.size() < 3 || section.size() < sectionSize(section.data()))
         throw error(kTooLittleData);
     parse(section.data());
 }
 
-void LongSection::parse(const uint8_t* section)
+void Section::parse(const SectionBytes& section)
+{
+    if (section.empty())
+        throw error(kTooLittleData);
+    decode(section.data(), section);
+}
+
+const uint8_t* Section::keep(const uint8_t* section, const SectionBytes& given)
+{
+    SectionBytes kept = given.empty() ? SectionBytes::copyOf(section) : given;
+    if (!bytes_.empty()) { // what an earlier parse left points into them
+        using Both = std::pair<SectionBytes, SectionBytes>;
+        const uint8_t* const first = kept.data();
+        kept = SectionBytes(std::make_shared<const Both>(bytes_, std::move(kept)), first);
+    }
+    bytes_ = std::move(kept);
+    return bytes_.data();
+}
+
+Bytes Section::keep(std::vector<uint8_t> more)
+{
+    using Both = std::pair<SectionBytes, std::vector<uint8_t>>;
+    const uint8_t* const first = bytes_.data();
+    auto both = std::make_shared<const Both>(bytes_, std::move(more));
+    const Bytes kept = both->second;
+    bytes_ = SectionBytes(std::move(both), first);
+    return kept;
+}
+
+void LongSection::decode(const uint8_t* section, const SectionBytes& given)
 {
     section_syntax_indicator = section[1] >> 7;
     section_length = (section[1] & 0x0F) << 8 | section[2];
@@ -47,7 +79,7 @@ void LongSection::parse(const uint8_t* section)
     last_section_number = in.u8();
     CRC_32 = in.skip(8 * (section_length - kHeaderAfterLength - kCrcBytes)).u32();
 
-    parsePayload(section + 8);
+    parsePayload(keep(section, given) + 8);
     parsed = true;
 }
 
@@ -57,7 +89,7 @@ BitReader LongSection::payload(const uint8_t* body) const
     return BitReader({body, length < 0 ? 0U : static_cast<std::size_t>(length)});
 }
 
-void ShortSection::parse(const uint8_t* section)
+void ShortSection::decode(const uint8_t* section, const SectionBytes& given)
 {
     if (!isValidSyntaxIndicator(section[1] >> 7))
         throw error(kMalformedHeader, section);
@@ -67,7 +99,7 @@ void ShortSection::parse(const uint8_t* section)
     if (!isValidTableId())
         throw error("invalid table id");
     section_length = (section[1] & 0x0F) << 8 | section[2];
-    parsePayload(section + 3);
+    parsePayload(keep(section, given) + 3);
     parsed = true;
 }
 

@@ -1,25 +1,32 @@
 #pragma once
 
 #include "si/bit_reader.h"
+#include "si/section_bytes.h"
 
-#include <cstddef>
 #include <cstdint>
 #include <ostream>
-#include <span>
+#include <vector>
 
 namespace lib13818 {
 
-/// One decoded section: a value, filled by one `parse`, that owns all it holds.
+/// One decoded section: a value, filled by `parse`, that keeps the bytes of its section. Texts,
+/// byte runs and descriptors are views into them, so they live as long as the table or a copy of it
+/// does. A table that is parsed again appends what it finds and keeps the bytes of both.
 class Section {
 public:
     /// Decodes the whole section that starts at its table_id; 3 + section_length bytes must be
-    /// readable there, none beyond is read. Throws lib13818::error; what was decoded before the
-    /// failure stays, `parsed` stays false.
-    virtual void parse(const uint8_t* section) = 0;
-
+    /// readable there, none beyond is read, and the table keeps a copy of them. Throws
+    /// lib13818::error; what was decoded before the failure stays, `parsed` stays false.
+    void parse(const uint8_t* section) { decode(section, {}); }
     /// The same over a range that need not be trusted: throws "too little data" when it is
     /// shorter than its section_length says.
-    void parse(std::span<const uint8_t> section);
+    void parse(Bytes section);
+    /// The same without a copy: the table shares the bytes. Throws "too little data" for none.
+    void parse(const SectionBytes& section);
+
+    /// The bytes of the section that was parsed last, as they came; none before the first whose
+    /// header was sound.
+    Bytes bytes() const { return bytes_.get(); }
 
 protected:
     Section() = default;
@@ -28,13 +35,31 @@ protected:
     Section& operator=(const Section&) = default;
     Section& operator=(Section&&) = default;
     ~Section() = default;
-};
 
-/// The size in bytes that the section starting here declares: 3 + section_length.
-constexpr std::size_t sectionSize(const uint8_t* section)
-{
-    return 3U + static_cast<std::size_t>((section[1] & 0x0F) << 8 | section[2]);
-}
+    /// Decodes a section. What is kept of it is `given`, or a copy where that is empty.
+    virtual void decode(const uint8_t* section, const SectionBytes& given) = 0;
+    /// Keeps the bytes of a section whose header is sound; gives its first.
+    const uint8_t* keep(const uint8_t* section, const SectionBytes& given);
+    /// The loop itself for an empty set; else what an earlier parse left in the set and the loop
+    /// behind it, in memory of its own that the table keeps.
+    template <class Set>
+    Bytes behind(const Set& set, Bytes loop)
+    {
+        if (set.empty())
+            return loop;
+        std::vector<uint8_t> both;
+        set.forEach([&](Bytes descriptor) {
+            both.insert(both.end(), descriptor.begin(), descriptor.end());
+        });
+        both.insert(both.end(), loop.begin(), loop.end());
+        return keep(std::move(both));
+    }
+
+private:
+    Bytes keep(std::vector<uint8_t> more);
+
+    SectionBytes bytes_;
+};
 
 /// A section with the eight-byte header and a tested CRC_32 (ISO/IEC 13818-1, 2.4.4).
 class LongSection : public Section {
@@ -50,8 +75,6 @@ public:
     bool parsed = false; ///< a `parse` has completed
     uint32_t CRC_32 = 0;
 
-    using Section::parse;
-    void parse(const uint8_t* section) override;
     /// What the table is called.
     virtual const char* name() const = 0;
     /// Empties the lists of entries and leaves the header fields alone.
@@ -66,6 +89,7 @@ public:
     virtual bool isValidReservedBits(int /*bits*/) const { return true; }
 
 protected:
+    void decode(const uint8_t* section, const SectionBytes& given) override;
     /// The bytes between the header and CRC_32.
     BitReader payload(const uint8_t* body) const;
 
@@ -84,8 +108,6 @@ public:
     int section_length = 0; ///< bytes that follow this field
     bool parsed = false;
 
-    using Section::parse;
-    void parse(const uint8_t* section) override;
     virtual bool isValidSyntaxIndicator(int ssi) const { return ssi == 0; }
     virtual void clear() = 0;
     virtual const char* name() const = 0;
@@ -96,6 +118,7 @@ public:
     virtual bool isValidTableId() const = 0;
 
 protected:
+    void decode(const uint8_t* section, const SectionBytes& given) override;
     BitReader payload(const uint8_t* body) const;
 
     ShortSection() = default;

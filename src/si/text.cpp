@@ -11,15 +11,12 @@ constexpr bool isSelector(uint8_t byte)
 
 } // namespace
 
-StrippedText stripSelector(std::span<const uint8_t> bytes)
+StrippedText stripSelector(std::string_view bytes) noexcept
 {
-    StrippedText result;
-    if (!bytes.empty() && isSelector(bytes.front())) {
-        result.selector = bytes.front();
-        bytes = bytes.subspan(1);
-    }
-    result.text.assign(bytes.begin(), bytes.end());
-    return result;
+    const auto first = bytes.empty() ? uint8_t{0xFF} : static_cast<uint8_t>(bytes.front());
+    if (!isSelector(first))
+        return {.text = bytes, .selector = std::nullopt};
+    return {.text = bytes.substr(1), .selector = first};
 }
 
 } // namespace lib13818

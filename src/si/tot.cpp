@@ -9,7 +9,8 @@ void Tot::parsePayload(const uint8_t* body)
     BitReader in = payload(body);
     UTC_time = DateTime(require(in, 7));
     descriptors_loop_length = in.skip(4).bits(12);
-    walkChecked(descriptors, require(in, descriptors_loop_length).take(descriptors_loop_length));
+    const Bytes loop = require(in, descriptors_loop_length).take(descriptors_loop_length);
+    walkChecked(descriptors, behind(descriptors, loop));
     CRC_32 = require(in, 4).u32();
 }
 

@@ -83,6 +83,7 @@ struct Reading : testing::Test {
 
     void TearDown() override
     {
+        model.clear(); // whose tables share the sections of the driver
         EXPECT_EQ(test::liveTaskBlocks(), blocksBefore) << "something was not released";
         EXPECT_EQ(test::wrongReleases(), 0);
         driver->AddRef();

@@ -330,6 +330,7 @@ TEST_F(Control, startsAndCancelsAThousandTimes)
         EXPECT_EQ(control->state(), State::Idle);
         model.clear();
     }
+    model.clear();
     EXPECT_EQ(test::liveTaskBlocks(), blocksBefore);
     while (threads() > threadsBefore) // a joined thread is listed a moment longer
         std::this_thread::sleep_for(1ms);

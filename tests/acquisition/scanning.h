@@ -130,6 +130,7 @@ struct Scanning : testing::Test {
 
     void TearDown() override
     {
+        model.clear(); // whose tables share the sections of the driver
         EXPECT_EQ(test::liveTaskBlocks(), blocksBefore) << "something was not released";
         EXPECT_EQ(test::wrongReleases(), 0);
         driver->AddRef();

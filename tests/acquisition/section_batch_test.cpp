@@ -35,7 +35,7 @@ TEST_F(Batch, ownsItsSectionsUntilReleased)
     driver->air[{0, 0}] = {test::hex("00 B0 01 42 99"), test::hex("00 30 00")};
     ASSERT_EQ(read(2), status::kOk);
     EXPECT_EQ(batch.usable(0), 2);
-    EXPECT_THAT(batch.section(0, 0), ElementsAreArray(test::hex("00 B0 01 42")))
+    EXPECT_THAT(batch.section(0, 0).get(), ElementsAreArray(test::hex("00 B0 01 42")))
         << "no further than its section_length";
     EXPECT_EQ(live(), 6);
     batch.release(0);
@@ -43,7 +43,10 @@ TEST_F(Batch, ownsItsSectionsUntilReleased)
     EXPECT_EQ(batch.count(0), 0);
     ASSERT_EQ(read(1), status::kOk) << "releases what is left of the batch before";
     EXPECT_EQ(live(), 3);
+    auto kept = batch.section(0, 1);
     batch.releaseAll();
+    EXPECT_EQ(live(), 3) << "as long as somebody keeps one";
+    kept = {};
     EXPECT_EQ(live(), 0);
 }
 

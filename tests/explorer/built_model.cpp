@@ -58,10 +58,16 @@ std::string treeText(const NodeView& node, std::size_t depth)
 
 namespace {
 
-/// What a node does besides showing its rows.
-std::string doingOf(const NodeKind& kind)
+/// Where a node's bytes stand, and what it does besides showing its rows.
+std::string doingOf(const NodeView& node)
 {
-    std::string text = kind.item == NodeItem::None ? " (leaves the pane as it was)" : "";
+    const NodeKind& kind = node.kind();
+    const auto part = node.sectionPart();
+    std::string text = part.section.empty()
+                           ? ""
+                           : " @" + std::to_string(part.offset) + '+' + std::to_string(part.size) +
+                                 " of " + std::to_string(part.section.size());
+    text += kind.item == NodeItem::None ? " (leaves the pane as it was)" : "";
     if (kind.menu != ContextMenu::None)
         text += " (menu " + std::to_string(static_cast<int>(kind.menu)) + ")";
     return text;
@@ -83,7 +89,7 @@ std::string itemText(const ValueRow& row)
 std::string valuesText(const NodeView& node, std::size_t depth)
 {
     const std::string indent(2 * depth, ' ');
-    std::string text = indent + node.label() + doingOf(node.kind()) + '\n';
+    std::string text = indent + node.label() + doingOf(node) + '\n';
     for (const ValueRow& row : valueRows(node))
         text.append(indent).append(4, ' ').append(row.name).append(" = ").append(row.data) +=
             itemText(row) + '\n';

@@ -43,9 +43,10 @@ std::string dumpOfSet(const Set& set)
 template <class Set>
 void tryDescriptor(std::span<const uint8_t> descriptor)
 {
+    const auto block = test::exactly(descriptor);
     Set set;
     try {
-        set.add(test::exactly(descriptor).get());
+        set.fill({block.get(), descriptor.size()});
     } catch (const error&) {
         ASSERT_TRUE(set.empty());
         return;

@@ -14,6 +14,7 @@
 
 #include <iomanip>
 #include <map>
+#include <memory>
 #include <optional>
 
 // What every table class keeps to: which sections it takes, what it makes of them, and what clear
@@ -142,10 +143,22 @@ TEST(Tables, keepWhatStoodBeforeAFailure)
 
 TEST(Tables, addASecondSectionToTheFirst)
 {
-    Pat pat;
-    pat.parse(test::pat(1, {{1, 0x100}}).data());
-    pat.parse(test::pat(1, {{2, 0x200}}).data());
-    EXPECT_EQ(pat.programs.size(), 2U);
+    const auto parsedTwice = [](auto table, unsigned tableId, const char* first,
+                                const char* second) {
+        table.parse(*std::make_unique<test::Bytes>(test::longSection(tableId, 1, hex(first))));
+        table.parse(*std::make_unique<test::Bytes>(test::longSection(tableId, 1, hex(second))));
+        auto copy = table;
+        table = {};
+        return copy;
+    };
+    EXPECT_EQ(parsedTwice(Pat(), 0, "00 01 E1 00", "00 02 E2 00").programs.size(), 2U);
+    const Pmt pmt =
+        parsedTwice(Pmt(), 2, "E1 00 F0 03 52 01 07", "E1 00 F0 03 52 01 08 02 E1 00 F0 00");
+    std::string tags;
+    for (const auto& each : pmt.descriptors.all<DescriptorStreamIdentifier>())
+        tags += std::to_string(each.component_tag);
+    EXPECT_EQ(tags, "78");
+    EXPECT_EQ(pmt.streams.size(), 1U);
 }
 
 /// Also where the dump does not show them.

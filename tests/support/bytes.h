@@ -32,11 +32,12 @@ inline std::unique_ptr<uint8_t[]> exactly(std::span<const uint8_t> bytes)
     return block;
 }
 
-/// Builds a descriptor from its bytes.
+/// Builds a descriptor from its bytes, which stay for good since it is a view of them.
 template <class Descriptor>
 Descriptor decode(std::string_view text)
 {
-    return Descriptor(exactly(hex(text)).get());
+    static std::vector<std::unique_ptr<uint8_t[]>> kept;
+    return Descriptor(kept.emplace_back(exactly(hex(text))).get());
 }
 
 /// Decodes a section that stands in a block of exactly its size.

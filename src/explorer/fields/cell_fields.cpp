@@ -31,6 +31,14 @@ std::string textOf(const DescriptorMosiac::EventInfo& event)
 
 } // namespace
 
+std::vector<std::uint8_t> elementaryCellIds(const DescriptorMosiac::CellInfo& cell)
+{
+    std::vector<std::uint8_t> ids(cell.elementary_cell_id.begin(), cell.elementary_cell_id.end());
+    for (std::uint8_t& id : ids)
+        id &= 0x3F;
+    return ids;
+}
+
 std::string linkageText(const DescriptorMosiac::CellInfo& cell)
 {
     return std::visit([](const auto& linkage) { return textOf(linkage); }, cell.linkage);

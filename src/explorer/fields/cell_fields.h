@@ -5,7 +5,9 @@
 #include "si/descriptors/cell_descriptors.h"
 #include "si/descriptors/mosiac_descriptor.h"
 
+#include <cstdint>
 #include <string>
+#include <vector>
 
 // What the value pane shows of descriptors of cells, those of a network and those of a mosaic.
 
@@ -13,6 +15,9 @@ namespace tessaview {
 
 /// What a mosaic cell leads to: "service 0085 0451 6FF1".
 std::string linkageText(const lib13818::DescriptorMosiac::CellInfo& cell);
+
+/// The ids of the elementary cells that a cell takes, without the reserved bits before each.
+std::vector<std::uint8_t> elementaryCellIds(const lib13818::DescriptorMosiac::CellInfo& cell);
 
 /// A tooltip that says what a row holds.
 template <lib13818::Literal Name>
@@ -98,7 +103,7 @@ inline constexpr auto kMosiacCellFields = [] {
         {Field<T>{"%d",      &T::logical_cell_id}               .with(kCalled<"logical_cell_id">),
          Field<T>{"%d",      &T::logical_cell_presentation_info}.with(kCalled<"logical_cell_presentation_info">),
          Field<T>{"%d",      &T::elementary_cell_field_length}  .with(kCalled<"elementary_cell_field_length">),
-         Field<T>{kBytesRow, &T::elementary_cell_id}            .with(kCalled<"elementary_cell_id">),
+         Field<T>{kBytesRow, elementaryCellIds}                 .with(kCalled<"elementary_cell_id">),
          Field<T>{"%d",      &T::cell_linkage_info}             .with([](const T& cell) { return "cell_linkage_info: " + linkageText(cell); })});
 }();
 

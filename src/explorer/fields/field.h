@@ -47,12 +47,13 @@ inline constexpr PidRow kPidRow;             ///< a row with the menu of a PID
 template <class T>
 class Field {
 public:
-    using Bytes = std::vector<std::uint8_t>;
+    using Bytes = lib13818::Bytes;
     /// What a format formats.
     using Value =
         std::variant<NotAvailable, int T::*, bool T::*, std::uint32_t T::*, double T::*,
-                     lib13818::Code T::*, std::string T::*, lib13818::StrippedText T::*, Bytes T::*,
-                     int (*)(const T&), double (*)(const T&), std::string (*)(const T&)>;
+                     lib13818::Code T::*, std::string_view T::*, lib13818::StrippedText T::*,
+                     Bytes T::*, int (*)(const T&), double (*)(const T&), std::string (*)(const T&),
+                     std::vector<std::uint8_t> (*)(const T&)>;
     /// The words behind a coded value.
     using Words = std::variant<std::monostate, const char* (*)(int), const char* (*)(std::uint32_t),
                                const char* (T::*)() const, std::string (*)(const T&)>;
@@ -61,6 +62,9 @@ public:
     // NOLINTBEGIN(google-explicit-constructor)
     constexpr Field(NotAvailable /*mark*/) {}
     constexpr Field(BytesRow /*mark*/, Bytes T::*bytes) : value_(bytes) {}
+    constexpr Field(BytesRow /*mark*/, std::vector<std::uint8_t> (*made)(const T&)) : value_(made)
+    {
+    }
     constexpr Field(const char* format, int T::*pid, PidRow /*mark*/)
         : format_(format)
         , value_(pid)
@@ -145,6 +149,8 @@ private:
             showNumber(static_cast<std::uint32_t>(function(object)), object, row);
         else if constexpr (std::is_floating_point_v<V>)
             row.data = realText(format_, function(object));
+        else if constexpr (std::is_same_v<V, std::vector<std::uint8_t>>)
+            fillBytes(function(object), row);
         else
             row.data = function(object);
     }

@@ -37,7 +37,7 @@ std::string timeText(const char* format, const lib13818::DateTime& time)
     return formatted(format, time.day, time.month, time.year, time.hour, time.minute, time.second);
 }
 
-void fillText(const std::string& broadcast, const NodeView& node, ValueRow& row)
+void fillText(std::string_view broadcast, const NodeView& node, ValueRow& row)
 {
     fillBroadcast(BroadcastText{.text = broadcast}, node, row);
 }
@@ -57,7 +57,7 @@ void fillBytes(std::span<const std::uint8_t> bytes, ValueRow& row)
     constexpr std::size_t kMostBytes = 100;
     row.data = hexList(bytes, kMostBytes);
     row.item = RowItem::Bytes;
-    row.bytes = bytes;
+    row.bytes.assign(bytes.begin(), bytes.end());
 }
 
 void fillPid(int pid, ValueRow& row)

@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <string_view>
 
 // The data of rows, one function for each kind of value.
 
@@ -20,7 +21,7 @@ std::string realText(const char* format, double value);
 /// Day, month, year, hour, minute and second by a format of six numbers.
 std::string timeText(const char* format, const lib13818::DateTime& time);
 
-void fillText(const std::string& broadcast, const NodeView& node, ValueRow& row);
+void fillText(std::string_view broadcast, const NodeView& node, ValueRow& row);
 void fillText(const lib13818::StrippedText& broadcast, const NodeView& node, ValueRow& row);
 void fillText(const lib13818::Code& code, const NodeView& node, ValueRow& row);
 /// At most the first 100 of them; the row keeps all.

@@ -1,13 +1,12 @@
 #include "si/descriptors/application_descriptors.h"
 
-#include "si/descriptors/record_list.h"
 #include "si/dump.h"
 
 namespace lib13818 {
 
 namespace {
 
-std::vector<DescriptorApplication::ApplicationProfile> readProfiles(BitReader& in, int length)
+Records<DescriptorApplication::ApplicationProfile> readProfiles(BitReader& in, int length)
 {
     constexpr int kProfileBytes = 5;
     if (length % kProfileBytes != 0 || length > in.bytesLeft())
@@ -65,8 +64,8 @@ void DescriptorApplication::dumpBody(std::ostream& out) const
 
 void DescriptorApplication::clear()
 {
-    profiles.clear();
-    transport_protocol_label.clear();
+    profiles = {};
+    transport_protocol_label = {};
 }
 
 DescriptorApplicationName::ApplicationNameInfo::ApplicationNameInfo(BitReader& in)
@@ -92,7 +91,7 @@ void DescriptorApplicationName::dumpBody(std::ostream& out) const
     }
 }
 
-DescriptorApplicationIcons::DescriptorApplicationIcons(DescriptorReader in)
+DescriptorApplicationIcons::DescriptorApplicationIcons(DescriptorReader in) noexcept
     : DescriptorOf(in)
     , icon_locator_length(in.u8())
     , icon_locator(in.text(icon_locator_length))
@@ -112,8 +111,8 @@ void DescriptorApplicationIcons::dumpBody(std::ostream& out) const
 
 void DescriptorApplicationIcons::clear()
 {
-    icon_locator.clear();
-    reserved_future_use.clear();
+    icon_locator = {};
+    reserved_future_use = {};
 }
 
 DescriptorExternalApplicationAuthorisation::AuthorisationInfo::AuthorisationInfo(BitReader& in)
@@ -140,10 +139,10 @@ void DescriptorExternalApplicationAuthorisation::dumpBody(std::ostream& out) con
     }
 }
 
-DescriptorDvbJApplication::DescriptorDvbJApplication(DescriptorReader in) : DescriptorOf(in)
+DescriptorDvbJApplication::DescriptorDvbJApplication(DescriptorReader in) noexcept
+    : DescriptorOf(in)
+    , parameters(in.rest())
 {
-    while (!in.atEnd())
-        parameters.emplace_back(in);
 }
 
 void DescriptorDvbJApplication::dumpBody(std::ostream& out) const
@@ -152,7 +151,7 @@ void DescriptorDvbJApplication::dumpBody(std::ostream& out) const
         dumpText(out, "parameter_info", parameter);
 }
 
-DescriptorDvbJApplicationLocation::DescriptorDvbJApplicationLocation(DescriptorReader in)
+DescriptorDvbJApplicationLocation::DescriptorDvbJApplicationLocation(DescriptorReader in) noexcept
     : DescriptorOf(in)
     , base_directory(in)
     , classpath_extension(in)
@@ -167,7 +166,7 @@ void DescriptorDvbJApplicationLocation::dumpBody(std::ostream& out) const
     line(out, "initial_class: ", initial_class);
 }
 
-DescriptorDvbHtmlApplication::DescriptorDvbHtmlApplication(DescriptorReader in)
+DescriptorDvbHtmlApplication::DescriptorDvbHtmlApplication(DescriptorReader in) noexcept
     : DescriptorOf(in)
     , application_id(in)
     , parameter(in.rest())
@@ -181,7 +180,8 @@ void DescriptorDvbHtmlApplication::dumpBody(std::ostream& out) const
     hexDump(out, parameter);
 }
 
-DescriptorDvbHtmlApplicationLocation::DescriptorDvbHtmlApplicationLocation(DescriptorReader in)
+DescriptorDvbHtmlApplicationLocation::DescriptorDvbHtmlApplicationLocation(
+    DescriptorReader in) noexcept
     : DescriptorOf(in)
     , physical_root(in)
     , initial_path(in.restText())
@@ -194,7 +194,8 @@ void DescriptorDvbHtmlApplicationLocation::dumpBody(std::ostream& out) const
     line(out, "initial_path: ", initial_path);
 }
 
-DescriptorDvbHtmlApplicationBoundary::DescriptorDvbHtmlApplicationBoundary(DescriptorReader in)
+DescriptorDvbHtmlApplicationBoundary::DescriptorDvbHtmlApplicationBoundary(
+    DescriptorReader in) noexcept
     : DescriptorOf(in)
     , label(in)
     , regular_expression(in.restText())

@@ -1,6 +1,5 @@
 #include "si/descriptors/application_transport_descriptors.h"
 
-#include "si/descriptors/record_list.h"
 #include "si/dump.h"
 
 #include <algorithm>
@@ -53,7 +52,7 @@ DescriptorTransportProtocol::IpSelector::IpSelector(BitReader& in)
 {
 }
 
-DescriptorTransportProtocol::DescriptorTransportProtocol(DescriptorReader in)
+DescriptorTransportProtocol::DescriptorTransportProtocol(DescriptorReader in) noexcept
     : DescriptorOf(in)
     , protocol_id(in.u16())
     , transport_protocol_label(in.u8())

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "si/descriptors/descriptor.h"
+#include "si/descriptors/records.h"
 
 #include <array>
-#include <string>
-#include <vector>
+#include <string_view>
 
 // How an application is carried, and what of it to fetch first (ETSI TS 102 812, 10.8). Every
 // error has code 3.
@@ -14,7 +14,7 @@ namespace lib13818 {
 class DescriptorTransportProtocol final
     : public DescriptorOf<0x02, "transport_protocol_descriptor"> {
 public:
-    explicit DescriptorTransportProtocol(DescriptorReader in);
+    explicit DescriptorTransportProtocol(DescriptorReader in) noexcept;
     void dumpBody(std::ostream& out) const override;
 
     /// The service that carries the application: this one, unless the connection is remote.
@@ -51,9 +51,9 @@ class DescriptorRoutingIPv4 final : public DescriptorOf<0x06, "routing_IPv4_desc
 public:
     explicit DescriptorRoutingIPv4(DescriptorReader in);
     void dumpBody(std::ostream& out) const override;
-    void clear() override { entries.clear(); }
+    void clear() override { entries = {}; }
 
-    struct RouteIPv4 {
+    struct RouteIPv4 : Record {
         explicit RouteIPv4(BitReader& in);
 
         int component_tag;
@@ -61,17 +61,17 @@ public:
         int port_number;
         uint32_t address_mask;
     };
-    std::vector<RouteIPv4> entries;
+    Records<RouteIPv4> entries;
 };
 
 class DescriptorRoutingIPv6 final : public DescriptorOf<0x07, "routing_IPv4_descriptor"> {
 public:
     explicit DescriptorRoutingIPv6(DescriptorReader in);
     void dumpBody(std::ostream& out) const override;
-    void clear() override { entries.clear(); }
+    void clear() override { entries = {}; }
 
     using Address = std::array<uint8_t, 16>;
-    struct RouteIPv6 {
+    struct RouteIPv6 : Record {
         explicit RouteIPv6(BitReader& in);
 
         int component_tag;
@@ -79,34 +79,34 @@ public:
         int port_number;
         Address address_mask;
     };
-    std::vector<RouteIPv6> entries;
+    Records<RouteIPv6> entries;
 };
 
 class DescriptorPrefetch final : public DescriptorOf<0x0C, "prefetch_descriptor"> {
 public:
     explicit DescriptorPrefetch(DescriptorReader in);
     void dumpBody(std::ostream& out) const override;
-    void clear() override { entries.clear(); }
+    void clear() override { entries = {}; }
 
-    struct PrefetchInfo {
+    struct PrefetchInfo : Record {
         explicit PrefetchInfo(BitReader& in);
 
         int label_length; ///< as coded, in bytes
-        std::string label;
+        std::string_view label;
         int prefetch_priority; ///< 1 to 100
     };
 
     int transport_protocol_label;
-    std::vector<PrefetchInfo> entries;
+    Records<PrefetchInfo> entries;
 };
 
 class DescriptorDIILocation final : public DescriptorOf<0x0D, "DII_location_descriptor"> {
 public:
     explicit DescriptorDIILocation(DescriptorReader in);
     void dumpBody(std::ostream& out) const override;
-    void clear() override { entries.clear(); }
+    void clear() override { entries = {}; }
 
-    struct DIILocationInfo {
+    struct DIILocationInfo : Record {
         explicit DIILocationInfo(BitReader& in);
 
         int DII_identification;
@@ -114,7 +114,7 @@ public:
     };
 
     int transport_protocol_label;
-    std::vector<DIILocationInfo> entries;
+    Records<DIILocationInfo> entries;
 };
 
 } // namespace lib13818

@@ -1,13 +1,11 @@
 #include "si/descriptors/cell_descriptors.h"
 
-#include "si/descriptors/record_list.h"
-
 namespace lib13818 {
 
 namespace {
 
 template <class Subcell>
-std::vector<Subcell> readSubcells(BitReader& in, int loopLength, int subcellBytes)
+Records<Subcell> readSubcells(BitReader& in, int loopLength, int subcellBytes)
 {
     // A cell that does not fit is an overrun before it is a loop of broken subcells.
     if (in.bytesLeft() < loopLength)
@@ -70,8 +68,7 @@ DescriptorServiceAvailability::DescriptorServiceAvailability(DescriptorReader in
 {
     in.requireRecordsOf(2, 1);
     in.skip(7);
-    while (!in.atEnd())
-        cell_id.push_back(in.u16());
+    cell_id = Records<int>(in.rest());
 }
 
 } // namespace lib13818

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "si/descriptors/descriptor.h"
+#include "si/descriptors/records.h"
 
 #include <cstdint>
-#include <vector>
 
 // Cells of terrestrial networks (EN 300 468, 6.2). Coordinates are the coded
 // words; an entry that reaches past its descriptor throws code 2.
@@ -14,7 +14,7 @@ class DescriptorCellList final : public DescriptorOf<0x6C, "cell_list_descriptor
 public:
     explicit DescriptorCellList(DescriptorReader in);
 
-    struct Subcell {
+    struct Subcell : Record {
         explicit Subcell(BitReader& in);
 
         int cell_id_extension;
@@ -23,7 +23,7 @@ public:
         int subcell_extent_of_latitude;
         int subcell_extent_of_longitude;
     };
-    struct Info {
+    struct Info : Record {
         explicit Info(BitReader& in);
 
         int cell_id;
@@ -32,9 +32,9 @@ public:
         int cell_extent_of_latitude;
         int cell_extent_of_longitude;
         int subcell_info_loop_length; ///< bytes
-        std::vector<Subcell> subcells;
+        Records<Subcell> subcells;
     };
-    std::vector<Info> entries;
+    Records<Info> entries;
 };
 
 class DescriptorCellFrequencyLink final
@@ -42,21 +42,21 @@ class DescriptorCellFrequencyLink final
 public:
     explicit DescriptorCellFrequencyLink(DescriptorReader in);
 
-    struct Subcell {
+    struct Subcell : Record {
         explicit Subcell(BitReader& in);
 
         int cell_id_extension;
         uint32_t transposer_frequency; ///< 10 Hz
     };
-    struct Info {
+    struct Info : Record {
         explicit Info(BitReader& in);
 
         int cell_id;
         uint32_t frequency;           ///< 10 Hz
         int subcell_info_loop_length; ///< bytes
-        std::vector<Subcell> subcells;
+        Records<Subcell> subcells;
     };
-    std::vector<Info> entries;
+    Records<Info> entries;
 };
 
 class DescriptorServiceAvailability final
@@ -65,7 +65,7 @@ public:
     explicit DescriptorServiceAvailability(DescriptorReader in);
 
     int availability_flag;
-    std::vector<int> cell_id;
+    Records<int> cell_id;
 };
 
 } // namespace lib13818

@@ -1,6 +1,5 @@
 #include "si/descriptors/component_descriptors.h"
 
-#include "si/descriptors/record_list.h"
 #include "si/dump.h"
 
 namespace lib13818 {
@@ -8,7 +7,7 @@ namespace lib13818 {
 DescriptorVBIData::VBIDataService::VBIDataService(BitReader& in)
     : data_service_id(in.u8())
     , data_service_descriptor_length(in.u8())
-    , data_service_descriptor(readBytes(in, data_service_descriptor_length))
+    , data_service_descriptor(in.take(data_service_descriptor_length))
 {
 }
 
@@ -32,7 +31,7 @@ DescriptorVBITeletext::DescriptorVBITeletext(DescriptorReader in)
 {
 }
 
-DescriptorComponent::DescriptorComponent(DescriptorReader in)
+DescriptorComponent::DescriptorComponent(DescriptorReader in) noexcept
     : DescriptorOf(in)
     , stream_content(in.skip(4).bits(4))
     , component_type(in.u8())
@@ -51,7 +50,7 @@ void DescriptorComponent::dumpBody(std::ostream& out) const
     line(out, "text: ", text.text);
 }
 
-DescriptorStreamIdentifier::DescriptorStreamIdentifier(DescriptorReader in)
+DescriptorStreamIdentifier::DescriptorStreamIdentifier(DescriptorReader in) noexcept
     : DescriptorOf(in)
     , component_tag(in.u8())
 {
@@ -103,7 +102,7 @@ void DescriptorSubtitling::dumpBody(std::ostream& out) const
     }
 }
 
-DescriptorAC3::DescriptorAC3(DescriptorReader in)
+DescriptorAC3::DescriptorAC3(DescriptorReader in) noexcept
     : DescriptorOf(in)
     , component_type_flag(in.bits(1))
     , bsid_flag(in.bits(1))
@@ -117,13 +116,13 @@ DescriptorAC3::DescriptorAC3(DescriptorReader in)
 {
 }
 
-DescriptorAncillaryData::DescriptorAncillaryData(DescriptorReader in)
+DescriptorAncillaryData::DescriptorAncillaryData(DescriptorReader in) noexcept
     : DescriptorOf(in)
     , ancillary_data_identifier(in.u8())
 {
 }
 
-DescriptorAdaptationFieldData::DescriptorAdaptationFieldData(DescriptorReader in)
+DescriptorAdaptationFieldData::DescriptorAdaptationFieldData(DescriptorReader in) noexcept
     : DescriptorOf(in)
     , adaptation_field_data_identifier(in.u8())
 {

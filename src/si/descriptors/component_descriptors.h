@@ -1,9 +1,9 @@
 #pragma once
 
 #include "si/descriptors/descriptor.h"
+#include "si/descriptors/records.h"
 
 #include <cstdint>
-#include <vector>
 
 // What the components of a service are: pictures, sound, teletext, subtitles and the lines of the
 // vertical blanking interval (EN 300 468, 6.2).
@@ -15,17 +15,17 @@ class DescriptorVBIData final : public DescriptorOf<0x45, "VBI_data_descriptor">
 public:
     explicit DescriptorVBIData(DescriptorReader in);
 
-    struct VBIDataService {
+    struct VBIDataService : Record {
         explicit VBIDataService(BitReader& in);
 
         int data_service_id;
         int data_service_descriptor_length;
-        std::vector<uint8_t> data_service_descriptor;
+        Bytes data_service_descriptor;
     };
-    std::vector<VBIDataService> entries;
+    Records<VBIDataService> entries;
 };
 
-struct TeletextInfo {
+struct TeletextInfo : Record {
     explicit TeletextInfo(BitReader& in);
 
     Code ISO_639_language_code;
@@ -37,14 +37,14 @@ struct TeletextInfo {
 class DescriptorVBITeletext final : public DescriptorOf<0x46, "VBI_teletext_descriptor"> {
 public:
     explicit DescriptorVBITeletext(DescriptorReader in);
-    void clear() override { entries.clear(); }
+    void clear() override { entries = {}; }
 
-    std::vector<TeletextInfo> entries;
+    Records<TeletextInfo> entries;
 };
 
 class DescriptorComponent final : public DescriptorOf<0x50, "component_descriptor"> {
 public:
-    explicit DescriptorComponent(DescriptorReader in);
+    explicit DescriptorComponent(DescriptorReader in) noexcept;
     void dumpBody(std::ostream& out) const override;
 
     int stream_content;
@@ -56,7 +56,7 @@ public:
 
 class DescriptorStreamIdentifier final : public DescriptorOf<0x52, "stream_identifier_descriptor"> {
 public:
-    explicit DescriptorStreamIdentifier(DescriptorReader in);
+    explicit DescriptorStreamIdentifier(DescriptorReader in) noexcept;
     void dumpBody(std::ostream& out) const override;
 
     int component_tag;
@@ -66,12 +66,12 @@ class DescriptorTeletext final : public DescriptorOf<0x56, "teletext_descriptor"
 public:
     explicit DescriptorTeletext(DescriptorReader in);
     void dumpBody(std::ostream& out) const override;
-    void clear() override { entries.clear(); }
+    void clear() override { entries = {}; }
 
-    std::vector<TeletextInfo> entries;
+    Records<TeletextInfo> entries;
 };
 
-struct SubtitlingInfo {
+struct SubtitlingInfo : Record {
     explicit SubtitlingInfo(BitReader& in);
 
     Code ISO_639_language_code;
@@ -84,14 +84,14 @@ class DescriptorSubtitling final : public DescriptorOf<0x59, "subtitling_descrip
 public:
     explicit DescriptorSubtitling(DescriptorReader in);
     void dumpBody(std::ostream& out) const override;
-    void clear() override { entries.clear(); }
+    void clear() override { entries = {}; }
 
-    std::vector<SubtitlingInfo> entries;
+    Records<SubtitlingInfo> entries;
 };
 
 class DescriptorAC3 final : public DescriptorOf<0x6A, "AC3_descriptor"> {
 public:
-    explicit DescriptorAC3(DescriptorReader in);
+    explicit DescriptorAC3(DescriptorReader in) noexcept;
 
     static const char* componentTypeText() { return "to be implemented"; }
 
@@ -104,12 +104,12 @@ public:
     int bsid;
     int mainid;
     int asvc;
-    std::vector<uint8_t> additional_info_byte;
+    Bytes additional_info_byte;
 };
 
 class DescriptorAncillaryData final : public DescriptorOf<0x6B, "ancillary_data_descriptor"> {
 public:
-    explicit DescriptorAncillaryData(DescriptorReader in);
+    explicit DescriptorAncillaryData(DescriptorReader in) noexcept;
 
     int ancillary_data_identifier; ///< one bit for each kind of data
 };
@@ -117,7 +117,7 @@ public:
 class DescriptorAdaptationFieldData final
     : public DescriptorOf<0x70, "adaptation_field_descriptor"> {
 public:
-    explicit DescriptorAdaptationFieldData(DescriptorReader in);
+    explicit DescriptorAdaptationFieldData(DescriptorReader in) noexcept;
 
     int adaptation_field_data_identifier; ///< one bit for each kind of data
 };

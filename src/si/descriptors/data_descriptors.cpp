@@ -1,22 +1,20 @@
 #include "si/descriptors/data_descriptors.h"
 
-#include "si/descriptors/record_list.h"
-
 namespace lib13818 {
 
-DescriptorDataBroadcast::DescriptorDataBroadcast(DescriptorReader in)
+DescriptorDataBroadcast::DescriptorDataBroadcast(DescriptorReader in) noexcept
     : DescriptorOf(in)
     , data_broadcast_id(in.u16())
     , component_tag(in.u8())
     , selector_length(in.u8())
-    , selector_byte(readBytes(in, selector_length))
+    , selector_byte(in.take(selector_length))
     , ISO_639_language_code(readCode(in))
     , text_length(in.u8())
     , text(in.text(text_length))
 {
 }
 
-DescriptorDataBroadcastId::DescriptorDataBroadcastId(DescriptorReader in)
+DescriptorDataBroadcastId::DescriptorDataBroadcastId(DescriptorReader in) noexcept
     : DescriptorOf(in)
     , data_broadcast_id(in.u16())
     , id_selector_byte(in.rest())

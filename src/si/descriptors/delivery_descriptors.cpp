@@ -22,7 +22,7 @@ double bcd(BitReader& in, int digits, int decimals)
 
 } // namespace
 
-DescriptorSatelliteDeliverySystem::DescriptorSatelliteDeliverySystem(DescriptorReader in)
+DescriptorSatelliteDeliverySystem::DescriptorSatelliteDeliverySystem(DescriptorReader in) noexcept
     : DescriptorOf(in)
     , frequency(bcd(in, 8, 5))
     , orbital_position(bcd(in, 4, 1))
@@ -61,7 +61,7 @@ const char* DescriptorSatelliteDeliverySystem::FECInnerText() const
     return fecInnerText(FEC_inner);
 }
 
-DescriptorCableDeliverySystem::DescriptorCableDeliverySystem(DescriptorReader in)
+DescriptorCableDeliverySystem::DescriptorCableDeliverySystem(DescriptorReader in) noexcept
     : DescriptorOf(in)
     , frequency(bcd(in, 8, 4))
     , FEC_outer(in.skip(12).bits(4))
@@ -80,7 +80,8 @@ void DescriptorCableDeliverySystem::dumpBody(std::ostream& out) const
     line(out, "FEC_inner: ", FEC_inner);
 }
 
-DescriptorTerrestrialDeliverySystem::DescriptorTerrestrialDeliverySystem(DescriptorReader in)
+DescriptorTerrestrialDeliverySystem::DescriptorTerrestrialDeliverySystem(
+    DescriptorReader in) noexcept
     : DescriptorOf(in)
     , centre_frequency(in.u32())
     , bandwidth(in.bits(3))
@@ -99,8 +100,7 @@ DescriptorFrequencyList::DescriptorFrequencyList(DescriptorReader in)
     , coding_type(in.skip(6).bits(2))
 {
     in.requireRecordsOf(4, 1);
-    while (!in.atEnd())
-        centre_frequency.push_back(in.u32());
+    centre_frequency = Records<uint32_t>(in.rest());
 }
 
 } // namespace lib13818

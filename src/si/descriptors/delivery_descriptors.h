@@ -1,8 +1,7 @@
 #pragma once
 
 #include "si/descriptors/descriptor.h"
-
-#include <vector>
+#include "si/descriptors/records.h"
 
 // How a transport stream is delivered (EN 300 468, 6.2.9 and 6.2.13). Digits above 9 in
 // binary-coded decimal fields count with their value.
@@ -12,7 +11,7 @@ namespace lib13818 {
 class DescriptorSatelliteDeliverySystem final
     : public DescriptorOf<0x43, "satellite_delivery_system_descriptor"> {
 public:
-    explicit DescriptorSatelliteDeliverySystem(DescriptorReader in);
+    explicit DescriptorSatelliteDeliverySystem(DescriptorReader in) noexcept;
     /// Leaves the stream in decimal.
     void dumpBody(std::ostream& out) const override;
 
@@ -32,7 +31,7 @@ public:
 class DescriptorCableDeliverySystem final
     : public DescriptorOf<0x44, "cable_delivery_system_descriptor"> {
 public:
-    explicit DescriptorCableDeliverySystem(DescriptorReader in);
+    explicit DescriptorCableDeliverySystem(DescriptorReader in) noexcept;
     void dumpBody(std::ostream& out) const override;
 
     double frequency; ///< MHz
@@ -45,7 +44,7 @@ public:
 class DescriptorTerrestrialDeliverySystem final
     : public DescriptorOf<0x5A, "terrestrial_delivery_system_descriptor"> {
 public:
-    explicit DescriptorTerrestrialDeliverySystem(DescriptorReader in);
+    explicit DescriptorTerrestrialDeliverySystem(DescriptorReader in) noexcept;
 
     uint32_t centre_frequency; ///< 10 Hz
     int bandwidth;
@@ -61,10 +60,10 @@ public:
 class DescriptorFrequencyList final : public DescriptorOf<0x62, "frequency_list_descriptor"> {
 public:
     explicit DescriptorFrequencyList(DescriptorReader in);
-    void clear() override { centre_frequency.clear(); }
+    void clear() override { centre_frequency = {}; }
 
     int coding_type;
-    std::vector<uint32_t> centre_frequency; ///< the coded words
+    Records<uint32_t> centre_frequency; ///< the coded words
 };
 
 } // namespace lib13818

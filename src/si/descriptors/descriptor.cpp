@@ -13,7 +13,7 @@ void DescriptorReader::requireRecordsOf(int recordBytes, int headBytes) const
         throw error(kLengthMismatch);
 }
 
-Code readCode(BitReader& in)
+Code readCode(BitReader& in) noexcept
 {
     Code code{};
     for (std::size_t i = 0; i < 3; ++i)
@@ -21,12 +21,12 @@ Code readCode(BitReader& in)
     return code;
 }
 
-StrippedText readStripped(BitReader& in, int length)
+StrippedText readStripped(BitReader& in, int length) noexcept
 {
-    return stripSelector(in.take(length));
+    return stripSelector(in.text(length));
 }
 
-StrippedText readCountedStripped(BitReader& in)
+StrippedText readCountedStripped(BitReader& in) noexcept
 {
     return readStripped(in, in.u8());
 }

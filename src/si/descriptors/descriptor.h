@@ -8,7 +8,6 @@
 #include <cstdint>
 #include <ostream>
 #include <span>
-#include <vector>
 
 namespace lib13818 {
 
@@ -20,7 +19,7 @@ using Code = std::array<char, 4>;
 class DescriptorReader : public BitReader {
 public:
     // Implicit: a descriptor class is built straight from the pointer to its tag byte.
-    DescriptorReader(const uint8_t* descriptor) // NOLINT(google-explicit-constructor)
+    DescriptorReader(const uint8_t* descriptor) noexcept // NOLINT(google-explicit-constructor)
         : BitReader({descriptor + 2, descriptor[1]})
         , tag(descriptor[0])
         , length(descriptor[1])
@@ -35,25 +34,33 @@ public:
     const int length;
 };
 
+/// What is left of a loop behind its first descriptor, which it holds as a whole.
+inline Bytes behindFirst(Bytes loop)
+{
+    return loop.subspan(2U + loop[1]);
+}
+
 /// Hands `take` the descriptors of a loop, each by a pointer to its tag byte, up to the first that
 /// does not fit into it. Gives the number of bytes from there on, 0 when the loop ends with its
 /// last descriptor.
 template <class Take>
-std::size_t forEachDescriptor(std::span<const uint8_t> loop, Take take)
+std::size_t forEachDescriptor(Bytes loop, Take take)
 {
-    for (; loop.size() >= 2 && loop.size() >= 2U + loop[1]; loop = loop.subspan(2U + loop[1]))
+    for (; loop.size() >= 2 && loop.size() >= 2U + loop[1]; loop = behindFirst(loop))
         take(loop.data());
     return loop.size();
 }
 
 /// Three bytes of a language or country code; those past the end are 0.
-Code readCode(BitReader& in);
+Code readCode(BitReader& in) noexcept;
 /// A text of `length` bytes, cut at the end, without its character table selector.
-StrippedText readStripped(BitReader& in, int length);
+StrippedText readStripped(BitReader& in, int length) noexcept;
 /// The same behind a length byte.
-StrippedText readCountedStripped(BitReader& in);
+StrippedText readCountedStripped(BitReader& in) noexcept;
 
-/// What every descriptor has. Descriptors are values: copied, never deleted through this base.
+/// What every descriptor has. Descriptors are values, copied and never deleted through this base,
+/// whose texts, byte runs and lists are views into the bytes that they were built from. A class
+/// whose constructor is noexcept takes whatever bytes come; only the others can refuse some.
 class Descriptor {
 public:
     int descriptor_tag;
@@ -69,7 +76,7 @@ public:
     virtual void clear() = 0;
 
 protected:
-    explicit Descriptor(const DescriptorReader& in)
+    explicit Descriptor(const DescriptorReader& in) noexcept
         : descriptor_tag(in.tag)
         , descriptor_length(in.length)
     {
@@ -115,13 +122,15 @@ protected:
 /// The catch-all for a tag that has no class of its own.
 class DescriptorUserPrivate final : public Descriptor {
 public:
-    explicit DescriptorUserPrivate(DescriptorReader in) : Descriptor(in), data(in.rest()) {}
+    explicit DescriptorUserPrivate(DescriptorReader in) noexcept : Descriptor(in), data(in.rest())
+    {
+    }
 
     const char* name() const override;
     void dumpBody(std::ostream& out) const override;
-    void clear() override { data.clear(); }
+    void clear() override { data = {}; }
 
-    std::vector<uint8_t> data; ///< the payload, unchanged
+    Bytes data; ///< the payload, unchanged
 };
 
 } // namespace lib13818

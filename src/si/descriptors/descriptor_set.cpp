@@ -7,15 +7,17 @@ namespace lib13818 {
 
 template class TypedLists<DescriptorClasses>;
 
-void walkChecked(DescriptorSet& set, std::span<const uint8_t> loop)
+void walkChecked(DescriptorSet& set, Bytes loop)
 {
-    if (set.addLoop(loop) != 0)
+    if (set.fill(loop) != 0)
         throw error(kStartEndMismatch);
 }
 
-void walkEntry(DescriptorSet& set, std::span<const uint8_t> loop)
+DescriptorSet walkEntry(Bytes loop)
 {
-    set.addLoop(loop);
+    DescriptorSet set;
+    set.fill(loop);
+    return set;
 }
 
 } // namespace lib13818

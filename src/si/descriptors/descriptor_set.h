@@ -13,13 +13,10 @@
 #include "si/descriptors/transport_descriptors.h"
 #include "si/descriptors/typed_lists.h"
 
-#include <cstdint>
-#include <span>
-
 namespace lib13818 {
 
 /// The descriptor classes, a list each in this order. To add a class, write it in its family's
-/// file and enter it here: dispatch, copies and the tree's check follow.
+/// file and enter it here: dispatch and the tree's check follow.
 // clang-format off
 struct DescriptorClasses : ClassList<
     /* 0x02 */ DescriptorVideoStream,
@@ -96,12 +93,12 @@ struct DescriptorClasses : ClassList<
 /// The descriptors of one table entity (EN 300 468 clause 6, ISO/IEC 13818-1 clause 2.6).
 using DescriptorSet = TypedLists<DescriptorClasses>;
 
-/// Adds every descriptor of the loop; throws "descriptor start end mismatch" if the loop does not
-/// end where its last one does.
-void walkChecked(DescriptorSet& set, std::span<const uint8_t> loop);
+/// Fills the set with every descriptor of the loop; throws "descriptor start end mismatch" if the
+/// loop does not end where its last one does.
+void walkChecked(DescriptorSet& set, Bytes loop);
 
-/// Adds the descriptors that fit into the loop and leaves what follows them.
-void walkEntry(DescriptorSet& set, std::span<const uint8_t> loop);
+/// The descriptors that fit into the loop; what follows them is left.
+DescriptorSet walkEntry(Bytes loop);
 
 /// Dumps the descriptors of one class.
 template <class List, class Set>

@@ -1,13 +1,12 @@
 #include "si/descriptors/event_descriptors.h"
 
-#include "si/descriptors/record_list.h"
 #include "si/dump.h"
 
 namespace lib13818 {
 
 namespace {
 
-std::vector<ExtendedEventItem> readItems(BitReader& in)
+Records<ExtendedEventItem> readItems(BitReader& in)
 {
     BitReader loop(in.take(in.u8()));
     return readRecordsToEnd<ExtendedEventItem>(loop, {.message = "data length mismatch"});
@@ -39,7 +38,7 @@ void DescriptorNVODReference::dumpBody(std::ostream& out) const
     }
 }
 
-DescriptorTimeShiftedService::DescriptorTimeShiftedService(DescriptorReader in)
+DescriptorTimeShiftedService::DescriptorTimeShiftedService(DescriptorReader in) noexcept
     : DescriptorOf(in)
     , reference_service_id(in.u16())
 {
@@ -50,7 +49,7 @@ void DescriptorTimeShiftedService::dumpBody(std::ostream& out) const
     line(out, "reference_service_id: ", reference_service_id);
 }
 
-DescriptorShortEvent::DescriptorShortEvent(DescriptorReader in)
+DescriptorShortEvent::DescriptorShortEvent(DescriptorReader in) noexcept
     : DescriptorOf(in)
     , ISO_639_language_code(readCode(in))
     , event_name(readCountedStripped(in))
@@ -93,7 +92,7 @@ void DescriptorExtendedEvent::dumpBody(std::ostream& out) const
     }
 }
 
-DescriptorTimeShiftedEvent::DescriptorTimeShiftedEvent(DescriptorReader in)
+DescriptorTimeShiftedEvent::DescriptorTimeShiftedEvent(DescriptorReader in) noexcept
     : DescriptorOf(in)
     , reference_service_id(in.u16())
     , reference_event_id(in.u16())
@@ -179,7 +178,7 @@ void DescriptorLocalTimeOffset::dumpBody(std::ostream& out) const
     }
 }
 
-DescriptorPDC::DescriptorPDC(DescriptorReader in)
+DescriptorPDC::DescriptorPDC(DescriptorReader in) noexcept
     : DescriptorOf(in)
     , programme_identification_label(in.skip(4).bits(20))
 {

@@ -1,9 +1,8 @@
 #pragma once
 
 #include "si/descriptors/descriptor.h"
+#include "si/descriptors/records.h"
 #include "si/time.h"
-
-#include <vector>
 
 // What a programme is, when it is repeated and for whom it is made (EN 300 468, 6.2).
 
@@ -13,22 +12,22 @@ class DescriptorNVODReference final : public DescriptorOf<0x4B, "NVOD_reference_
 public:
     explicit DescriptorNVODReference(DescriptorReader in);
     void dumpBody(std::ostream& out) const override;
-    void clear() override { entries.clear(); }
+    void clear() override { entries = {}; }
 
-    struct service {
+    struct service : Record {
         explicit service(BitReader& in);
 
         int transport_stream_id;
         int original_network_id;
         int service_id;
     };
-    std::vector<service> entries;
+    Records<service> entries;
 };
 
 class DescriptorTimeShiftedService final
     : public DescriptorOf<0x4C, "time_shifted_service_descriptor"> {
 public:
-    explicit DescriptorTimeShiftedService(DescriptorReader in);
+    explicit DescriptorTimeShiftedService(DescriptorReader in) noexcept;
     void dumpBody(std::ostream& out) const override;
 
     int reference_service_id;
@@ -36,7 +35,7 @@ public:
 
 class DescriptorShortEvent final : public DescriptorOf<0x4D, "short_event_descriptor"> {
 public:
-    explicit DescriptorShortEvent(DescriptorReader in);
+    explicit DescriptorShortEvent(DescriptorReader in) noexcept;
     void dumpBody(std::ostream& out) const override;
 
     Code ISO_639_language_code;
@@ -44,7 +43,7 @@ public:
     StrippedText text;
 };
 
-struct ExtendedEventItem {
+struct ExtendedEventItem : Record {
     explicit ExtendedEventItem(BitReader& in);
 
     StrippedText item_description;
@@ -56,19 +55,19 @@ class DescriptorExtendedEvent final : public DescriptorOf<0x4E, "extended_event_
 public:
     explicit DescriptorExtendedEvent(DescriptorReader in);
     void dumpBody(std::ostream& out) const override;
-    void clear() override { items.clear(); }
+    void clear() override { items = {}; }
 
     int descriptor_number;
     int last_descriptor_number;
     Code ISO_639_language_code;
-    std::vector<ExtendedEventItem> items;
+    Records<ExtendedEventItem> items;
     StrippedText text;
 };
 
 class DescriptorTimeShiftedEvent final
     : public DescriptorOf<0x4F, "time_shifted_event_descriptor"> {
 public:
-    explicit DescriptorTimeShiftedEvent(DescriptorReader in);
+    explicit DescriptorTimeShiftedEvent(DescriptorReader in) noexcept;
     void dumpBody(std::ostream& out) const override;
 
     int reference_service_id;
@@ -79,9 +78,9 @@ class DescriptorContent final : public DescriptorOf<0x54, "content_descriptor"> 
 public:
     explicit DescriptorContent(DescriptorReader in);
     void dumpBody(std::ostream& out) const override;
-    void clear() override { entries.clear(); }
+    void clear() override { entries = {}; }
 
-    struct Info {
+    struct Info : Record {
         explicit Info(BitReader& in);
 
         int content_nibble_level1;
@@ -89,25 +88,25 @@ public:
         int user_nibble1;
         int user_nibble2;
     };
-    std::vector<Info> entries;
+    Records<Info> entries;
 };
 
 class DescriptorParentalRating final : public DescriptorOf<0x55, "parental_rating_descriptor"> {
 public:
     explicit DescriptorParentalRating(DescriptorReader in);
     void dumpBody(std::ostream& out) const override;
-    void clear() override { entries.clear(); }
+    void clear() override { entries = {}; }
 
-    struct RatingInfo {
+    struct RatingInfo : Record {
         explicit RatingInfo(BitReader& in);
 
         Code country_code;
         int rating; ///< 1 to 15: the minimum age less 3
     };
-    std::vector<RatingInfo> entries;
+    Records<RatingInfo> entries;
 };
 
-struct LocalTimeOffsetInfo {
+struct LocalTimeOffsetInfo : Record {
     explicit LocalTimeOffsetInfo(BitReader& in);
 
     Code country_code;
@@ -123,14 +122,14 @@ public:
     explicit DescriptorLocalTimeOffset(DescriptorReader in);
     /// Leaves the stream in decimal once there is an entry.
     void dumpBody(std::ostream& out) const override;
-    void clear() override { entries.clear(); }
+    void clear() override { entries = {}; }
 
-    std::vector<LocalTimeOffsetInfo> entries;
+    Records<LocalTimeOffsetInfo> entries;
 };
 
 class DescriptorPDC final : public DescriptorOf<0x69, "PDC_descriptor"> {
 public:
-    explicit DescriptorPDC(DescriptorReader in);
+    explicit DescriptorPDC(DescriptorReader in) noexcept;
 
     int programme_identification_label; ///< day, month, hour, minute in 5, 4, 5 and 6 bits
 };

@@ -1,6 +1,5 @@
 #include "si/descriptors/mosiac_descriptor.h"
 
-#include "si/descriptors/record_list.h"
 #include "si/dump.h"
 
 namespace lib13818 {
@@ -75,12 +74,10 @@ DescriptorMosiac::CellInfo::CellInfo(BitReader& in)
     : logical_cell_id(in.bits(6))
     , logical_cell_presentation_info(in.skip(7).bits(3))
     , elementary_cell_field_length(in.u8())
-    , elementary_cell_id(readBytes(in, elementary_cell_field_length))
+    , elementary_cell_id(in.take(elementary_cell_field_length))
     , cell_linkage_info(readLinkageInfo(in))
     , linkage(readLinkage(in, cell_linkage_info))
 {
-    for (uint8_t& id : elementary_cell_id)
-        id &= 0x3F;
 }
 
 DescriptorMosiac::DescriptorMosiac(DescriptorReader in)

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "si/descriptors/descriptor.h"
+#include "si/descriptors/records.h"
 
 #include <cstdint>
 #include <variant>
-#include <vector>
 
 namespace lib13818 {
 
@@ -14,7 +14,7 @@ class DescriptorMosiac final : public DescriptorOf<0x51, "mosiac_descriptor"> {
 public:
     explicit DescriptorMosiac(DescriptorReader in);
     void dumpBody(std::ostream& out) const override;
-    void clear() override { entries.clear(); }
+    void clear() override { entries = {}; }
 
     struct BouquetInfo {
         explicit BouquetInfo(BitReader& in);
@@ -38,21 +38,21 @@ public:
     };
     using Linkage = std::variant<BouquetInfo, ServiceInfo, EventInfo>;
 
-    struct CellInfo {
+    struct CellInfo : Record {
         explicit CellInfo(BitReader& in);
 
         int logical_cell_id;
         int logical_cell_presentation_info;
         int elementary_cell_field_length; ///< bytes
-        std::vector<uint8_t> elementary_cell_id;
-        int cell_linkage_info; ///< 1 a bouquet, 2 and 3 a service, 4 an event
+        Bytes elementary_cell_id;         ///< the low six bits of each
+        int cell_linkage_info;            ///< 1 a bouquet, 2 and 3 a service, 4 an event
         Linkage linkage;
     };
 
     int mosiac_entry_point;
     int number_of_horizontal_elementary_cells;
     int number_of_vertical_elementary_cells;
-    std::vector<CellInfo> entries;
+    Records<CellInfo> entries;
 };
 
 } // namespace lib13818

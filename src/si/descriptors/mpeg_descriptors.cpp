@@ -7,7 +7,7 @@
 
 namespace lib13818 {
 
-DescriptorVideoStream::DescriptorVideoStream(DescriptorReader in)
+DescriptorVideoStream::DescriptorVideoStream(DescriptorReader in) noexcept
     : DescriptorOf(in)
     , multiple_frame_rate_flag(in.bits(1))
     , frame_rate_code(in.bits(4))
@@ -28,7 +28,7 @@ void DescriptorVideoStream::dumpBody(std::ostream& out) const
     line(out, "TO IMPLEMENT!!!", "");
 }
 
-DescriptorAudioStream::DescriptorAudioStream(DescriptorReader in)
+DescriptorAudioStream::DescriptorAudioStream(DescriptorReader in) noexcept
     : DescriptorOf(in)
     , free_format_flag(in.bits(1))
     , ID(in.bits(1))
@@ -45,7 +45,7 @@ void DescriptorAudioStream::dumpBody(std::ostream& out) const
     line(out, "variable_rate_audio_indicator: ", variable_rate_audio_indicator);
 }
 
-DescriptorHierarchy::DescriptorHierarchy(DescriptorReader in)
+DescriptorHierarchy::DescriptorHierarchy(DescriptorReader in) noexcept
     : DescriptorOf(in)
     , hierarchy_type(in.skip(4).bits(4))
     , hierarchy_layer_index(in.skip(2).bits(6))
@@ -54,20 +54,20 @@ DescriptorHierarchy::DescriptorHierarchy(DescriptorReader in)
 {
 }
 
-DescriptorRegistration::DescriptorRegistration(DescriptorReader in)
+DescriptorRegistration::DescriptorRegistration(DescriptorReader in) noexcept
     : DescriptorOf(in)
     , format_identifier(in.u32())
     , additional_identification_info(in.rest())
 {
 }
 
-DescriptorDataStreamAlignment::DescriptorDataStreamAlignment(DescriptorReader in)
+DescriptorDataStreamAlignment::DescriptorDataStreamAlignment(DescriptorReader in) noexcept
     : DescriptorOf(in)
     , alignment_type(in.u8())
 {
 }
 
-DescriptorTargetBackgroundGrid::DescriptorTargetBackgroundGrid(DescriptorReader in)
+DescriptorTargetBackgroundGrid::DescriptorTargetBackgroundGrid(DescriptorReader in) noexcept
     : DescriptorOf(in)
     , horizontal_size(in.bits(14))
     , vertical_size(in.bits(14))
@@ -75,7 +75,7 @@ DescriptorTargetBackgroundGrid::DescriptorTargetBackgroundGrid(DescriptorReader 
 {
 }
 
-DescriptorVideoWindow::DescriptorVideoWindow(DescriptorReader in)
+DescriptorVideoWindow::DescriptorVideoWindow(DescriptorReader in) noexcept
     : DescriptorOf(in)
     , horizontal_offset(in.bits(14))
     , vertical_offset(in.bits(14))
@@ -83,7 +83,7 @@ DescriptorVideoWindow::DescriptorVideoWindow(DescriptorReader in)
 {
 }
 
-DescriptorCA::DescriptorCA(DescriptorReader in)
+DescriptorCA::DescriptorCA(DescriptorReader in) noexcept
     : DescriptorOf(in)
     , CA_system_id(in.u16())
     , CA_PID(in.skip(3).bits(13))
@@ -102,11 +102,16 @@ void DescriptorCA::dumpBody(std::ostream& out) const
     hexDump(out, private_data_byte);
 }
 
-DescriptorISO639Language::DescriptorISO639Language(DescriptorReader in) : DescriptorOf(in)
+DescriptorISO639Language::Info::Info(BitReader& in)
+    : ISO_639_language_code(readCode(in))
+    , audio_type(in.u8())
 {
-    in.requireRecordsOf(4);
-    while (!in.atEnd())
-        entries.push_back({.ISO_639_language_code = readCode(in), .audio_type = in.u8()});
+}
+
+DescriptorISO639Language::DescriptorISO639Language(DescriptorReader in)
+    : DescriptorOf(in)
+    , entries(readRecords<Info>(in, 4))
+{
 }
 
 void DescriptorISO639Language::dumpBody(std::ostream& out) const
@@ -117,7 +122,7 @@ void DescriptorISO639Language::dumpBody(std::ostream& out) const
     }
 }
 
-DescriptorSystemClock::DescriptorSystemClock(DescriptorReader in)
+DescriptorSystemClock::DescriptorSystemClock(DescriptorReader in) noexcept
     : DescriptorOf(in)
     , external_clock_reference_indicator(in.bits(1))
     , clock_accuracy_integer(in.skip(1).bits(6))
@@ -125,7 +130,8 @@ DescriptorSystemClock::DescriptorSystemClock(DescriptorReader in)
 {
 }
 
-DescriptorMultiplexBufferUtilization::DescriptorMultiplexBufferUtilization(DescriptorReader in)
+DescriptorMultiplexBufferUtilization::DescriptorMultiplexBufferUtilization(
+    DescriptorReader in) noexcept
     : DescriptorOf(in)
     , bound_valid_flag(in.bits(1))
     , LTW_offset_lower_bound(in.bits(15))
@@ -133,7 +139,7 @@ DescriptorMultiplexBufferUtilization::DescriptorMultiplexBufferUtilization(Descr
 {
 }
 
-DescriptorCopyright::DescriptorCopyright(DescriptorReader in)
+DescriptorCopyright::DescriptorCopyright(DescriptorReader in) noexcept
     : DescriptorOf(in)
     , copyright_identifier(in.u32())
     , additional_copyright_info(in.rest())
@@ -149,13 +155,13 @@ void DescriptorCopyright::dumpBody(std::ostream& out) const
     line(out, "", "");
 }
 
-DescriptorMaximumBitrate::DescriptorMaximumBitrate(DescriptorReader in)
+DescriptorMaximumBitrate::DescriptorMaximumBitrate(DescriptorReader in) noexcept
     : DescriptorOf(in)
     , maximum_bitrate(in.skip(2).bits(22))
 {
 }
 
-DescriptorPrivateDataIndicator::DescriptorPrivateDataIndicator(DescriptorReader in)
+DescriptorPrivateDataIndicator::DescriptorPrivateDataIndicator(DescriptorReader in) noexcept
     : DescriptorOf(in)
     , private_data_indicator(in.u32())
 {
@@ -166,14 +172,14 @@ void DescriptorPrivateDataIndicator::dumpBody(std::ostream& out) const
     line(out, "private_data_indicator: ", private_data_indicator);
 }
 
-DescriptorSmoothingBuffer::DescriptorSmoothingBuffer(DescriptorReader in)
+DescriptorSmoothingBuffer::DescriptorSmoothingBuffer(DescriptorReader in) noexcept
     : DescriptorOf(in)
     , sb_leak_rate(in.skip(2).bits(22))
     , sb_size(in.skip(2).bits(22))
 {
 }
 
-DescriptorSTD::DescriptorSTD(DescriptorReader in)
+DescriptorSTD::DescriptorSTD(DescriptorReader in) noexcept
     : DescriptorOf(in)
     , leak_valid_flag(in.skip(7).bits(1))
 {
@@ -184,7 +190,7 @@ void DescriptorSTD::dumpBody(std::ostream& out) const
     line(out, "leak_valid_flag: ", leak_valid_flag);
 }
 
-DescriptorIBP::DescriptorIBP(DescriptorReader in)
+DescriptorIBP::DescriptorIBP(DescriptorReader in) noexcept
     : DescriptorOf(in)
     , closed_gop_flag(in.bits(1))
     , identical_gop_flag(in.bits(1))

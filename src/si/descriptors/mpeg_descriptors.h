@@ -1,8 +1,7 @@
 #pragma once
 
 #include "si/descriptors/descriptor.h"
-
-#include <vector>
+#include "si/descriptors/records.h"
 
 // The descriptors of ISO/IEC 13818-1, clause 2.6.
 
@@ -10,7 +9,7 @@ namespace lib13818 {
 
 class DescriptorVideoStream final : public DescriptorOf<0x02, "video_stream_descriptor"> {
 public:
-    explicit DescriptorVideoStream(DescriptorReader in);
+    explicit DescriptorVideoStream(DescriptorReader in) noexcept;
     void dumpBody(std::ostream& out) const override;
 
     int multiple_frame_rate_flag;
@@ -27,7 +26,7 @@ public:
 
 class DescriptorAudioStream final : public DescriptorOf<0x03, "audio_stream_descriptor"> {
 public:
-    explicit DescriptorAudioStream(DescriptorReader in);
+    explicit DescriptorAudioStream(DescriptorReader in) noexcept;
     void dumpBody(std::ostream& out) const override;
 
     int free_format_flag;
@@ -38,7 +37,7 @@ public:
 
 class DescriptorHierarchy final : public DescriptorOf<0x04, "hierachy_descriptor"> {
 public:
-    explicit DescriptorHierarchy(DescriptorReader in);
+    explicit DescriptorHierarchy(DescriptorReader in) noexcept;
 
     int hierarchy_type;
     int hierarchy_layer_index;
@@ -48,16 +47,16 @@ public:
 
 class DescriptorRegistration final : public DescriptorOf<0x05, "registration_descriptor"> {
 public:
-    explicit DescriptorRegistration(DescriptorReader in);
+    explicit DescriptorRegistration(DescriptorReader in) noexcept;
 
     uint32_t format_identifier;
-    std::vector<uint8_t> additional_identification_info;
+    Bytes additional_identification_info;
 };
 
 class DescriptorDataStreamAlignment final
     : public DescriptorOf<0x06, "data_stream_alignment_descriptor"> {
 public:
-    explicit DescriptorDataStreamAlignment(DescriptorReader in);
+    explicit DescriptorDataStreamAlignment(DescriptorReader in) noexcept;
 
     int alignment_type;
 };
@@ -65,7 +64,7 @@ public:
 class DescriptorTargetBackgroundGrid final
     : public DescriptorOf<0x07, "target_background_grid_descriptor"> {
 public:
-    explicit DescriptorTargetBackgroundGrid(DescriptorReader in);
+    explicit DescriptorTargetBackgroundGrid(DescriptorReader in) noexcept;
 
     int horizontal_size; ///< pixels
     int vertical_size;   ///< pixels
@@ -74,7 +73,7 @@ public:
 
 class DescriptorVideoWindow final : public DescriptorOf<0x08, "video_window_descriptor"> {
 public:
-    explicit DescriptorVideoWindow(DescriptorReader in);
+    explicit DescriptorVideoWindow(DescriptorReader in) noexcept;
 
     int horizontal_offset; ///< pixels
     int vertical_offset;   ///< pixels
@@ -83,31 +82,33 @@ public:
 
 class DescriptorCA final : public DescriptorOf<0x09, "CA_Descriptor"> {
 public:
-    explicit DescriptorCA(DescriptorReader in);
+    explicit DescriptorCA(DescriptorReader in) noexcept;
     void dumpBody(std::ostream& out) const override;
-    void clear() override { private_data_byte.clear(); }
+    void clear() override { private_data_byte = {}; }
 
     int CA_system_id;
     int CA_PID;
-    std::vector<uint8_t> private_data_byte;
+    Bytes private_data_byte;
 };
 
 class DescriptorISO639Language final : public DescriptorOf<0x0A, "ISO_639_language_descriptor"> {
 public:
     explicit DescriptorISO639Language(DescriptorReader in);
     void dumpBody(std::ostream& out) const override;
-    void clear() override { entries.clear(); }
+    void clear() override { entries = {}; }
 
-    struct Info {
+    struct Info : Record {
+        explicit Info(BitReader& in);
+
         Code ISO_639_language_code;
         int audio_type;
     };
-    std::vector<Info> entries;
+    Records<Info> entries;
 };
 
 class DescriptorSystemClock final : public DescriptorOf<0x0B, "system_clock_descriptor"> {
 public:
-    explicit DescriptorSystemClock(DescriptorReader in);
+    explicit DescriptorSystemClock(DescriptorReader in) noexcept;
 
     int external_clock_reference_indicator;
     int clock_accuracy_integer;
@@ -117,7 +118,7 @@ public:
 class DescriptorMultiplexBufferUtilization final
     : public DescriptorOf<0x0C, "multiplex_buffer_utilization_descriptor"> {
 public:
-    explicit DescriptorMultiplexBufferUtilization(DescriptorReader in);
+    explicit DescriptorMultiplexBufferUtilization(DescriptorReader in) noexcept;
 
     int bound_valid_flag;
     int LTW_offset_lower_bound;
@@ -126,17 +127,17 @@ public:
 
 class DescriptorCopyright final : public DescriptorOf<0x0D, "copyright_descriptor"> {
 public:
-    explicit DescriptorCopyright(DescriptorReader in);
+    explicit DescriptorCopyright(DescriptorReader in) noexcept;
     void dumpBody(std::ostream& out) const override;
-    void clear() override { additional_copyright_info.clear(); }
+    void clear() override { additional_copyright_info = {}; }
 
     uint32_t copyright_identifier;
-    std::vector<uint8_t> additional_copyright_info;
+    Bytes additional_copyright_info;
 };
 
 class DescriptorMaximumBitrate final : public DescriptorOf<0x0E, "maximum_bitrate_descriptor"> {
 public:
-    explicit DescriptorMaximumBitrate(DescriptorReader in);
+    explicit DescriptorMaximumBitrate(DescriptorReader in) noexcept;
 
     int maximum_bitrate; ///< 50 bytes per second
 };
@@ -144,7 +145,7 @@ public:
 class DescriptorPrivateDataIndicator final
     : public DescriptorOf<0x0F, "private_data__indicatordescriptor"> {
 public:
-    explicit DescriptorPrivateDataIndicator(DescriptorReader in);
+    explicit DescriptorPrivateDataIndicator(DescriptorReader in) noexcept;
     void dumpBody(std::ostream& out) const override;
 
     uint32_t private_data_indicator;
@@ -152,7 +153,7 @@ public:
 
 class DescriptorSmoothingBuffer final : public DescriptorOf<0x10, "smoothing_buffer_descriptor"> {
 public:
-    explicit DescriptorSmoothingBuffer(DescriptorReader in);
+    explicit DescriptorSmoothingBuffer(DescriptorReader in) noexcept;
 
     int sb_leak_rate; ///< 400 bits per second
     int sb_size;      ///< bytes
@@ -160,7 +161,7 @@ public:
 
 class DescriptorSTD final : public DescriptorOf<0x11, "STD_descriptor"> {
 public:
-    explicit DescriptorSTD(DescriptorReader in);
+    explicit DescriptorSTD(DescriptorReader in) noexcept;
     void dumpBody(std::ostream& out) const override;
 
     int leak_valid_flag;
@@ -168,7 +169,7 @@ public:
 
 class DescriptorIBP final : public DescriptorOf<0x12, "IBP_descriptor"> {
 public:
-    explicit DescriptorIBP(DescriptorReader in);
+    explicit DescriptorIBP(DescriptorReader in) noexcept;
 
     int closed_gop_flag;
     int identical_gop_flag;

@@ -1,6 +1,5 @@
 #include "si/descriptors/multilingual_descriptors.h"
 
-#include "si/descriptors/record_list.h"
 #include "si/dump.h"
 
 namespace lib13818 {
@@ -20,13 +19,13 @@ Code readEntryCode(BitReader& in, int entryBytes, const char* otherwise)
 }
 
 /// A text of the entry that `bytesBehind` more bytes have to follow.
-std::string readEntryText(BitReader& in, int length, int bytesBehind, const char* otherwise)
+std::string_view readEntryText(BitReader& in, int length, int bytesBehind, const char* otherwise)
 {
     requireBytes(in, length + bytesBehind, otherwise);
     return in.text(length);
 }
 
-void dumpNames(std::ostream& out, const std::vector<MultilingualNameInfo>& entries)
+void dumpNames(std::ostream& out, const Records<MultilingualNameInfo>& entries)
 {
     for (const MultilingualNameInfo& entry : entries) {
         line(out,

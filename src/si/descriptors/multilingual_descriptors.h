@@ -1,9 +1,9 @@
 #pragma once
 
 #include "si/descriptors/descriptor.h"
+#include "si/descriptors/records.h"
 
-#include <string>
-#include <vector>
+#include <string_view>
 
 // Names in several languages (EN 300 468, 6.2). Names are the broadcast's own bytes,
 // character table selector included. An entry that its descriptor cannot hold throws code 3 and a
@@ -11,12 +11,12 @@
 
 namespace lib13818 {
 
-struct MultilingualNameInfo {
+struct MultilingualNameInfo : Record {
     explicit MultilingualNameInfo(BitReader& in);
 
     Code ISO_639_language_code;
     int text_len; ///< as coded, in bytes
-    std::string name;
+    std::string_view name;
 };
 
 class DescriptorMultilingualNetworkName final
@@ -24,9 +24,9 @@ class DescriptorMultilingualNetworkName final
 public:
     explicit DescriptorMultilingualNetworkName(DescriptorReader in);
     void dumpBody(std::ostream& out) const override;
-    void clear() override { entries.clear(); }
+    void clear() override { entries = {}; }
 
-    std::vector<MultilingualNameInfo> entries;
+    Records<MultilingualNameInfo> entries;
 };
 
 class DescriptorMultilingualBouquetName final
@@ -34,9 +34,9 @@ class DescriptorMultilingualBouquetName final
 public:
     explicit DescriptorMultilingualBouquetName(DescriptorReader in);
     void dumpBody(std::ostream& out) const override;
-    void clear() override { entries.clear(); }
+    void clear() override { entries = {}; }
 
-    std::vector<MultilingualNameInfo> entries;
+    Records<MultilingualNameInfo> entries;
 };
 
 class DescriptorMultilingualServiceName final
@@ -44,18 +44,18 @@ class DescriptorMultilingualServiceName final
 public:
     explicit DescriptorMultilingualServiceName(DescriptorReader in);
     void dumpBody(std::ostream& out) const override;
-    void clear() override { entries.clear(); }
+    void clear() override { entries = {}; }
 
-    struct MultilingualServiceNameInfo {
+    struct MultilingualServiceNameInfo : Record {
         explicit MultilingualServiceNameInfo(BitReader& in);
 
         Code ISO_639_language_code;
         int provider_len; ///< as coded, in bytes
-        std::string providername;
+        std::string_view providername;
         int service_len; ///< as coded, in bytes
-        std::string servicename;
+        std::string_view servicename;
     };
-    std::vector<MultilingualServiceNameInfo> entries;
+    Records<MultilingualServiceNameInfo> entries;
 };
 
 class DescriptorMultilingualComponent final
@@ -63,10 +63,10 @@ class DescriptorMultilingualComponent final
 public:
     explicit DescriptorMultilingualComponent(DescriptorReader in);
     void dumpBody(std::ostream& out) const override;
-    void clear() override { entries.clear(); }
+    void clear() override { entries = {}; }
 
     int component_tag;
-    std::vector<MultilingualNameInfo> entries;
+    Records<MultilingualNameInfo> entries;
 };
 
 } // namespace lib13818

@@ -4,7 +4,7 @@
 
 namespace lib13818 {
 
-DescriptorNetworkName::DescriptorNetworkName(DescriptorReader in)
+DescriptorNetworkName::DescriptorNetworkName(DescriptorReader in) noexcept
     : DescriptorOf(in)
     , network_name(in.restText())
 {
@@ -15,11 +15,12 @@ void DescriptorNetworkName::dumpBody(std::ostream& out) const
     line(out, "network_name: ", network_name);
 }
 
-DescriptorServiceList::DescriptorServiceList(DescriptorReader in) : DescriptorOf(in)
+DescriptorServiceList::Info::Info(BitReader& in) : service_id(in.u16()), service_type(in.u8()) {}
+
+DescriptorServiceList::DescriptorServiceList(DescriptorReader in)
+    : DescriptorOf(in)
+    , services(readRecords<Info>(in, 3))
 {
-    in.requireRecordsOf(3);
-    while (!in.atEnd())
-        services.push_back({.service_id = in.u16(), .service_type = in.u8()});
 }
 
 void DescriptorServiceList::dumpBody(std::ostream& out) const
@@ -30,7 +31,7 @@ void DescriptorServiceList::dumpBody(std::ostream& out) const
     }
 }
 
-DescriptorStuffing::DescriptorStuffing(DescriptorReader in)
+DescriptorStuffing::DescriptorStuffing(DescriptorReader in) noexcept
     : DescriptorOf(in)
     , stuffing_byte(in.rest())
 {
@@ -44,7 +45,7 @@ void DescriptorStuffing::dumpBody(std::ostream& out) const
     hexDump(out, stuffing_byte);
 }
 
-DescriptorBouquetName::DescriptorBouquetName(DescriptorReader in)
+DescriptorBouquetName::DescriptorBouquetName(DescriptorReader in) noexcept
     : DescriptorOf(in)
     , bouquet_name(in.restText())
 {
@@ -55,7 +56,7 @@ void DescriptorBouquetName::dumpBody(std::ostream& out) const
     line(out, "bouquet_name: ", bouquet_name);
 }
 
-DescriptorLinkage::DescriptorLinkage(DescriptorReader in)
+DescriptorLinkage::DescriptorLinkage(DescriptorReader in) noexcept
     : DescriptorOf(in)
     , transport_stream_id(in.u16())
     , original_network_id(in.u16())
@@ -77,7 +78,7 @@ void DescriptorLinkage::dumpBody(std::ostream& out) const
     hexDump(out, private_data_byte);
 }
 
-DescriptorPrivateDataSpecifier::DescriptorPrivateDataSpecifier(DescriptorReader in)
+DescriptorPrivateDataSpecifier::DescriptorPrivateDataSpecifier(DescriptorReader in) noexcept
     : DescriptorOf(in)
     , private_data_specifier(in.u32())
 {

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "si/descriptors/descriptor.h"
+#include "si/descriptors/records.h"
 
 #include <cstdint>
-#include <string>
-#include <vector>
+#include <string_view>
 
 // Descriptors that name and link networks and bouquets and list their services (EN 300 468, 6.2).
 // Texts are the broadcast's own bytes, character table selector included.
@@ -13,11 +13,11 @@ namespace lib13818 {
 
 class DescriptorNetworkName final : public DescriptorOf<0x40, "network_name_descriptor"> {
 public:
-    explicit DescriptorNetworkName(DescriptorReader in);
+    explicit DescriptorNetworkName(DescriptorReader in) noexcept;
     void dumpBody(std::ostream& out) const override;
-    void clear() override { network_name.clear(); }
+    void clear() override { network_name = {}; }
 
-    std::string network_name;
+    std::string_view network_name;
 };
 
 class DescriptorServiceList final : public DescriptorOf<0x41, "service_list_descriptor"> {
@@ -25,48 +25,50 @@ public:
     explicit DescriptorServiceList(DescriptorReader in);
     void dumpBody(std::ostream& out) const override;
 
-    struct Info {
+    struct Info : Record {
+        explicit Info(BitReader& in);
+
         int service_id;
         int service_type;
     };
-    std::vector<Info> services;
+    Records<Info> services;
 };
 
 class DescriptorStuffing final : public DescriptorOf<0x42, "stuffing_descriptor"> {
 public:
-    explicit DescriptorStuffing(DescriptorReader in);
+    explicit DescriptorStuffing(DescriptorReader in) noexcept;
     void dumpBody(std::ostream& out) const override;
-    void clear() override { stuffing_byte.clear(); }
+    void clear() override { stuffing_byte = {}; }
 
-    std::vector<uint8_t> stuffing_byte;
+    Bytes stuffing_byte;
 };
 
 class DescriptorBouquetName final : public DescriptorOf<0x47, "bouquet_name_descriptor"> {
 public:
-    explicit DescriptorBouquetName(DescriptorReader in);
+    explicit DescriptorBouquetName(DescriptorReader in) noexcept;
     void dumpBody(std::ostream& out) const override;
-    void clear() override { bouquet_name.clear(); }
+    void clear() override { bouquet_name = {}; }
 
-    std::string bouquet_name;
+    std::string_view bouquet_name;
 };
 
 class DescriptorLinkage final : public DescriptorOf<0x4A, "linkage_descriptor"> {
 public:
-    explicit DescriptorLinkage(DescriptorReader in);
+    explicit DescriptorLinkage(DescriptorReader in) noexcept;
     void dumpBody(std::ostream& out) const override;
-    void clear() override { private_data_byte.clear(); }
+    void clear() override { private_data_byte = {}; }
 
     int transport_stream_id;
     int original_network_id;
     int service_id;
     int linkage_type;
-    std::vector<uint8_t> private_data_byte; ///< whatever the linkage type
+    Bytes private_data_byte; ///< whatever the linkage type
 };
 
 class DescriptorPrivateDataSpecifier final
     : public DescriptorOf<0x5F, "private_data_specifier_descriptor"> {
 public:
-    explicit DescriptorPrivateDataSpecifier(DescriptorReader in);
+    explicit DescriptorPrivateDataSpecifier(DescriptorReader in) noexcept;
     void dumpBody(std::ostream& out) const override;
 
     uint32_t private_data_specifier;

@@ -1,11 +1,10 @@
 #include "si/descriptors/service_descriptors.h"
 
-#include "si/descriptors/record_list.h"
 #include "si/dump.h"
 
 namespace lib13818 {
 
-DescriptorService::DescriptorService(DescriptorReader in)
+DescriptorService::DescriptorService(DescriptorReader in) noexcept
     : DescriptorOf(in)
     , service_type(in.u8())
     , provider_name(in.countedText())
@@ -27,21 +26,20 @@ DescriptorCountryAvailability::DescriptorCountryAvailability(DescriptorReader in
     if ((in.length - 1) % 3 != 0)
         throw error(kBadContent, "country_availability_descriptor");
     in.skip(7);
-    while (!in.atEnd())
-        country_code.push_back(in.text(3));
+    country_code = Records<std::string_view>(in.rest());
 }
 
 void DescriptorCountryAvailability::dumpBody(std::ostream& out) const
 {
     line(out, "country_availability_flag: ", country_availability_flag);
-    for (const std::string& code : country_code)
+    for (const std::string_view code : country_code)
         line(out, "country_code: ", code);
 }
 
-DescriptorCAIdentifier::DescriptorCAIdentifier(DescriptorReader in) : DescriptorOf(in)
+DescriptorCAIdentifier::DescriptorCAIdentifier(DescriptorReader in) noexcept
+    : DescriptorOf(in)
+    , CA_system_id(in.take(in.length / 2 * 2))
 {
-    while (in.bytesLeft() >= 2)
-        CA_system_id.push_back(in.u16());
 }
 
 void DescriptorCAIdentifier::dumpBody(std::ostream& out) const
@@ -50,7 +48,7 @@ void DescriptorCAIdentifier::dumpBody(std::ostream& out) const
         line(out, "CA_system_id: ", id);
 }
 
-DescriptorTelephone::DescriptorTelephone(DescriptorReader in)
+DescriptorTelephone::DescriptorTelephone(DescriptorReader in) noexcept
     : DescriptorOf(in)
     , foreign_availability(in.skip(2).bits(1))
     , connection_type(in.bits(5))
@@ -85,14 +83,14 @@ void DescriptorTelephone::dumpBody(std::ostream& out) const
 
 void DescriptorTelephone::clear()
 {
-    country_prefix_char.clear();
-    international_area_code_char.clear();
-    operator_code_char.clear();
-    national_area_code_char.clear();
-    core_number_char.clear();
+    country_prefix_char = {};
+    international_area_code_char = {};
+    operator_code_char = {};
+    national_area_code_char = {};
+    core_number_char = {};
 }
 
-DescriptorServiceMove::DescriptorServiceMove(DescriptorReader in)
+DescriptorServiceMove::DescriptorServiceMove(DescriptorReader in) noexcept
     : DescriptorOf(in)
     , new_original_network_id(in.u16())
     , new_transport_stream_id(in.u16())

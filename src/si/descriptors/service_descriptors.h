@@ -1,9 +1,9 @@
 #pragma once
 
 #include "si/descriptors/descriptor.h"
+#include "si/descriptors/records.h"
 
-#include <string>
-#include <vector>
+#include <string_view>
 
 // What a service is called, where it may be received and what it announces (EN 300 468, 6.2). Texts
 // are the broadcast's own bytes, character table selector included.
@@ -12,12 +12,12 @@ namespace lib13818 {
 
 class DescriptorService final : public DescriptorOf<0x48, "service_descriptor"> {
 public:
-    explicit DescriptorService(DescriptorReader in);
+    explicit DescriptorService(DescriptorReader in) noexcept;
     void dumpBody(std::ostream& out) const override;
 
     int service_type;
-    std::string provider_name;
-    std::string service_name;
+    std::string_view provider_name;
+    std::string_view service_name;
 };
 
 class DescriptorCountryAvailability final
@@ -27,21 +27,21 @@ public:
     void dumpBody(std::ostream& out) const override;
 
     int country_availability_flag;
-    std::vector<std::string> country_code; ///< three bytes each
+    Records<std::string_view> country_code; ///< three bytes each
 };
 
 class DescriptorCAIdentifier final : public DescriptorOf<0x53, "CA_system_id_descriptor"> {
 public:
-    explicit DescriptorCAIdentifier(DescriptorReader in);
+    explicit DescriptorCAIdentifier(DescriptorReader in) noexcept;
     void dumpBody(std::ostream& out) const override;
-    void clear() override { CA_system_id.clear(); }
+    void clear() override { CA_system_id = {}; }
 
-    std::vector<int> CA_system_id;
+    Records<int> CA_system_id;
 };
 
 class DescriptorTelephone final : public DescriptorOf<0x57, "telephone_descriptor"> {
 public:
-    explicit DescriptorTelephone(DescriptorReader in);
+    explicit DescriptorTelephone(DescriptorReader in) noexcept;
     void dumpBody(std::ostream& out) const override;
     void clear() override;
 
@@ -52,16 +52,16 @@ public:
     int operator_code_length;
     int national_area_code_length;
     int core_number_length;
-    std::string country_prefix_char;
-    std::string international_area_code_char;
-    std::string operator_code_char;
-    std::string national_area_code_char;
-    std::string core_number_char;
+    std::string_view country_prefix_char;
+    std::string_view international_area_code_char;
+    std::string_view operator_code_char;
+    std::string_view national_area_code_char;
+    std::string_view core_number_char;
 };
 
 class DescriptorServiceMove final : public DescriptorOf<0x60, "service_move_descriptor"> {
 public:
-    explicit DescriptorServiceMove(DescriptorReader in);
+    explicit DescriptorServiceMove(DescriptorReader in) noexcept;
     void dumpBody(std::ostream& out) const override;
 
     int new_original_network_id;
@@ -75,7 +75,7 @@ class DescriptorAnnouncementSupport final
 public:
     explicit DescriptorAnnouncementSupport(DescriptorReader in);
 
-    struct Info {
+    struct Info : Record {
         explicit Info(BitReader& in);
 
         int announcement_type;
@@ -88,13 +88,13 @@ public:
     };
 
     int announcement_support_indicator; ///< one bit for each kind of announcement
-    std::vector<Info> entries;
+    Records<Info> entries;
 };
 
 class DescriptorServiceIdentifier final
     : public DescriptorOf<0x71, "service_identifier_descriptor"> {
 public:
-    explicit DescriptorServiceIdentifier(DescriptorReader in) : DescriptorOf(in) {}
+    explicit DescriptorServiceIdentifier(DescriptorReader in) noexcept : DescriptorOf(in) {}
 };
 
 } // namespace lib13818

@@ -4,7 +4,7 @@
 
 namespace lib13818 {
 
-DescriptorShortSmoothingBuffer::DescriptorShortSmoothingBuffer(DescriptorReader in)
+DescriptorShortSmoothingBuffer::DescriptorShortSmoothingBuffer(DescriptorReader in) noexcept
     : DescriptorOf(in)
     , sb_size(in.bits(2))
     , sb_leak_rate(in.bits(6))
@@ -22,12 +22,12 @@ void DescriptorShortSmoothingBuffer::dumpBody(std::ostream& out) const
     hexDump(out, DVB_reserved);
 }
 
-DescriptorTransportStream::DescriptorTransportStream(DescriptorReader in)
+DescriptorTransportStream::DescriptorTransportStream(DescriptorReader in) noexcept
     : DescriptorOf(in)
     , byte(in.rest())
 {
 }
 
-DescriptorDSNG::DescriptorDSNG(DescriptorReader in) : DescriptorOf(in), byte(in.rest()) {}
+DescriptorDSNG::DescriptorDSNG(DescriptorReader in) noexcept : DescriptorOf(in), byte(in.rest()) {}
 
 } // namespace lib13818

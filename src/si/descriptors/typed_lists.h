@@ -1,14 +1,13 @@
 #pragma once
 
-#include "si/descriptors/descriptor_store.h"
+#include "si/descriptors/descriptor.h"
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
 #include <iterator>
-#include <span>
+#include <optional>
 #include <type_traits>
-#include <utility>
 
 namespace lib13818 {
 
@@ -34,7 +33,8 @@ struct EntryOf<List> {
     using Type = typename List::Entry;
 };
 
-/// The descriptors of one class, in the order in which they stood in the stream.
+/// The descriptors of one class, in the order in which they stand in the loop, each built when one
+/// comes to it.
 template <class Lists, class List>
 class ListRange {
 public:
@@ -42,59 +42,59 @@ public:
 
     class Iterator {
     public:
-        using iterator_category = std::forward_iterator_tag;
+        using iterator_category = std::input_iterator_tag;
+        using iterator_concept = std::forward_iterator_tag;
         using value_type = Entry;
         using difference_type = std::ptrdiff_t;
-        using pointer = const Entry*;
-        using reference = const Entry&;
+        using pointer = void;
+        using reference = Entry;
 
         Iterator() = default;
-        explicit Iterator(DescriptorStore::Cursor cursor) : cursor_(cursor) { findOwn(); }
-        reference operator*() const { return *static_cast<const Entry*>(cursor_.object()); }
-        pointer operator->() const { return &**this; }
+        explicit Iterator(Bytes loop) : left_(loop) { findOwn(); }
+        Entry operator*() const { return Entry(left_.data()); }
         Iterator& operator++()
         {
-            cursor_.next(Lists::kSizes[cursor_.list()]);
+            left_ = behindFirst(left_);
             findOwn();
             return *this;
         }
         Iterator operator++(int)
         {
-            Iterator before = *this;
+            const Iterator before = *this;
             ++*this;
             return before;
         }
+        /// The tag byte of the descriptor.
+        const uint8_t* place() const { return left_.data(); }
         friend bool operator==(const Iterator& a, const Iterator& b)
         {
-            return a.cursor_ == b.cursor_;
+            return a.left_.size() == b.left_.size();
         }
 
     private:
         void findOwn()
         {
-            while (!cursor_.atEnd() && cursor_.list() != Lists::template kIndex<List>)
-                cursor_.next(Lists::kSizes[cursor_.list()]);
+            while (!left_.empty() && Lists::kListOfTag[left_[0]] != Lists::template kIndex<List>)
+                left_ = behindFirst(left_);
         }
-        DescriptorStore::Cursor cursor_;
+        Bytes left_;
     };
 
-    explicit ListRange(const DescriptorStore& store)
-        : store_(store.has(Lists::template kIndex<List>) ? &store : nullptr)
-    {
-    }
+    explicit ListRange(Bytes loop) : loop_(loop) {}
 
-    Iterator begin() const
-    {
-        return store_ ? Iterator(DescriptorStore::Cursor(*store_)) : Iterator();
-    }
+    Iterator begin() const { return Iterator(loop_); }
     Iterator end() const { return Iterator(); }
-    bool empty() const { return !store_; }
+    bool empty() const { return begin() == end(); }
     /// Counts: linear in the descriptors of the whole set.
     std::size_t size() const { return static_cast<std::size_t>(std::distance(begin(), end())); }
-    const Entry& front() const { return *begin(); }
+    /// The first, if there is one.
+    std::optional<Entry> first() const
+    {
+        return empty() ? std::nullopt : std::optional<Entry>(*begin());
+    }
 
 private:
-    const DescriptorStore* store_;
+    Bytes loop_;
 };
 
 /// The lists of a set in their order.
@@ -110,45 +110,59 @@ struct ClassList {
     }
 };
 
-/// One list per descriptor class, filled by tag: the content of one descriptor loop. `Classes` is
-/// a ClassList: the classes, each with its own tag, and the two raw lists.
+/// One list per descriptor class, sorted by tag: the content of one descriptor loop, as a view of
+/// its bytes, which must outlive the set and its copies. `Classes` is a ClassList: the classes,
+/// each with its own tag, and the two raw lists.
 template <class Classes>
 class TypedLists {
 public:
-    TypedLists() = default;
-    TypedLists(const TypedLists& other);
-    TypedLists(TypedLists&& other) noexcept = default;
-    TypedLists& operator=(TypedLists other) noexcept
-    {
-        std::swap(store_, other.store_);
-        return *this;
-    }
-    ~TypedLists();
-
     static constexpr std::size_t kCount = Classes::kCount;
+
+    /// Takes the descriptors of a loop, in place of those it had, up to the first that does not fit
+    /// into it. Gives the number of bytes from there on, 0 when the loop ends with its last
+    /// descriptor. Each is built once: what the class of one throws is thrown, and the set then
+    /// holds those before it.
+    std::size_t fill(Bytes loop);
+
+    /// The bytes of the descriptors.
+    Bytes bytes() const { return {first_, size_}; }
+
+    /// The bytes of an entry of a table that ends with the loop of this set: `headBytes` before it
+    /// and `loopBytes` of it, which may end with some that are no descriptor.
+    Bytes entryBytes(std::size_t headBytes, int loopBytes) const
+    {
+        return {first_ - headBytes, headBytes + static_cast<std::size_t>(loopBytes)};
+    }
 
     /// The list of a class; empty when the loop had none.
     template <class List>
     ListRange<TypedLists, List> all() const
     {
-        return ListRange<TypedLists, List>(store_);
+        return ListRange<TypedLists, List>(leftOut_ == kIndex<List> ? Bytes() : bytes());
     }
 
-    bool empty() const { return store_.empty(); }
-
-    /// Parses one descriptor and appends it to the list of its class. Throws what the class
-    /// throws, and appends nothing then.
-    void add(const unsigned char* descriptor);
-
-    /// Adds the descriptors of a loop up to the first that does not fit into it. Gives the number
-    /// of bytes from there on, 0 when the loop ends with its last descriptor.
-    std::size_t addLoop(std::span<const uint8_t> loop);
-
-    /// Empties the list of a class.
-    template <class List>
-    void clear()
+    /// Calls `visit(descriptor)` with the bytes of each, in the order of the loop.
+    template <class Visitor>
+    void forEach(Visitor visit) const
     {
-        remove(kIndex<List>);
+        forEachDescriptor(bytes(), [&](const uint8_t* descriptor) {
+            if (kListOfTag[descriptor[0]] != leftOut_)
+                visit(Bytes(descriptor, 2U + descriptor[1]));
+        });
+    }
+
+    bool empty() const
+    {
+        bool isEmpty = true;
+        forEach([&](Bytes /*descriptor*/) { isEmpty = false; });
+        return isEmpty;
+    }
+
+    /// Shows the list of a class as empty until the set is filled again; only one at a time.
+    template <class List>
+    void leaveOut()
+    {
+        leftOut_ = kIndex<List>;
     }
 
     /// Calls `visit.template operator()<List>()` for every list, in the declared order.
@@ -176,19 +190,6 @@ public:
         return found;
     }();
 
-    /// Bytes that an object of each list takes in a store.
-    static constexpr std::array<uint16_t, kCount> kSizes = [] {
-        std::array<uint16_t, kCount> sizes{};
-        std::size_t index = 0;
-        forEachType([&]<class List>() {
-            using Entry = typename EntryOf<List>::Type;
-            static_assert(alignof(Entry) <= DescriptorStore::kAlignment);
-            constexpr std::size_t unit = DescriptorStore::kAlignment;
-            sizes[index++] = static_cast<uint16_t>((sizeof(Entry) + unit - 1) / unit * unit);
-        });
-        return sizes;
-    }();
-
     /// Which list a tag goes to; two classes with one tag do not compile.
     static constexpr std::array<uint8_t, 256> kListOfTag = [] {
         std::array<uint8_t, 256> lists{};
@@ -206,13 +207,12 @@ public:
     }();
 
 private:
-    static_assert(kCount <= DescriptorStore::kMaxLists);
+    static constexpr uint8_t kNone = 0xFF;
+    static_assert(kCount < kNone);
 
-    static const std::array<EntryType, kCount> kTypes;
-
-    void remove(std::size_t list);
-
-    DescriptorStore store_;
+    const uint8_t* first_ = nullptr;
+    uint32_t size_ = 0;
+    uint8_t leftOut_ = kNone;
 };
 
 } // namespace lib13818

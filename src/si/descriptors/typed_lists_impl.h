@@ -4,67 +4,33 @@
 
 #include "si/descriptors/typed_lists.h"
 
-#include <new>
-
 namespace lib13818 {
 
+/// Builds a descriptor of a class to see whether it is refused; null for a class that takes all.
+template <class Entry>
+constexpr void (*kTryOf)(const uint8_t*) =
+    [](const uint8_t* descriptor) { Entry{DescriptorReader(descriptor)}; };
+template <class Entry>
+requires std::is_nothrow_constructible_v<Entry, DescriptorReader>
+constexpr void (*kTryOf<Entry>)(const uint8_t*) = nullptr;
+
 template <class Classes>
-const std::array<EntryType, TypedLists<Classes>::kCount> TypedLists<Classes>::kTypes = [] {
-    std::array<EntryType, kCount> types{};
-    forEachType([&]<class List>() {
-        using Entry = typename EntryOf<List>::Type;
-        types[kIndex<List>] = {
-            .size = kSizes[kIndex<List>],
-            .construct = [](void* place, const DescriptorReader& in) { new (place) Entry(in); },
-            .copy = [](void* place,
-                       const void* from) { new (place) Entry(*static_cast<const Entry*>(from)); },
-            .destroy = [](void* object) { static_cast<Entry*>(object)->~Entry(); }};
+std::size_t TypedLists<Classes>::fill(Bytes loop)
+{
+    static constexpr auto kTry = [] {
+        std::array<void (*)(const uint8_t*), kCount> tries{};
+        forEachType(
+            [&]<class List>() { tries[kIndex<List>] = kTryOf<typename EntryOf<List>::Type>; });
+        return tries;
+    }();
+    first_ = loop.data();
+    size_ = 0;
+    leftOut_ = kNone;
+    return forEachDescriptor(loop, [this](const uint8_t* descriptor) {
+        if (const auto attempt = kTry[kListOfTag[descriptor[0]]])
+            attempt(descriptor);
+        size_ += 2U + descriptor[1];
     });
-    return types;
-}();
-
-template <class Classes>
-TypedLists<Classes>::TypedLists(const TypedLists& other)
-{
-    try {
-        store_.copyFrom(kTypes, other.store_);
-    } catch (...) {
-        store_.destroyAll(kTypes);
-        throw;
-    }
-}
-
-template <class Classes>
-TypedLists<Classes>::~TypedLists()
-{
-    store_.destroyAll(kTypes);
-}
-
-template <class Classes>
-void TypedLists<Classes>::add(const unsigned char* descriptor)
-{
-    store_.add(kTypes, kListOfTag[descriptor[0]], descriptor);
-}
-
-template <class Classes>
-std::size_t TypedLists<Classes>::addLoop(std::span<const uint8_t> loop)
-{
-    std::size_t bytes = 0;
-    std::size_t count = 0;
-    forEachDescriptor(loop, [&](const uint8_t* descriptor) {
-        bytes += kSizes[kListOfTag[descriptor[0]]];
-        ++count;
-    });
-    store_.reserve(bytes, count);
-    return forEachDescriptor(loop, [this](const uint8_t* descriptor) { add(descriptor); });
-}
-
-template <class Classes>
-void TypedLists<Classes>::remove(std::size_t list)
-{
-    TypedLists others;
-    others.store_.copyFrom(kTypes, store_, list);
-    std::swap(store_, others.store_);
 }
 
 template <class Classes>
