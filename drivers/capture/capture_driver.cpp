@@ -211,6 +211,47 @@ Status CaptureDriver::SetSourceFiles(std::uint32_t count, const char16_t* const*
     });
 }
 
+Status CaptureDriver::GetSourceCount(std::uint32_t* count) noexcept
+{
+    return guarded([&] {
+        if (!count)
+            return status::kNullPointer;
+        *count = static_cast<std::uint32_t>(tuner_.state().set->captures.size());
+        return status::kOk;
+    });
+}
+
+Status CaptureDriver::GetCurrentSource(std::uint32_t* index) noexcept
+{
+    return guarded([&] {
+        if (!index)
+            return status::kNullPointer;
+        const TunerState now = tuner_.state();
+        if (!now.current)
+            return status::kNotReady;
+        *index = static_cast<std::uint32_t>(*now.current);
+        return status::kOk;
+    });
+}
+
+Status CaptureDriver::GetSourceName(std::uint32_t index, char16_t** name) noexcept
+{
+    return guarded([&] {
+        if (!name)
+            return status::kNullPointer;
+        *name = nullptr;
+        const TunerState now = tuner_.state();
+        return index < now.set->captures.size()
+                   ? giveText(now.set->captures[index].file.string(), name)
+                   : status::kInvalidArgument;
+    });
+}
+
+Status CaptureDriver::SelectSource(std::uint32_t index) noexcept
+{
+    return guarded([&] { return tuner_.select(index); });
+}
+
 Status CaptureDriver::GetReadProblem(char16_t** problem) noexcept
 {
     return guarded([&] { return giveText(tuner_.state().problem, problem); });

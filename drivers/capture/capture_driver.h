@@ -15,9 +15,9 @@ constexpr Guid kCaptureDriverClass = "{8F6E0A52-3B1D-4C7E-9A64-D20B71C5E3F8}"_gu
 /// the first. Tuning and reading show no window, whatever the owner: nothing has to be asked.
 class CaptureDriver final
     : public Implements<CaptureDriver, IDriverInfo, IDriverControl, ISetTuner, ISectionReader,
-                        IDeviceDialogs, ITunerStatus, ISourceFiles, IReadReport> {
+                        IDeviceDialogs, ITunerStatus, ISourceFiles, ISourceList, IReadReport> {
     using Base = Implements<CaptureDriver, IDriverInfo, IDriverControl, ISetTuner, ISectionReader,
-                            IDeviceDialogs, ITunerStatus, ISourceFiles, IReadReport>;
+                            IDeviceDialogs, ITunerStatus, ISourceFiles, ISourceList, IReadReport>;
 
 public:
     CaptureDriver() = default;
@@ -54,6 +54,11 @@ public:
 
     Status SetSourceFiles(std::uint32_t count, const char16_t* const* paths,
                           char16_t** problem) noexcept override;
+
+    Status GetSourceCount(std::uint32_t* count) noexcept override;
+    Status GetCurrentSource(std::uint32_t* index) noexcept override;
+    Status GetSourceName(std::uint32_t index, char16_t** name) noexcept override;
+    Status SelectSource(std::uint32_t index) noexcept override;
 
     Status GetReadProblem(char16_t** problem) noexcept override;
 

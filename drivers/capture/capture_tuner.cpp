@@ -130,6 +130,12 @@ Status CaptureTuner::lockOnto(const TunerState& basis, std::optional<std::size_t
     return status::kOk;
 }
 
+Status CaptureTuner::select(std::size_t index)
+{
+    const TunerState now = state();
+    return index < now.set->captures.size() ? lockOnto(now, index) : status::kInvalidArgument;
+}
+
 Answers CaptureTuner::read(std::span<const TableRequest> requests)
 {
     const TunerState now = state();

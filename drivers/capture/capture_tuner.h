@@ -53,6 +53,9 @@ public:
         return lockOnto(now, findCapture(now.set->captures, wanted...));
     }
 
+    /// Sets the tuner to a capture of the set by its index.
+    Status select(std::size_t index);
+
     /// Answers requests from the capture the tuner is set to; what went wrong is reported. Throws
     /// CaptureError when nothing could be read.
     Answers read(std::span<const TableRequest> requests);

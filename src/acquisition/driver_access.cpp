@@ -14,6 +14,7 @@ DriverAccess::DriverAccess(IUnknown* driver)
     static_cast<void>(query(driver, control_));
     static_cast<void>(query(driver, status_));
     static_cast<void>(query(driver, report_));
+    static_cast<void>(query(driver, sources_));
 }
 
 Status DriverAccess::read(SectionBatch& batch, std::span<const TableRequest> requests) const
@@ -26,7 +27,7 @@ Status DriverAccess::read(SectionBatch& batch, std::span<const TableRequest> req
         static_cast<void>(
             receivedText(problem, [&](char16_t** out) { return report_->GetReadProblem(out); }));
     if (!problem.empty()) {
-        OutputPrint("The driver reports: %s", problem.c_str());
+        OutputProblem("The driver reports: %s", problem.c_str());
         LogPrint(g_log, log_level::kInformation, "the driver reports: %s", problem.c_str());
     }
     return result;
@@ -90,6 +91,34 @@ std::string DriverAccess::statusText() const
         static_cast<void>(
             receivedText(text, [&](char16_t** out) { return status_->GetStatusText(out); }));
     return text;
+}
+
+std::uint32_t DriverAccess::sourceCount() const
+{
+    std::uint32_t count = 0;
+    return sources_ && !failed(sources_->GetSourceCount(&count)) ? count : 0;
+}
+
+std::optional<std::uint32_t> DriverAccess::currentSource() const
+{
+    std::uint32_t index = 0;
+    if (!sources_ || failed(sources_->GetCurrentSource(&index)))
+        return std::nullopt;
+    return index;
+}
+
+std::string DriverAccess::sourceName(std::uint32_t index) const
+{
+    std::string name;
+    if (sources_)
+        static_cast<void>(receivedText(
+            name, [&](char16_t** out) { return sources_->GetSourceName(index, out); }));
+    return name.empty() ? "source " + std::to_string(index + 1) : name;
+}
+
+Status DriverAccess::selectSource(std::uint32_t index) const
+{
+    return sources_ ? sources_->SelectSource(index) : status::kNoInterface;
 }
 
 Status DriverAccess::tune(WindowHandle owner, const TunerSetting& setting) const

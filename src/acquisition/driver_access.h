@@ -6,6 +6,7 @@
 #include "model/transponder.h"
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 
@@ -40,6 +41,14 @@ public:
     /// The driver's short text about its tuner, UTF-8; empty when it gives none.
     std::string statusText() const;
 
+    /// The driver's list of sources; 0 when it has none.
+    std::uint32_t sourceCount() const;
+    /// The source that the tuner is set to, to return to; nothing when the driver does not tell.
+    std::optional<std::uint32_t> currentSource() const;
+    /// What a source is called, UTF-8; its number when the driver does not tell.
+    std::string sourceName(std::uint32_t index) const;
+    Status selectSource(std::uint32_t index) const;
+
     /// Sets the tuner; returns when it is set. Without parameters nothing is called. `owner` is
     /// for windows of the driver.
     Status tune(WindowHandle owner, const TunerSetting& setting) const;
@@ -50,6 +59,7 @@ private:
     ComPtr<IDriverControl> control_;
     ComPtr<ITunerStatus> status_;
     ComPtr<IReadReport> report_;
+    ComPtr<ISourceList> sources_;
 };
 
 } // namespace tessaview

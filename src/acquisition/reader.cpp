@@ -1,6 +1,7 @@
 #include "acquisition/reader.h"
 
 #include "acquisition/attach_tuning.h"
+#include "acquisition/scan_report.h"
 #include "acquisition/section_batch.h"
 #include "acquisition/section_decoding.h"
 #include "acquisition/table_requests.h"
@@ -55,26 +56,35 @@ void logFirstBytes(Bytes section)
 class TransponderRead {
 public:
     TransponderRead(const DriverAccess& driver, const std::atomic<bool>& cancelled,
-                    const TableSelection& selection)
+                    const TableSelection& selection, IncompleteStreams incomplete)
         : driver_(driver)
         , cancelled_(cancelled)
         , selection_(selection)
         , tables_(selection)
+        , takesIncomplete_(incomplete == IncompleteStreams::Store)
     {
     }
 
-    ReadOutcome into(NetworkMap& model);
+    Reading into(NetworkMap& model);
 
 private:
     // Each gives the outcome that ends the reading, or nothing to go on.
-    std::optional<ReadOutcome> readTables();
-    std::optional<ReadOutcome> takePat();
-    std::optional<ReadOutcome> takeNitActual();
-    std::optional<ReadOutcome> takeSdtActual();
-    std::optional<ReadOutcome> readPmts();
+    std::optional<Reading> readTables();
+    std::optional<Reading> readPmts();
 
+    /// Whether the tables that were taken so far are enough to go on.
+    bool mayGoOn(NeededTables::State last) const;
+    bool takeNeededTables();
+    void takePat();
+    void takeNitActual();
+    void takeSdtActual();
     void takeOptionalTables();
-    void takePmt(std::size_t answer, int program_number);
+    template <class Table>
+    NeededTables::State stateOf(SiTable table) const;
+    void identify();
+    bool isEmpty() const;
+    Reading outcome(ReadOutcome outcome, Status status = status::kOk) const;
+    void takePmt(std::size_t answer, const TableRequest& request);
 
     /// Says how many sections a table has. Nothing when it was not requested.
     std::optional<std::size_t> announce(SiTable table) const;
@@ -89,43 +99,155 @@ private:
     const std::atomic<bool>& cancelled_;
     const TableSelection& selection_;
     TableRequests tables_;
+    bool takesIncomplete_;
     SectionBatch batch_;
     Transponder transponder_;
-    std::uint32_t original_network_id_ = 0;
+    std::optional<std::uint32_t> original_network_id_;
 };
 
-ReadOutcome TransponderRead::into(NetworkMap& model)
+Reading TransponderRead::outcome(ReadOutcome outcome, Status status) const
+{
+    Reading reading{.outcome = outcome, .needed = transponder_.needed, .status = status};
+    reading.original_network_id = original_network_id_;
+    if (transponder_.pat.parsed)
+        reading.transport_stream_id = transponder_.transport_stream_id;
+    return reading;
+}
+
+Reading TransponderRead::into(NetworkMap& model)
 {
     if (const auto end = readTables())
         return *end;
-    if (const auto end = takePat())
-        return *end;
-    if (const auto end = takeNitActual())
-        return *end;
-    if (const auto end = takeSdtActual())
-        return *end;
-    if (failed(attachTuning(transponder_, driver_)))
-        return ReadOutcome::TunerFailed;
-    if (model.find(original_network_id_, transponder_.transport_stream_id))
-        return ReadOutcome::AlreadyThere;
-    takeOptionalTables();
+    if (!takeNeededTables())
+        return outcome(ReadOutcome::Incomplete);
+    if (!transponder_.needed.areThere()) {
+        takeOptionalTables();
+        identify();
+    }
+    if (const Status result = attachTuning(transponder_, driver_); failed(result))
+        return outcome(ReadOutcome::TunerFailed, result);
+    if (transponder_.needed.areThere()) {
+        const Transponder* const before =
+            model.find(*original_network_id_, transponder_.transport_stream_id);
+        if (before && before->needed.areThere())
+            return outcome(ReadOutcome::AlreadyThere);
+        takeOptionalTables();
+    }
     if (const auto end = readPmts())
         return *end;
-    model.store(original_network_id_, std::move(transponder_));
-    return ReadOutcome::Stored;
+    if (isEmpty())
+        return outcome(ReadOutcome::Incomplete);
+    const Reading stored = outcome(ReadOutcome::Stored);
+    const bool isNew =
+        model.store(original_network_id_.value_or(model.unnamedNetwork()), std::move(transponder_));
+    if (!isNew)
+        return outcome(ReadOutcome::AlreadyThere);
+    if (!stored.needed.areThere())
+        reportProblem("stored though incomplete: the stream carries %s",
+                      stored.needed.lack().c_str());
+    return stored;
 }
 
-std::optional<ReadOutcome> TransponderRead::readTables()
+std::optional<Reading> TransponderRead::readTables()
 {
     const Status result = driver_.read(batch_, tables_.requests());
     if (cancelled_)
-        return ReadOutcome::Cancelled;
+        return outcome(ReadOutcome::Cancelled);
     if (failed(result)) {
         OutputPrint("Failed to read SI: %#x", statusCode(result));
-        return ReadOutcome::ReadFailed;
+        return outcome(ReadOutcome::ReadFailed, result);
     }
     OutputPrint("Got SI tables");
     return std::nullopt;
+}
+
+bool TransponderRead::mayGoOn(NeededTables::State last) const
+{
+    return last == NeededTables::State::There || takesIncomplete_;
+}
+
+/// Takes PAT, NIT and SDT, up to the first that ends the reading; what is missing behind that is
+/// noted all the same, so that all of it can be told at once.
+bool TransponderRead::takeNeededTables()
+{
+    NeededTables& needed = transponder_.needed;
+    needed.pat = stateOf<Pat>(SiTable::Pat);
+    needed.sdt = stateOf<Sdt>(SiTable::SdtActual);
+    if (batch_.count(*tables_.place(SiTable::NitActual)) <= 0)
+        needed.nit = NeededTables::State::Missing;
+    takePat();
+    if (!mayGoOn(needed.pat))
+        return false;
+    takeNitActual();
+    if (!mayGoOn(needed.nit))
+        return false;
+    takeSdtActual();
+    return mayGoOn(needed.sdt);
+}
+
+template <class Table>
+NeededTables::State TransponderRead::stateOf(SiTable table) const
+{
+    const std::size_t answer = *tables_.place(table);
+    for (std::size_t i = 0; i < batch_.usable(answer); ++i)
+        if (!decodeSection<Table>(batch_.section(answer, i), [](Table&&) {}))
+            return NeededTables::State::There;
+    return batch_.usable(answer) > 0 ? NeededTables::State::Undecodable
+                                     : NeededTables::State::Missing;
+}
+
+/// The first stream of an event table: its original_network_id and transport_stream_id.
+std::optional<std::pair<std::uint32_t, std::uint32_t>> firstStream(const EitMap& events)
+{
+    for (const auto& [network, streams] : events)
+        for (const auto& [stream, services] : streams)
+            return std::pair(network, stream);
+    return std::nullopt;
+}
+
+/// Finds the identifiers of an incomplete stream where else they are told: by the SDT, by the only
+/// entry or the own one of the NIT, by the events of the actual stream.
+void TransponderRead::identify()
+{
+    std::optional<std::uint32_t> stream;
+    if (transponder_.pat.parsed)
+        stream = transponder_.transport_stream_id;
+    for (const auto& [network, streams] : transponder_.sdtActual)
+        if (!stream && !streams.empty())
+            stream = streams.begin()->first;
+    const lib13818::TransportStreamEntry* own = nullptr;
+    std::size_t entries = 0;
+    for (const auto& [network, sections] : transponder_.nitActual)
+        for (const auto& [number, nit] : sections)
+            for (const auto& entry : nit.transportStreams) {
+                ++entries;
+                if (!own && (!stream || sectionKey(entry.transport_stream_id) == *stream))
+                    own = &entry;
+            }
+    auto events = firstStream(transponder_.eitPfActual);
+    if (!events)
+        events = firstStream(transponder_.eitScheduleActual);
+    if (!stream && entries != 1) // then its entry is not known to be its own
+        own = nullptr;
+    if (!original_network_id_ && own)
+        original_network_id_ = sectionKey(own->original_network_id);
+    if (!original_network_id_ && events && (!stream || events->second == *stream))
+        original_network_id_ = events->first;
+    if (!stream && own)
+        stream = sectionKey(own->transport_stream_id);
+    if (!stream && events)
+        stream = events->second;
+    transponder_.transport_stream_id = stream.value_or(kLastIdentifier + 1);
+}
+
+/// Whether no section of any table was decoded.
+bool TransponderRead::isEmpty() const
+{
+    const Transponder& t = transponder_;
+    return !t.pat.parsed && !t.cat.parsed && !t.bat.parsed && !t.rst.parsed && !t.tdt.parsed &&
+           !t.tot.parsed && t.pmts.empty() && t.nitActual.empty() && t.nitOther.empty() &&
+           t.sdtActual.empty() && t.sdtOther.empty() && t.eitPfActual.empty() &&
+           t.eitPfOther.empty() && t.eitScheduleActual.empty() && t.eitScheduleOther.empty();
 }
 
 std::optional<std::size_t> TransponderRead::announce(SiTable table) const
@@ -140,44 +262,38 @@ template <class Table, class Store>
 void TransponderRead::takeEach(SiTable table, std::size_t answer, Store store)
 {
     for (std::size_t i = 0; i < batch_.usable(answer); ++i)
-        if (decodeSection<Table>(batch_.section(answer, i), store))
+        if (const auto fault = decodeSection<Table>(batch_.section(answer, i), store)) {
             OutputPrint("Error parsing %s section", siTableName(table));
+            reportFault(tables_.requests()[answer], batch_.section(answer, i).get(), *fault);
+        }
     batch_.release(answer);
 }
 
-std::optional<ReadOutcome> TransponderRead::takePat()
+void TransponderRead::takePat()
 {
     const auto answer = announce(SiTable::Pat);
     takeEach<Pat>(SiTable::Pat, *answer, [this](Pat&& pat) {
         if (!transponder_.pat.parsed)
             transponder_.pat = std::move(pat);
     });
-    if (!transponder_.pat.parsed)
-        return ReadOutcome::NoPat;
-    transponder_.transport_stream_id = sectionKey(transponder_.pat.table_id_extension);
-    return std::nullopt;
+    if (transponder_.pat.parsed)
+        transponder_.transport_stream_id = sectionKey(transponder_.pat.table_id_extension);
 }
 
-std::optional<ReadOutcome> TransponderRead::takeNitActual()
+void TransponderRead::takeNitActual()
 {
     const auto answer = announce(SiTable::NitActual);
-    if (batch_.count(*answer) <= 0)
-        return ReadOutcome::NoNit;
     takeEach<Nit>(SiTable::NitActual, *answer,
                   [this](Nit&& nit) { storeNit(transponder_.nitActual, std::move(nit)); });
-    return std::nullopt;
 }
 
-std::optional<ReadOutcome> TransponderRead::takeSdtActual()
+void TransponderRead::takeSdtActual()
 {
     const auto answer = announce(SiTable::SdtActual);
     takeEach<Sdt>(SiTable::SdtActual, *answer, [this](Sdt&& sdt) {
         original_network_id_ = sectionKey(sdt.original_network_id);
         storeSdt(transponder_.sdtActual, std::move(sdt));
     });
-    if (transponder_.sdtActual.empty())
-        return ReadOutcome::NoSdt;
-    return std::nullopt;
 }
 
 void TransponderRead::takeOptionalTables()
@@ -205,10 +321,12 @@ void TransponderRead::takeFirst(SiTable table, Table& place)
     const auto answer = announce(table);
     if (!answer)
         return;
-    if (batch_.usable(*answer) > 0 &&
-        decodeSection<Table>(batch_.section(*answer, 0),
-                             [&place](Table&& decoded) { place = std::move(decoded); }))
-        OutputPrint("Error parsing %s section", siTableName(table));
+    const auto store = [&place](Table&& decoded) { place = std::move(decoded); };
+    if (batch_.usable(*answer) > 0)
+        if (const auto fault = decodeSection<Table>(batch_.section(*answer, 0), store)) {
+            OutputPrint("Error parsing %s section", siTableName(table));
+            reportFault(tables_.requests()[*answer], batch_.section(*answer, 0).get(), *fault);
+        }
     batch_.release(*answer);
 }
 
@@ -223,55 +341,61 @@ void TransponderRead::takeEit(SiTable table, EitMap& place)
         const lib13818::SectionBytes section = batch_.section(*answer, i);
         if (table == SiTable::EitPfActual)
             logFirstBytes(section.get());
-        const auto code =
+        const auto fault =
             decodeSection<Eit>(section, [&place](Eit&& eit) { storeEit(place, std::move(eit)); });
-        if (!code)
+        if (!fault)
             continue;
-        OutputPrint("Error parsing %s section: %d", name, *code);
-        LogPrint(g_log, log_level::kError, "Error parsing %s section: %d", name, *code);
+        printAndLog(log_level::kError, "Error parsing %s section: %d", name, fault->code);
+        reportFault(tables_.requests()[*answer], section.get(), *fault);
     }
     batch_.release(*answer);
 }
 
-std::optional<ReadOutcome> TransponderRead::readPmts()
+std::optional<Reading> TransponderRead::readPmts()
 {
     if (!selection_.IsTableEnabled(si_table::kPmt))
         return std::nullopt;
     const std::vector<TableRequest> requests = pmtRequests(transponder_.pat);
     const Status result = driver_.read(batch_, requests);
     if (cancelled_)
-        return ReadOutcome::Cancelled;
-    if (failed(result))
+        return outcome(ReadOutcome::Cancelled);
+    if (failed(result)) {
+        reportProblem("the PMTs could not be read: %08X", statusCode(result));
         return std::nullopt;
+    }
     transponder_.pmts.reserve(requests.size());
     for (std::size_t i = 0; i < requests.size(); ++i)
-        takePmt(i, requests[i].table_id_extension);
+        takePmt(i, requests[i]);
     return std::nullopt;
 }
 
-void TransponderRead::takePmt(std::size_t answer, int program_number)
+void TransponderRead::takePmt(std::size_t answer, const TableRequest& request)
 {
     OutputPrint("Got %d PMT section(s) for SID %04X", batch_.count(answer),
-                sectionKey(program_number));
-    if (batch_.usable(answer) > 0 &&
-        decodeSection<Pmt>(batch_.section(answer, 0),
-                           [this](Pmt&& pmt) { transponder_.pmts.push_back(std::move(pmt)); }))
-        OutputPrint("Error parsing PMT section");
+                sectionKey(request.table_id_extension));
+    const auto store = [this](Pmt&& pmt) { transponder_.pmts.push_back(std::move(pmt)); };
+    if (batch_.usable(answer) > 0)
+        if (const auto fault = decodeSection<Pmt>(batch_.section(answer, 0), store)) {
+            OutputPrint("Error parsing PMT section");
+            reportFault(request, batch_.section(answer, 0).get(), *fault);
+        }
     batch_.release(answer);
 }
 
 } // namespace
 
-Reader::Reader(IUnknown* driver, const std::atomic<bool>& cancelled, TableSelection selection)
+Reader::Reader(IUnknown* driver, const std::atomic<bool>& cancelled, TableSelection selection,
+               IncompleteStreams incomplete)
     : driver_(driver)
     , cancelled_(cancelled)
     , selection_(std::move(selection))
+    , incomplete_(incomplete)
 {
 }
 
-ReadOutcome Reader::ReadCurrentTransponder(NetworkMap& model)
+Reading Reader::ReadCurrentTransponder(NetworkMap& model)
 {
-    return TransponderRead(driver_, cancelled_, selection_).into(model);
+    return TransponderRead(driver_, cancelled_, selection_, incomplete_).into(model);
 }
 
 } // namespace tessaview

@@ -102,7 +102,7 @@ void Scanner::scanTransponder(ISatTransponder& transponder, const std::string& s
     if (failed(driver_.tune(context_.owner, {.tuning = tuning, .satellite = satellite})))
         addUntuned(stream);
     else if (!cancelled_ && !ReadNitAndScan(satellite))
-        summary_.add(stream, UnstoredReason::NoNit);
+        summary_.add(stream, nitProblem());
 }
 
 } // namespace tessaview

@@ -18,4 +18,14 @@ void printAndLog(std::int32_t level, const char* format, ...)
     LogPrint(g_log, level, "%s", text.c_str());
 }
 
+void reportProblem(const char* format, ...)
+{
+    std::va_list arguments;
+    va_start(arguments, format);
+    const std::string text = formattedList(format, arguments);
+    va_end(arguments);
+    OutputProblem("%s", text.c_str());
+    LogPrint(g_log, log_level::kError, "%s", text.c_str());
+}
+
 } // namespace tessaview

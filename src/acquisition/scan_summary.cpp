@@ -3,28 +3,48 @@
 #include "platform/format.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tessaview {
 
 namespace {
 
-/// Nothing for a stream that was stored, or of which nothing can be said.
-std::optional<UnstoredReason> reasonOf(ReadOutcome outcome)
+/// The stream that was received where another was expected, or nothing.
+std::optional<std::string> otherStream(const ScannedStream& expected, const Reading& received)
 {
-    switch (outcome) {
+    if (!expected.transport_stream_id || !received.transport_stream_id)
+        return std::nullopt;
+    if (*expected.transport_stream_id != *received.transport_stream_id)
+        return formatted("%04X", *received.transport_stream_id);
+    if (expected.original_network_id && received.original_network_id &&
+        *expected.original_network_id != *received.original_network_id)
+        return formatted("%04X of network %04X", *received.transport_stream_id,
+                         *received.original_network_id);
+    return std::nullopt;
+}
+
+/// Nothing for a stream that was stored, or of which nothing can be said.
+std::optional<Unstored> reasonOf(const ScannedStream& expected, const Reading& reading)
+{
+    switch (reading.outcome) {
+    case ReadOutcome::Stored:
     case ReadOutcome::AlreadyThere:
-        return UnstoredReason::AlreadyThere;
-    case ReadOutcome::NoPat:
-        return UnstoredReason::NoPat;
-    case ReadOutcome::NoNit:
-        return UnstoredReason::NoNit;
-    case ReadOutcome::NoSdt:
-        return UnstoredReason::NoSdt;
+        if (const auto other = otherStream(expected, reading))
+            return Unstored(UnstoredReason::OtherStream,
+                            "another stream was received there: " + *other);
+        if (reading.outcome == ReadOutcome::AlreadyThere)
+            return UnstoredReason::AlreadyThere;
+        break;
+    case ReadOutcome::Incomplete: {
+        const std::string lack = reading.needed.lack();
+        return Unstored(UnstoredReason::Incomplete, "the stream carries " + lack);
+    }
     case ReadOutcome::TunerFailed:
         return UnstoredReason::TunerFailed;
     case ReadOutcome::ReadFailed:
-        return UnstoredReason::ReadFailed;
-    case ReadOutcome::Stored:
+        return Unstored(
+            UnstoredReason::ReadFailed,
+            formatted("the driver could not read the stream: %08X", statusCode(reading.status)));
     case ReadOutcome::Cancelled:
         break;
     }
@@ -44,14 +64,18 @@ std::size_t widthOf(const std::string& text)
     }));
 }
 
+/// Where a stream was looked for: on a satellite or in a source.
+const std::string& placeOf(const ScannedStream& stream)
+{
+    return stream.source.empty() ? stream.satellite : stream.source;
+}
+
 std::string padded(const std::string& text, std::size_t width)
 {
     return text + std::string(width - std::min(width, widthOf(text)), ' ');
 }
 
-} // namespace
-
-const char* unstoredReasonText(UnstoredReason reason)
+const char* textOf(UnstoredReason reason)
 {
     switch (reason) {
     case UnstoredReason::AlreadyThere:
@@ -60,12 +84,12 @@ const char* unstoredReasonText(UnstoredReason reason)
         return "the tuner could not be set to it";
     case UnstoredReason::NoParameters:
         return "the NIT has no parameters of this kind of tuner for it";
-    case UnstoredReason::NoPat:
-        return "the stream carries no PAT that can be decoded";
-    case UnstoredReason::NoNit:
-        return "the stream carries no NIT of the actual network";
-    case UnstoredReason::NoSdt:
-        return "the stream carries no SDT of the actual transport stream that can be decoded";
+    case UnstoredReason::Incomplete:
+        return "the stream lacks a table";
+    case UnstoredReason::OtherStream:
+        return "another stream was received there";
+    case UnstoredReason::NitFailed:
+        return "its NIT could not be read";
     case UnstoredReason::ReadFailed:
         return "the driver could not read the stream";
     case UnstoredReason::TunerFailed:
@@ -78,27 +102,46 @@ const char* unstoredReasonText(UnstoredReason reason)
     return "";
 }
 
-void ScanSummary::add(const ScannedStream& stream, ReadOutcome outcome)
+} // namespace
+
+Unstored::Unstored(UnstoredReason why) : reason(why), text(textOf(why)) {}
+
+Unstored::Unstored(UnstoredReason why, std::string words) : reason(why), text(std::move(words)) {}
+
+void ScanSummary::add(const ScannedStream& stream, const Reading& reading)
 {
-    if (outcome == ReadOutcome::Stored) {
-        stored_.insert(stream);
-        unstored_.erase(stream);
-    } else if (const auto reason = reasonOf(outcome)) {
-        add(stream, *reason);
+    const auto reason = reasonOf(stream, reading);
+    if (reading.outcome == ReadOutcome::Stored) {
+        ScannedStream received = stream;
+        if (reason) {
+            received.original_network_id = reading.original_network_id;
+            received.transport_stream_id = reading.transport_stream_id;
+        }
+        unstored_.erase(received);
+        stored_.insert(std::move(received));
     }
+    if (reason)
+        add(stream, *reason);
 }
 
-void ScanSummary::add(const ScannedStream& stream, UnstoredReason reason)
+void ScanSummary::add(const ScannedStream& stream, Unstored reason)
 {
     if (!stored_.contains(stream))
-        unstored_.emplace(stream, reason);
+        unstored_.emplace(stream, std::move(reason));
+}
+
+bool ScanSummary::hasIncomplete() const
+{
+    return std::any_of(unstored_.begin(), unstored_.end(), [](const auto& entry) {
+        return entry.second.reason == UnstoredReason::Incomplete;
+    });
 }
 
 std::size_t ScanSummary::failedCount() const
 {
     return static_cast<std::size_t>(
         std::count_if(unstored_.begin(), unstored_.end(), [](const auto& entry) {
-            return entry.second != UnstoredReason::AlreadyThere;
+            return entry.second.reason != UnstoredReason::AlreadyThere;
         }));
 }
 
@@ -110,19 +153,18 @@ std::vector<std::string> ScanSummary::lines() const
     const std::size_t failures = failedCount();
     lines.push_back(formatted("Transport streams: %zu stored, %zu already there, %zu not stored",
                               storedCount(), unstored_.size() - failures, failures));
-    std::size_t satellites = 0;
+    std::size_t places = 0;
     std::size_t frequencies = 0;
     for (const auto& [stream, reason] : unstored_) {
-        satellites = std::max(satellites, widthOf(stream.satellite));
+        places = std::max(places, widthOf(placeOf(stream)));
         frequencies = std::max(frequencies, widthOf(stream.frequency));
     }
-    for (const auto& [stream, reason] : unstored_)
-        if (reason != UnstoredReason::AlreadyThere)
-            lines.push_back("  " + padded(stream.satellite, satellites) + "  " +
+    for (const auto& [stream, unstored] : unstored_)
+        if (unstored.reason != UnstoredReason::AlreadyThere)
+            lines.push_back("  " + padded(placeOf(stream), places) + "  " +
                             padded(identifier(stream.original_network_id), 4) + "  " +
                             padded(identifier(stream.transport_stream_id), 4) + "  " +
-                            padded(stream.frequency, frequencies) + "  " +
-                            unstoredReasonText(reason));
+                            padded(stream.frequency, frequencies) + "  " + unstored.text);
     return lines;
 }
 

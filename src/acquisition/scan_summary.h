@@ -18,25 +18,32 @@ enum class UnstoredReason : std::uint8_t {
     AlreadyThere,
     NotTuned,
     NoParameters,
-    NoPat,
-    NoNit,
-    NoSdt,
+    Incomplete, ///< a table is missing without which it has no certain place
+    OtherStream,
+    NitFailed, ///< the NIT that describes the network could not be had
     ReadFailed,
     TunerFailed,
     UnknownTuner,
     NoTransponders
 };
 
-/// The reason as a clause: "the stream carries no PAT that can be decoded".
-const char* unstoredReasonText(UnstoredReason reason);
+/// Why a transport stream was not stored, also as a clause: "the stream carries no PAT".
+struct Unstored {
+    Unstored(UnstoredReason why); // NOLINT(google-explicit-constructor): the reason says it all
+    Unstored(UnstoredReason why, std::string words);
+
+    UnstoredReason reason;
+    std::string text;
+};
 
 /// A transport stream as a scan comes to it: by a NIT's entry, or by a transponder of the
-/// satellite list, whose identifiers are not known.
+/// satellite list or a source of the driver, whose identifiers are not known.
 struct ScannedStream {
     std::string satellite = {}; ///< UTF-8; empty for none
     std::optional<std::uint32_t> original_network_id = {};
     std::optional<std::uint32_t> transport_stream_id = {};
     std::string frequency = {}; ///< "11757 MHz V"; empty when there are no parameters
+    std::string source = {};    ///< of a driver's list of sources; empty for none
 
     // NOLINTNEXTLINE(modernize-use-nullptr): the comparison with zero is the compiler's
     friend auto operator<=>(const ScannedStream&, const ScannedStream&) = default;
@@ -46,13 +53,15 @@ struct ScannedStream {
 /// several NITs list it, counts once: as stored when it was ever stored.
 class ScanSummary {
 public:
-    void add(const ScannedStream& stream, ReadOutcome outcome);
-    void add(const ScannedStream& stream, UnstoredReason reason);
+    void add(const ScannedStream& stream, const Reading& reading);
+    void add(const ScannedStream& stream, Unstored reason);
 
     std::size_t storedCount() const { return stored_.size(); }
-    const std::map<ScannedStream, UnstoredReason>& unstored() const { return unstored_; }
+    const std::map<ScannedStream, Unstored>& unstored() const { return unstored_; }
     /// Streams that could not be stored, without those that the model had before.
     std::size_t failedCount() const;
+    /// Whether a stream was left out for want of a table, though it may hold others.
+    bool hasIncomplete() const;
     bool empty() const { return stored_.empty() && unstored_.empty(); }
 
     /// A line of counts and a table, a line each, of the streams that could not be stored. Nothing
@@ -61,7 +70,7 @@ public:
 
 private:
     std::set<ScannedStream> stored_;
-    std::map<ScannedStream, UnstoredReason> unstored_;
+    std::map<ScannedStream, Unstored> unstored_;
 };
 
 } // namespace tessaview

@@ -14,21 +14,21 @@ namespace tessaview {
 
 namespace {
 
-Status readCurrentNit(const DriverAccess& driver, SectionBatch& batch)
+TableRequest nitRequest()
 {
     const TableRequests always(TableSelection::fixed(0));
-    const TableRequest request = always.requests()[*always.place(SiTable::NitActual)];
-    return driver.read(batch, {&request, 1});
+    return always.requests()[*always.place(SiTable::NitActual)];
 }
 
 NitMap decodeNits(const SectionBatch& batch)
 {
     NitMap networks;
+    const auto store = [&networks](lib13818::Nit&& nit) { storeNit(networks, std::move(nit)); };
     for (std::size_t i = 0; i < batch.usable(0); ++i)
-        if (decodeSection<lib13818::Nit>(batch.section(0, i), [&networks](lib13818::Nit&& nit) {
-                storeNit(networks, std::move(nit));
-            }))
+        if (const auto fault = decodeSection<lib13818::Nit>(batch.section(0, i), store)) {
             printAndLog(log_level::kError, "Error parsing NIT section");
+            reportFault(nitRequest(), batch.section(0, i).get(), *fault);
+        }
     return networks;
 }
 
@@ -66,7 +66,7 @@ std::string scanProgressText(std::size_t number, std::size_t total)
 Scanner::Scanner(ScanContext context, ScanProgress& progress, const std::atomic<bool>& cancelled)
     : context_(std::move(context))
     , driver_(context_.driver)
-    , reader_(context_.driver, cancelled, context_.selection)
+    , reader_(context_.driver, cancelled, context_.selection, context_.incomplete)
     , progress_(progress)
     , cancelled_(cancelled)
 {
@@ -79,6 +79,9 @@ ScanSummary Scanner::run(ScanMode mode)
         OutputPrint("Scanning current transponder");
         readInto({});
         return std::move(summary_);
+    case ScanMode::AllSources:
+        scanSources();
+        break;
     case ScanMode::CurrentNit:
         scanCurrentNit();
         break;
@@ -94,22 +97,44 @@ ScanSummary Scanner::run(ScanMode mode)
     return std::move(summary_);
 }
 
+/// Reads each source of the driver, and sets the tuner back to where it was.
+void Scanner::scanSources()
+{
+    const std::uint32_t total = driver_.sourceCount();
+    const auto before = driver_.currentSource();
+    for (std::uint32_t i = 0; i < total && !cancelled_; ++i) {
+        progress_.reached(ScanLevel::TransportStream, i + 1, total);
+        const ScannedStream stream{.source = driver_.sourceName(i)};
+        printAndLog(log_level::kInformation, "Reading %s", stream.source.c_str());
+        if (failed(driver_.selectSource(i)))
+            addUntuned(stream);
+        else
+            readInto(stream);
+    }
+    if (before && !cancelled_)
+        static_cast<void>(driver_.selectSource(*before));
+}
+
 void Scanner::scanCurrentNit()
 {
     if (!context_.satellite)
         printAndLog(log_level::kInformation, "No satellite selected");
     else if (!ReadNitAndScan(*context_.satellite))
-        summary_.add({.satellite = *context_.satellite}, UnstoredReason::NoNit);
+        summary_.add({.satellite = *context_.satellite}, nitProblem());
 }
 
 bool Scanner::ReadNitAndScan(const std::string& satellite)
 {
     printAndLog(log_level::kDetail, "Reading current NIT");
     SectionBatch batch;
-    const Status result = readCurrentNit(driver_, batch);
+    const TableRequest request = nitRequest();
+    const Status result = driver_.read(batch, {&request, 1});
     if (cancelled_)
         return true;
     if (failed(result) || batch.count(0) <= 0) {
+        nitProblem_ = failed(result)
+                          ? formatted("the driver could not read the NIT: %08X", statusCode(result))
+                          : "the stream carries no NIT of the actual network";
         printAndLog(log_level::kError, "Failed to read current NIT");
         LogPrint(g_log, log_level::kError, "exit");
         return false;
@@ -118,6 +143,7 @@ bool Scanner::ReadNitAndScan(const std::string& satellite)
     const NitMap networks = decodeNits(batch);
     batch.releaseAll();
     if (networks.empty()) {
+        nitProblem_ = "no section of its NIT can be decoded";
         printAndLog(log_level::kError, "Failed to read NIT");
         return false;
     }

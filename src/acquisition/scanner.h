@@ -25,6 +25,7 @@ struct ScanContext {
     /// The satellite that the user chose, UTF-8; none chosen: nothing. Empty where parameters come
     /// from a NIT and the driver needs no name with them.
     std::optional<std::string> satellite = {};
+    IncompleteStreams incomplete = IncompleteStreams::Refuse;
     WindowHandle owner = nullptr; ///< for the windows that a driver may show while it tunes
 };
 
@@ -43,7 +44,8 @@ public:
     ScanSummary run(ScanMode mode);
 
     /// Reads the NIT of the stream that the tuner is set to and scans its network. The satellite's
-    /// name is what the driver is told with the parameters. False when there is no such NIT.
+    /// name is what the driver is told with the parameters. False when there is no such NIT; why
+    /// is then told by `nitProblem`.
     bool ReadNitAndScan(const std::string& satellite);
     /// Tunes to every stream that the first network lists and reads it, then sets the tuner back
     /// to where it was.
@@ -56,7 +58,9 @@ public:
 private:
     enum class SatelliteEnd { Scanned, NoTransponders, NoCount, Cancelled };
 
+    void scanSources();
     void scanCurrentNit();
+    Unstored nitProblem() const { return {UnstoredReason::NitFailed, nitProblem_}; }
     /// False when the scan of the network is to stop.
     bool scanSection(const lib13818::Nit& nit, TunerType type, const std::string& satellite);
     void scanEntry(const lib13818::TransportStreamEntry& entry, TunerType type,
@@ -71,6 +75,7 @@ private:
     Reader reader_;
     ScanProgress& progress_;
     const std::atomic<bool>& cancelled_;
+    std::string nitProblem_; ///< why there is no NIT to scan by
     ScanSummary summary_;
 };
 

@@ -1,13 +1,10 @@
 #include "app/application_places.h"
 
 #include "component/class_registry.h"
+#include "driver/pending_call.h"
 #include "log/log_file.h"
 #include "platform/paths.h"
 #include "platform/settings.h"
-
-#include <charconv>
-#include <cstdlib>
-#include <string_view>
 
 namespace tessaview {
 
@@ -25,16 +22,7 @@ ApplicationPlaces ApplicationPlaces::ofThisUser(const std::string& logFile)
 
 DriverPatience DriverPatience::ofThisUser()
 {
-    DriverPatience patience;
-    // NOLINTNEXTLINE(concurrency-mt-unsafe): only read
-    if (const char* const given = std::getenv("TESSAVIEW_DRIVER_PATIENCE")) {
-        const std::string_view text(given);
-        int seconds = 0;
-        const auto [end, error] = std::from_chars(text.begin(), text.end(), seconds);
-        if (error == std::errc() && end == text.end() && seconds > 0)
-            patience.start = patience.exit = std::chrono::seconds(seconds);
-    }
-    return patience;
+    return {.start = driverPatience(), .exit = driverPatience()};
 }
 
 } // namespace tessaview

@@ -1,6 +1,6 @@
 #include "app/tessaview3_app.h"
 
-#include "app/driver_start.h"
+#include "acquisition/driver_start.h"
 #include "component/bstr.h"
 #include "driver/source_files.h"
 #include "log/log_file.h"

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "acquisition/driver_start.h"
 #include "app/application_host.h"
 #include "app/application_places.h"
-#include "app/driver_start.h"
 #include "component/class_registry.h"
 #include "driver/driver_session.h"
 #include "satlist/satellite_list.h"

@@ -32,6 +32,7 @@ InterruptKey::InterruptKey(Cancellation& cancellation) : cancellation_(cancellat
 
 InterruptKey::~InterruptKey()
 {
+    std::signal(SIGINT, SIG_DFL); // from here on it ends the program
     isOver_ = true;
     sem_post(&isPressed);
 }

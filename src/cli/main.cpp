@@ -1,6 +1,10 @@
 #include "cli/import.h"
 #include "cli/options.h"
 #include "cli/scan.h"
+#include "driver/pending_call.h"
+
+#include <cstdlib>
+#include <iostream>
 
 int main(int argc, char** argv)
 {
@@ -13,5 +17,11 @@ int main(int argc, char** argv)
         if (status != tessaview::kExitStored || !options.asksForStreams())
             return status;
     }
-    return tessaview::scan(options);
+    const int status = tessaview::scan(options);
+    // A driver that never came back from a call is not waited for.
+    if (tessaview::PendingCall::unfinished() > 0) {
+        std::cout.flush();
+        std::_Exit(status);
+    }
+    return status;
 }

@@ -89,18 +89,21 @@ ParsedOptions parseOptions(int argc, const char* const* argv)
     Options options;
     std::string format = "tree";
     std::string tables = "all";
-    std::string mode = "current";
+    std::string mode;
     std::vector<std::string> charsets;
 
     CLI::App app("Shows the DVB service information of a multiplex.", "tessaview3-scan");
     app.footer(kFooter + charsetHelp());
     app.set_version_flag("--version", std::string("tessaview3-scan ") + kVersionText);
     app.add_option("CAPTURE", options.captures,
-                   "Captured transport streams, or folders of them; the first is the one read");
+                   "Captured transport streams, or folders of them; all are read");
+    app.add_flag("--incomplete", options.incomplete,
+                 "Show what there is of streams without PAT, NIT or SDT, too");
     app.add_option("--driver", options.driver, "Use this driver")->option_text("NAME|CLSID");
     app.add_flag("--list-drivers", options.listDrivers, "List the installed drivers");
     app.add_option("--mode", mode,
-                   "What to read, default 'current': the stream the tuner is set to")
+                   "What to read: 'current', the stream the tuner is set to, which is the default "
+                   "but for captures, of which all are read")
         ->check(CLI::IsMember(kModes))
         ->option_text("current|nit|satellite|all");
     app.add_option("--satellite", options.satellite,
@@ -139,7 +142,8 @@ ParsedOptions parseOptions(int argc, const char* const* argv)
         return {.options = std::nullopt, .exitStatus = isAnswer ? kExitStored : kExitWrongUsage};
     }
     options.format = kFormats.at(format);
-    options.mode = kModes.at(mode);
+    if (!mode.empty())
+        options.mode = kModes.at(mode);
     if (tune->count() > 0 && options.tune.empty()) {
         complain("--tune needs parameters, such as \"12187.5 H 27500\"; --help tells more");
         return {.options = std::nullopt, .exitStatus = kExitWrongUsage};

@@ -23,7 +23,8 @@ struct Options {
     std::vector<std::string> captures;
     std::string driver; ///< a name or a class identifier; empty for none named
     bool listDrivers = false;
-    ScanMode mode = ScanMode::CurrentTransponder;
+    std::optional<ScanMode> mode; ///< none named: every source of the captures, or the current one
+    bool incomplete = false;      ///< store streams that lack PAT, NIT or SDT, too
     std::string satellite; ///< of a NIT or satellite scan, or to tune to; empty for none named
     std::string tune;      ///< the parameters to set the tuner to first; empty for none
     std::optional<std::uint32_t> tables; ///< the bits of this run; none: the stored selection

@@ -1,5 +1,7 @@
 #include "cli/progress.h"
 
+#include "log/log_line.h"
+
 #include <sys/ioctl.h>
 #include <unistd.h>
 
@@ -31,7 +33,7 @@ void ProgressDisplay::print(std::string_view line)
 {
     const bool wasShown = isStatusShown_;
     eraseStatus();
-    out_ << line << '\n';
+    out_ << asOneLine(line) << '\n';
     if (wasShown)
         drawStatus();
 }
@@ -71,6 +73,21 @@ void ProgressDisplay::eraseStatus()
     if (isStatusShown_)
         out_ << kEraseLine;
     isStatusShown_ = false;
+}
+
+ProblemsOnly::ProblemsOnly(std::ostream& out) : out_(out)
+{
+    installOutputSink(this);
+}
+
+ProblemsOnly::~ProblemsOnly()
+{
+    installOutputSink(nullptr);
+}
+
+void ProblemsOnly::printProblem(std::string_view line)
+{
+    out_ << asOneLine(line) << '\n';
 }
 
 std::size_t standardErrorColumns()

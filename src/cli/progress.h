@@ -37,11 +37,23 @@ private:
     bool isStatusShown_ = false;
 };
 
-/// A scan that nobody watches.
-class NoProgress final : public ScanProgress {
+/// A scan that nobody watches: only what goes wrong is told. Installed as the output sink as long
+/// as it lives.
+class ProblemsOnly final : public OutputSink, public ScanProgress {
 public:
+    explicit ProblemsOnly(std::ostream& out);
+    ProblemsOnly(const ProblemsOnly&) = delete;
+    ProblemsOnly& operator=(const ProblemsOnly&) = delete;
+    ~ProblemsOnly();
+
+    void print(std::string_view /*line*/) override {}
+    void printProblem(std::string_view line) override;
+    void clear() override {}
     void reached(ScanLevel, std::size_t, std::size_t) override {}
     void askForSatellite() override {}
+
+private:
+    std::ostream& out_;
 };
 
 /// The width of the terminal that standard error is; 0 when it is none.

@@ -7,6 +7,7 @@
 #include "cli/progress.h"
 #include "driver/cancellation.h"
 #include "log/log_file.h"
+#include "log/log_line.h"
 
 #include <iostream>
 #include <optional>
@@ -31,6 +32,16 @@ std::string satelliteOf(const Options& options, const DriverAccess& driver)
     if (name.empty() && options.mode == ScanMode::CurrentNit)
         static_cast<void>(driver.currentTuning(tuning, name));
     return name;
+}
+
+/// All captures, where several were given and nothing else was asked for.
+ScanMode modeOf(const Options& options, const DriverAccess& driver)
+{
+    if (options.mode)
+        return *options.mode;
+    return !options.captures.empty() && options.tune.empty() && driver.sourceCount() > 1
+               ? ScanMode::AllSources
+               : ScanMode::CurrentTransponder;
 }
 
 /// A failure, and what the driver says of itself.
@@ -63,30 +74,35 @@ std::optional<ScanSummary> scanInto(NetworkMap& model, const Options& options,
                                     ISatListManager* satellites, const std::atomic<bool>& cancelled)
 {
     std::optional<ProgressDisplay> display;
-    NoProgress unseen;
-    if (!options.quiet)
+    std::optional<ProblemsOnly> quiet;
+    if (options.quiet)
+        quiet.emplace(std::cerr);
+    else
         display.emplace(std::cerr, standardErrorColumns());
-    ScanProgress& progress = display ? static_cast<ScanProgress&>(*display) : unseen;
+    ScanProgress& progress = display ? static_cast<ScanProgress&>(*display) : *quiet;
     const DriverAccess driver(session.driver());
     if (setting.isGiven() && !setTuner(setting, driver, cancelled))
         return std::nullopt;
-    Scanner scanner({.driver = session.driver(),
-                     .satellites = satellites,
-                     .model = &model,
-                     .selection = selectionOf(options),
-                     .satellite = satelliteOf(options, driver)},
-                    progress, cancelled);
-    return scanner.run(options.mode);
+    Scanner scanner(
+        {.driver = session.driver(),
+         .satellites = satellites,
+         .model = &model,
+         .selection = selectionOf(options),
+         .satellite = satelliteOf(options, driver),
+         .incomplete = options.incomplete ? IncompleteStreams::Store : IncompleteStreams::Refuse},
+        progress, cancelled);
+    return scanner.run(modeOf(options, driver));
 }
 
 /// Says what is missing, and why.
 void reportMissing(const Options& options, const ScanSummary& summary, bool isCancelled,
                    const DriverAccess& driver)
 {
-    const bool hasTable = options.mode != ScanMode::CurrentTransponder && summary.failedCount() > 0;
+    const bool hasTable =
+        modeOf(options, driver) != ScanMode::CurrentTransponder && summary.failedCount() > 0;
     if (options.quiet && hasTable) // else it was among the lines
         for (const std::string& line : summary.lines())
-            std::cerr << line << '\n';
+            std::cerr << asOneLine(line) << '\n';
     if (summary.storedCount() > 0) {
         if (isCancelled)
             complain("cancelled; what was read until then is shown");
@@ -100,7 +116,9 @@ void reportMissing(const Options& options, const ScanSummary& summary, bool isCa
     if (summary.empty())
         reason = ": there was nothing to scan";
     else if (summary.unstored().size() == 1)
-        reason = std::string(": ") + unstoredReasonText(summary.unstored().begin()->second);
+        reason = ": " + summary.unstored().begin()->second.text;
+    if (summary.hasIncomplete())
+        reason += "; --incomplete shows what there is";
     complainOf(driver, "nothing was stored" + reason);
 }
 

@@ -70,6 +70,7 @@ ComponentClass parsedManifest(const std::filesystem::path& file)
     return {.clsid = guidOf(textOf(manifest, "clsid")),
             .name = textOf(manifest, "name"),
             .categories = categoriesOf(manifest),
+            .readsFiles = manifest.value("readsFiles", Json()) == true,
             .library = (path.parent_path() / textOf(manifest, "library")).lexically_normal(),
             .manifest = path};
 }
@@ -128,7 +129,10 @@ void ClassRegistry::readManifest(const std::filesystem::path& file)
 {
     try {
         ComponentClass found = parsedManifest(file);
-        if (!find(found.clsid))
+        if (const ComponentClass* const earlier = find(found.clsid))
+            problems_.push_back(file.string() + ": its class " + toText(found.clsid) +
+                                " is that of " + earlier->manifest.string() + ", which is used");
+        else
             classes_.push_back(std::move(found));
     } catch (const std::exception& problem) {
         problems_.push_back(file.string() + ": " + problem.what());

@@ -13,11 +13,12 @@ namespace tessaview {
 constexpr const char* kComponentEntryPoint = "TessaviewCreateInstance";
 
 /// A component class as its manifest (`*.component`, JSON: clsid, name, categories, library)
-/// announces it.
+/// announces it, with "readsFiles" if it likes.
 struct ComponentClass {
     Guid clsid;
     std::string name;
     std::vector<Guid> categories;
+    bool readsFiles = false;        ///< "readsFiles" of a driver: it can be pointed at captures
     std::filesystem::path library;  ///< absolute
     std::filesystem::path manifest; ///< the file this was read from
 };
@@ -26,8 +27,9 @@ struct ComponentClass {
 class ClassRegistry {
 public:
     /// Reads every manifest of the folders, in their order and by name within a folder; a class
-    /// that an earlier folder lists keeps its place. A broken manifest costs only itself: it is
-    /// reported in `problems`. Folders that do not exist are passed over.
+    /// that an earlier folder lists keeps its place, and the later one is reported. A broken
+    /// manifest costs only itself: it is reported in `problems`. Folders that do not exist are
+    /// passed over.
     explicit ClassRegistry(const std::vector<std::filesystem::path>& folders);
 
     const std::vector<ComponentClass>& classes() const { return classes_; }

@@ -10,6 +10,10 @@
 
 namespace tessaview {
 
+/// How long a driver may take for a call before it is told that it does not answer: 5 seconds, or
+/// as many as $TESSAVIEW_DRIVER_PATIENCE says.
+std::chrono::milliseconds driverPatience();
+
 /// Work that calls a driver, on a thread of its own, so that a driver that never returns holds
 /// nobody up: who has waited long enough lets go of the work, which may then go on for ever. So
 /// the work must own, or share, all that it touches. What it throws is lost.

@@ -232,6 +232,23 @@ protected:
     ~IInterrupt() = default;
 };
 
+/// Optional: a driver whose streams are a list, such as captured files, so that all of them can be
+/// read without knowing how to tune to each.
+struct ISourceList : IUnknown {
+    static constexpr Guid kId = "{B1C5D7E2-6F0A-4E38-9C47-5A2D81E3F690}"_guid;
+
+    virtual Status GetSourceCount(std::uint32_t* count) noexcept = 0;
+    /// Which source the tuner is set to, from 0; fails when it is set to none.
+    virtual Status GetCurrentSource(std::uint32_t* index) noexcept = 0;
+    /// What a person calls the source, such as the path of a file. The caller frees it.
+    virtual Status GetSourceName(std::uint32_t index, char16_t** name) noexcept = 0;
+    /// Sets the tuner to a source, as a set operation of `ISetTuner` does.
+    virtual Status SelectSource(std::uint32_t index) noexcept = 0;
+
+protected:
+    ~ISourceList() = default;
+};
+
 /// Optional: a driver that knows when something may be missing from what it has read.
 struct IReadReport : IUnknown {
     static constexpr Guid kId = "{9C5E2F70-3A84-4D1B-B6E9-1F07D2A8C463}"_guid;

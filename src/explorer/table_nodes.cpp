@@ -129,7 +129,7 @@ void expandDescriptorsAndStreams(const NodeView& node, Children& children)
 
 NodeView transportStreamOf(NodeView node)
 {
-    while (&node.kind() != &transportStreamKind())
+    while (node.kind().menu != ContextMenu::TransportStream)
         node = node.parent();
     return node;
 }
@@ -389,16 +389,32 @@ constexpr NodeKind kTransportStream{
     .expand = expandTransportStream,
     .menu = ContextMenu::TransportStream};
 
+/// A stream that was stored though a table is missing; its row says which.
+constexpr NodeKind kIncompleteStream{
+    .name = "transport-stream",
+    .label = [](const NodeView& node) { return transponderText(node.data<Transponder>()); },
+    .expand = expandTransportStream,
+    .fill =
+        [](const NodeView& node, std::vector<ValueRow>& rows) {
+            rows.push_back(
+                {.name = "Incomplete",
+                 .data = "the stream carries " + node.data<Transponder>().needed.lack()});
+        },
+    .menu = ContextMenu::TransportStream};
+
 std::string networkLabel(const NodeView& node)
 {
     const std::uint32_t network = originalNetworkIdOf<Network>(node);
-    return formatted("%04X - %s", network, networkText(network).c_str());
+    return network > kLastIdentifier
+               ? "No table names the network"
+               : formatted("%04X - %s", network, networkText(network).c_str());
 }
 
 void expandNetwork(const NodeView& node, Children& children)
 {
     for (const auto& [id, transponder] : node.data<Network>().transponders)
-        children.add(kTransportStream, &transponder);
+        children.add(transponder.needed.areThere() ? kTransportStream : kIncompleteStream,
+                     &transponder);
 }
 
 constexpr NodeKind kNetwork{.name = "network",
@@ -419,21 +435,6 @@ constexpr NodeKind kRoot{.name = "root", .label = fixed<"ALL NETWORKS">, .expand
 const NodeKind& rootKind()
 {
     return kRoot;
-}
-
-const NodeKind& networkKind()
-{
-    return kNetwork;
-}
-
-const NodeKind& transportStreamKind()
-{
-    return kTransportStream;
-}
-
-const NodeKind& programKind()
-{
-    return kProgram;
 }
 
 } // namespace tessaview

@@ -5,6 +5,7 @@
 #include "export/transponder_export.h"
 #include "si/texts/registries.h"
 
+#include <algorithm>
 #include <sqlite3.h>
 
 namespace tessaview {
@@ -26,6 +27,13 @@ void writeNetwork(Database& database, TableWriter& networks, const Network& netw
     transaction.commit();
 }
 
+/// An incomplete stream has no certain identifiers, and a network of nothing else is left out.
+bool isExported(const Network& network)
+{
+    return std::any_of(network.transponders.begin(), network.transponders.end(),
+                       [](const auto& entry) { return entry.second.needed.areThere(); });
+}
+
 } // namespace
 
 void ExportModel(const NetworkMap& model, const std::filesystem::path& file,
@@ -35,8 +43,12 @@ void ExportModel(const NetworkMap& model, const std::filesystem::path& file,
     TableWriter networks(database, "tb_network");
     TransponderExport transponders(database, charsets);
     for (const auto& [id, network] : model) {
+        if (!isExported(network))
+            continue;
         writeNetwork(database, networks, network);
         for (const auto& [stream, transponder] : network.transponders) {
+            if (!transponder.needed.areThere())
+                continue;
             // A full disk takes back an open transaction: one for each transport stream loses few.
             Transaction transaction(database);
             transponders.write(network, transponder);

@@ -84,17 +84,37 @@ std::filesystem::path stateFolder()
 
 constexpr int kInUse = 3;
 
-/// Opens an empty file that is locked until it is closed; null when it cannot be opened or, then
-/// it stays as it is, when another holds the lock. Devices and pipes are anybody's.
-std::FILE* openUnshared(const std::string& path, bool& isInUse)
+constexpr std::string_view kFirstMessage = "Starting Tessaview 3";
+
+/// Whether a file may be emptied for a log: it is empty, or its first line is that of a log.
+bool isOurs(int descriptor)
 {
-    const int descriptor = ::open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666);
+    std::array<char, kBufferBytes> text{};
+    const ssize_t size = ::pread(descriptor, text.data(), text.size(), 0);
+    if (size <= 0)
+        return size == 0;
+    const std::string_view begin(text.data(), static_cast<std::size_t>(size));
+    return begin.substr(0, begin.find('\n')).find(kFirstMessage) != std::string_view::npos;
+}
+
+/// Opens an empty file that is locked until it is closed; null when it cannot be opened or, then
+/// it stays as it is, when another holds the lock or it holds something else than a log. Devices
+/// and pipes are anybody's.
+std::FILE* openUnshared(const std::string& path, int& status)
+{
+    int descriptor = ::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
+    if (descriptor < 0)
+        descriptor =
+            ::open(path.c_str(), O_WRONLY | O_CLOEXEC); // a device that can only be written
     if (descriptor < 0)
         return nullptr;
     struct stat about {};
     if (::fstat(descriptor, &about) == 0 && S_ISREG(about.st_mode)) {
-        isInUse = ::flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
-        if (isInUse || ::ftruncate(descriptor, 0) != 0) {
+        if (::flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK)
+            status = kInUse;
+        else if (!isOurs(descriptor))
+            status = kForeignLog;
+        if (status == kInUse || status == kForeignLog || ::ftruncate(descriptor, 0) != 0) {
             ::close(descriptor);
             return nullptr;
         }
@@ -148,11 +168,11 @@ int CLogFile::Open(const std::string& path, std::uint32_t openFlags, std::uint32
     if (!(openFlags & log_open::kFile) && !(openFlags & log_open::kDebugger))
         return 5;
     if (openFlags & log_open::kFile) {
-        bool isInUse = false;
-        file_.reset(openFlags & log_open::kUnshared ? openUnshared(path, isInUse)
+        int status = 1;
+        file_.reset(openFlags & log_open::kUnshared ? openUnshared(path, status)
                                                     : std::fopen(path.c_str(), "we"));
         if (!file_)
-            return isInUse ? kInUse : 1;
+            return status;
     }
     // NOLINTNEXTLINE(concurrency-mt-unsafe): only read
     isMirrored_ = (openFlags & log_open::kDebugger) && std::getenv("TESSAVIEW_DEBUG");
@@ -266,7 +286,7 @@ int openApplicationLog(const std::string& path)
         status = open(file);
     }
     g_log.SetLevel(log_level::kDetail);
-    LogPrint(g_log, log_level::kInformation, "Starting Tessaview 3");
+    LogPrint(g_log, log_level::kInformation, "%s", kFirstMessage.data());
     if (status == 0 && file != path) {
         constexpr const char* kSaying = "another explorer writes the log %s; this one writes %s";
         LogPrint(g_log, log_level::kInformation, kSaying, path.c_str(), file.c_str());

@@ -35,6 +35,9 @@ constexpr std::uint32_t kDebugger = 0x40; ///< standard error, when $TESSAVIEW_D
 constexpr std::uint32_t kUnshared = 0x100;
 } // namespace log_open
 
+/// What `CLogFile::Open` returns for a file that is not emptied because it is no log.
+constexpr int kForeignLog = 7;
+
 namespace log_level {
 constexpr std::int32_t kError = 1;
 constexpr std::int32_t kInformation = 2;
@@ -50,8 +53,8 @@ public:
     /// Starts a new log in the named file. `openFlags` are log_open's, `prefixFlags` log_prefix's;
     /// lines above `maxLevel` are dropped, a negative one drops all. Returns 0, or 1 when the file
     /// cannot be opened, 4 when the log is open already, 5 when no flag says where lines go, 6
-    /// when the open flags are 0, with kUnshared 3 when another log writes the file, which then
-    /// stays as it is.
+    /// when the open flags are 0, with kUnshared 3 when another log writes the file and
+    /// `kForeignLog` when it holds something else than a log; it then stays as it is.
     int Open(const std::string& path, std::uint32_t openFlags, std::uint32_t prefixFlags,
              std::int32_t maxLevel);
     void SetLevel(std::int32_t maxLevel);

@@ -16,6 +16,20 @@ std::string_view cutAtCharacter(std::string_view text, std::size_t limit)
     return text.substr(0, continues(end) ? limit : end);
 }
 
+namespace {
+
+/// A character that turns the direction of what follows it: U+202A to U+202E, U+2066 to U+2069.
+bool isDirection(std::string_view character)
+{
+    const auto within = [&](std::string_view first, std::string_view last) {
+        return character >= first && character <= last;
+    };
+    return character.size() == 3 &&
+           (within("\xE2\x80\xAA", "\xE2\x80\xAE") || within("\xE2\x81\xA6", "\xE2\x81\xA9"));
+}
+
+} // namespace
+
 std::string asOneLine(std::string_view text)
 {
     std::string line;
@@ -31,6 +45,9 @@ std::string asOneLine(std::string_view text)
         } else if (c == 0xC2 && next >= 0x80 && next <= 0x9F) {
             line += "\xEF\xBF\xBD";
             ++i;
+        } else if (isDirection(text.substr(i, 3))) {
+            line += "\xEF\xBF\xBD";
+            i += 2;
         } else {
             line += text[i];
         }

@@ -51,21 +51,39 @@ private:
 
 } // namespace
 
-void OutputPrint(const char* format, ...)
+namespace {
+
+/// Hands a line to the sink, if there is one, by one of its functions.
+void hand(void (OutputSink::*show)(std::string_view), const char* format, std::va_list arguments)
 {
     const Call call;
     if (!call.sink())
         return;
-    std::va_list arguments;
-    va_start(arguments, format);
     std::va_list again;
     va_copy(again, arguments);
     const int length = std::vsnprintf(nullptr, 0, format, arguments);
-    va_end(arguments);
     std::string line(length > 0 ? static_cast<std::size_t>(length) : 0, '\0');
     std::vsnprintf(line.data(), line.size() + 1, format, again);
     va_end(again);
-    call.sink()->print(line);
+    (call.sink()->*show)(line);
+}
+
+} // namespace
+
+void OutputPrint(const char* format, ...)
+{
+    std::va_list arguments;
+    va_start(arguments, format);
+    hand(&OutputSink::print, format, arguments);
+    va_end(arguments);
+}
+
+void OutputProblem(const char* format, ...)
+{
+    std::va_list arguments;
+    va_start(arguments, format);
+    hand(&OutputSink::printProblem, format, arguments);
+    va_end(arguments);
 }
 
 void OutputClear()

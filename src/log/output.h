@@ -9,6 +9,8 @@ namespace tessaview {
 /// for the window's thread does not keep that thread from printing. Must not print itself.
 struct OutputSink {
     virtual void print(std::string_view line) = 0;
+    /// A line about something that went wrong; a sink that shows nothing else still shows these.
+    virtual void printProblem(std::string_view line) { print(line); }
     virtual void clear() = 0;
 
 protected:
@@ -18,6 +20,9 @@ protected:
 /// Prints one line for the user by the printf rules, of any length. Any thread may call it;
 /// without a sink the line is dropped.
 [[gnu::format(printf, 1, 2)]] void OutputPrint(const char* format, ...);
+
+/// The same for a line that tells of something wrong.
+[[gnu::format(printf, 1, 2)]] void OutputProblem(const char* format, ...);
 
 /// Empties the list of lines.
 void OutputClear();

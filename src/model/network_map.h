@@ -31,11 +31,17 @@ public:
                             std::uint32_t transport_stream_id) const;
     /// Stores a transport stream under the network, which is created if need be, and its own
     /// transport_stream_id. One that is there already stays: the answer is false then, and
-    /// `transponder` still the caller's.
+    /// `transponder` still the caller's. An incomplete one makes way for a complete one, also
+    /// where it stands in a network that no table names.
     bool store(std::uint32_t original_network_id, Transponder&& transponder);
+    /// The number of a network of its own, behind all others, for a stream whose network no table
+    /// names.
+    std::uint32_t unnamedNetwork() const;
     void clear() { networks_.clear(); }
 
 private:
+    void removeIncomplete(std::uint32_t original_network_id, const Transponder& complete);
+
     Networks networks_;
 };
 

@@ -46,9 +46,33 @@ void Transponder::setSatelliteTuning(const SatelliteTuning& record, std::string 
     tuning_ = record;
 }
 
+bool NeededTables::areThere() const
+{
+    return pat == State::There && nit == State::There && sdt == State::There;
+}
+
+std::string NeededTables::lack() const
+{
+    std::vector<std::string> parts;
+    const auto add = [&parts](State state, const char* table) {
+        if (state != State::There)
+            parts.push_back(std::string("no ") + table +
+                            (state == State::Undecodable ? " that can be decoded" : ""));
+    };
+    add(pat, "PAT");
+    add(nit, "NIT");
+    add(sdt, "SDT");
+    std::string text;
+    for (std::size_t i = 0; i < parts.size(); ++i)
+        text += (i == 0 ? "" : i + 1 == parts.size() ? " and " : ", ") + parts[i];
+    return text;
+}
+
 std::string transponderText(const Transponder& transponder)
 {
-    return formatted("%04X - ", transponder.transport_stream_id) +
+    const bool isNamed = transponder.transport_stream_id <= kLastIdentifier;
+    return (isNamed ? formatted("%04X - ", transponder.transport_stream_id)
+                    : std::string("No table names it - ")) +
            std::visit(DeliveryText{transponder}, transponder.tuning());
 }
 

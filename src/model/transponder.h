@@ -41,6 +41,24 @@ using EitMap = std::map<std::uint32_t, EitStreams>;       ///< by original_netwo
 /// How a transport stream came in.
 enum class DeliverySystem : std::uint32_t { Satellite, Cable, Terrestrial, Unknown };
 
+/// The last transport_stream_id and original_network_id that can be broadcast; the numbers above
+/// stand for streams and networks that no table names.
+constexpr std::uint32_t kLastIdentifier = 0xFFFF;
+
+/// What came of the tables without which a stream has no certain place in the tree.
+struct NeededTables {
+    enum class State : std::uint8_t { There, Missing, Undecodable };
+
+    State pat = State::There;
+    State nit = State::There; ///< of the actual network
+    State sdt = State::There; ///< of the actual transport stream
+
+    bool areThere() const;
+    /// What is missing, as the object of a sentence: "no PAT and no SDT that can be decoded".
+    /// Empty when all are there.
+    std::string lack() const;
+};
+
 /// One transport stream: the decoded sections of every table that was read of it, and the
 /// parameters under which it was received. Of a table that is a single object `parsed` tells
 /// whether it was read.
@@ -71,6 +89,7 @@ public:
     EitMap eitPfOther;
     EitMap eitScheduleActual;
     EitMap eitScheduleOther;
+    NeededTables needed;                   ///< all there, but in a stream that was asked for
     std::vector<lib13818::Pmt> pmts;       ///< of the programs that answered, in the PAT's order
     std::uint32_t transport_stream_id = 0; ///< the PAT's
     std::string fecText;                   ///< satellite: the words for FEC_inner

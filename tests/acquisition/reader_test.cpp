@@ -64,7 +64,7 @@ struct Reading : testing::Test {
     {
         Reader reader(static_cast<IDriverInfo*>(driver.get()), cancelled,
                       TableSelection::fixed(tables));
-        return reader.ReadCurrentTransponder(model);
+        return reader.ReadCurrentTransponder(model).outcome;
     }
     const Transponder* stored() const { return model.find(0x0001, 0x0451); }
 
@@ -201,12 +201,13 @@ const std::vector<Ending> kEndings{
          cancelDuring(0)(r);
          failing("ReadTables", status::kFail)(r);
      }},
-    {"noPat", NoPat, answering({0x0000, 0x00}, {})},
-    {"noPatDecodes", NoPat, answering({0x0000, 0x00}, {damaged(test::pat(0x0451, {}))})},
-    {"noNit", NoNit, answering({0x0010, 0x40}, {})},
+    {"noPat", Incomplete, answering({0x0000, 0x00}, {})},
+    {"noPatDecodes", Incomplete, answering({0x0000, 0x00}, {damaged(test::pat(0x0451, {}))})},
+    {"noNit", Incomplete, answering({0x0010, 0x40}, {})},
     {"noNitDecodes", Stored, answering({0x0010, 0x40}, {damaged(test::nit(0x40, 1, {}, {}))})},
-    {"noSdt", NoSdt, answering({0x0011, 0x42}, {})},
-    {"noSdtDecodes", NoSdt, answering({0x0011, 0x42}, {damaged(test::sdt(0x42, 0x0451, 1, {}))})},
+    {"noSdt", Incomplete, answering({0x0011, 0x42}, {})},
+    {"noSdtDecodes", Incomplete,
+     answering({0x0011, 0x42}, {damaged(test::sdt(0x42, 0x0451, 1, {}))})},
     {"tunerTypeFails", TunerFailed, failing("GetTunerType", status::kNotReady)},
     {"noControlInterface", TunerFailed, missing(IDriverControl::kId)},
     {"cancelledInProgramBatch", Cancelled, cancelDuring(1)},

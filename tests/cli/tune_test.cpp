@@ -104,7 +104,8 @@ TEST_F(ShellTuning, saysWhatTheDriverSaysOfItsFailure)
     EXPECT_EQ(unread.status, 1);
     EXPECT_EQ(unread.err,
               "Scanning current transponder\nFailed to read SI: 0x80004005\n"
-              "tessaview3-scan: nothing was stored: the driver could not read the stream\n" +
+              "tessaview3-scan: nothing was stored: the driver could not read the stream: "
+              "80004005\n" +
                   status);
 }
 

@@ -242,8 +242,13 @@ TEST(ApplicationLog, takesTheFirstFreeNameWhileOthersWriteAndSaysSo)
     EXPECT_EQ(readFile(path), "not lost\r\n");
     g_log.Close();
     others[0].Close();
+    // Only what is a log, or empty, is emptied.
+    ASSERT_EQ(openApplicationLog(path), kForeignLog);
+    EXPECT_EQ(readFile(path), "not lost\r\n");
+    g_log.Close();
+    writeFile(path, "   1 - Starting Tessaview 3\r\nold\r\n");
     ASSERT_EQ(openApplicationLog(path), 0);
-    EXPECT_THAT(readFile(path), testing::HasSubstr("Starting Tessaview 3"));
+    EXPECT_THAT(readFile(path), testing::Not(testing::HasSubstr("old")));
     g_log.Close();
 }
 

@@ -1,19 +1,24 @@
-#include "app/driver_start.h"
+#include "acquisition/driver_start.h"
 
 #include "driver/source_files.h"
 #include "platform/format.h"
 
+#include <algorithm>
 #include <optional>
 
 namespace tessaview {
 
 namespace {
 
-/// The class of the first driver that can be pointed at files.
+/// The class of the first driver that can be pointed at files. Those whose manifest says so are
+/// asked first, so that no other need be created.
 std::optional<Guid> classForFiles(const ClassRegistry& registry, const CallObserver& observer)
 {
     DriverList list;
-    for (const ComponentClass& each : registry.classesOf(kDriverCategory)) {
+    std::vector<ComponentClass> classes = registry.classesOf(kDriverCategory);
+    std::stable_partition(classes.begin(), classes.end(),
+                          [](const ComponentClass& each) { return each.readsFiles; });
+    for (const ComponentClass& each : classes) {
         listDriver(registry, each, list, observer);
         if (!list.drivers.empty() && list.drivers.back().readsFiles)
             return list.drivers.back().clsid;
@@ -25,10 +30,11 @@ std::optional<Guid> classForFiles(const ClassRegistry& registry, const CallObser
 
 void DriverStart::run(const CallObserver& observer)
 {
-    const auto chosen = captures.empty() ? parseGuid(clsid) : classForFiles(*registry, observer);
+    const auto chosen =
+        captures.empty() || !clsid.empty() ? parseGuid(clsid) : classForFiles(*registry, observer);
     if (!chosen) {
         status = status::kClassNotRegistered;
-        if (!captures.empty())
+        if (!captures.empty() && clsid.empty())
             why = "no driver that can read captures is installed";
         else if (clsid.empty())
             why = "no driver was chosen";

@@ -23,7 +23,7 @@ struct DriverStart {
     std::shared_ptr<const ClassRegistry> registry;
     DriverPlaces places;
     ComPtr<ISatListManager> satellites;
-    std::string clsid;                 ///< as stored; not used with captures
+    std::string clsid; ///< as stored; with captures the driver to read them, empty for any that can
     std::vector<std::string> captures; ///< for any driver that can read them; may be empty
 
     std::shared_ptr<DriverSession> session; ///< null unless the driver was started
