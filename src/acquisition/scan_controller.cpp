@@ -79,11 +79,22 @@ void ScanController::start(std::optional<std::string> satellite)
         OutputClear();
         {
             const Cancellation::Work work(cancellation_);
-            Scanner(context_, events_, cancellation_.flag()).run(mode_);
+            summary_ = Scanner(context_, events_, cancellation_.flag()).run(mode_);
+            tellOutcome();
         }
         events_.scanFinished();
     });
     state_ = State::Scanning; // not without a thread, whose end would never come
+}
+
+/// What the lines of a scan do not tell already: the reason of a single stream, and the cancelling.
+void ScanController::tellOutcome() const
+{
+    if (mode_ == ScanMode::CurrentTransponder)
+        for (const auto& [stream, unstored] : summary_.unstored())
+            OutputPrint("Nothing was stored: %s", unstored.text.c_str());
+    if (cancellation_.flag())
+        OutputPrint("Cancelled");
 }
 
 void ScanController::cancel()

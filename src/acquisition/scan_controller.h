@@ -68,6 +68,8 @@ public:
     void cancel();
     /// Answers `scanFinished`.
     void completeScan();
+    /// What became of the streams of the last scan that is complete.
+    const ScanSummary& summary() const { return summary_; }
 
     /// The user wants the window to go: true when it may at once, else as soon as nothing is
     /// under way any more, which is then asked to end.
@@ -77,6 +79,8 @@ public:
     bool endsWithOk() const { return !cancellation_.flag(); }
 
 private:
+    void tellOutcome() const;
+
     ScanContext context_;
     ScanMode mode_;
     ScanEvents& events_;
@@ -86,6 +90,7 @@ private:
     State state_ = State::Opening;
     bool closeRequested_ = false;
     TunerNow tuner_;
+    ScanSummary summary_; ///< written by the scan's thread
     std::promise<void> answered_;
     std::future<void> answer_ = answered_.get_future();
     std::jthread opening_;

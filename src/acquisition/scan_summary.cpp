@@ -145,6 +145,18 @@ std::size_t ScanSummary::failedCount() const
         }));
 }
 
+std::vector<std::string> ScanSummary::reasons() const
+{
+    std::vector<std::string> reasons;
+    for (const auto& [stream, unstored] : unstored_) {
+        std::string place = placeOf(stream);
+        if (stream.transport_stream_id)
+            place += (place.empty() ? "" : " ") + identifier(stream.transport_stream_id);
+        reasons.push_back(place.empty() ? unstored.text : place + ": " + unstored.text);
+    }
+    return reasons;
+}
+
 std::vector<std::string> ScanSummary::lines() const
 {
     std::vector<std::string> lines;

@@ -67,6 +67,8 @@ public:
     /// A line of counts and a table, a line each, of the streams that could not be stored. Nothing
     /// when the scan came to no stream.
     std::vector<std::string> lines() const;
+    /// Why each stream was not stored, a line each, with its place where there are several.
+    std::vector<std::string> reasons() const;
 
 private:
     std::set<ScannedStream> stored_;

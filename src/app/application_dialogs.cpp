@@ -1,5 +1,6 @@
 #include "app/application_dialogs.h"
 
+#include "acquisition/driver_access.h"
 #include "app/tessaview3_app.h"
 #include "platform/settings.h"
 #include "ui/application/about_dialog.h"
@@ -11,9 +12,13 @@
 #include "ui/si_reading/si_reading_dlg.h"
 #include "ui/text.h"
 
+#include <QPushButton>
+
 namespace tessaview {
 
 namespace {
+
+constexpr const char* kIncompleteStreamsValue = "incompletestreams";
 
 std::size_t transponderCount(const NetworkMap& model)
 {
@@ -23,18 +28,69 @@ std::size_t transponderCount(const NetworkMap& model)
     return count;
 }
 
+/// Says why nothing was stored; true when the user wants what there is all the same.
+bool tellUnstored(QWidget* parent, const ScanSummary& summary, bool offersMore)
+{
+    constexpr std::size_t kMostLines = 12;
+    std::vector<std::string> reasons = summary.reasons();
+    if (reasons.size() > kMostLines) {
+        const std::size_t more = reasons.size() - kMostLines;
+        reasons.resize(kMostLines);
+        reasons.push_back("and " + std::to_string(more) + " more; the output window has them all");
+    }
+    QString detail;
+    for (const std::string& reason : reasons)
+        detail += (detail.isEmpty() ? QString() : QStringLiteral("\n")) + toQString(reason);
+    MessageBox box(parent, QMessageBox::Warning, QStringLiteral("Nothing new was read."));
+    box.setDetail(detail);
+    QPushButton* const show =
+        offersMore ? box.addButton(QStringLiteral("&Show what there is"), QMessageBox::AcceptRole)
+                   : nullptr;
+    box.exec();
+    return show && box.clickedButton() == show;
+}
+
 } // namespace
 
 bool ApplicationDialogs::runSiReading(QWidget* parent, NetworkMap& model, ScanMode mode,
                                       IDriverInfo* driver, ISatListManager* satellites)
 {
+    if (readsAtOnce_ && DriverAccess(driver).sourceCount() > 1)
+        mode = ScanMode::AllSources;
     const std::size_t before = transponderCount(model);
-    const bool isOk =
-        tessaview::runSiReading(parent, model, mode, driver, satellites, readsAtOnce_);
-    if (readsAtOnce_ && isOk && transponderCount(model) == before)
-        complain(parent, QStringLiteral("Nothing new was read."),
-                 QStringLiteral("The lines in the output window tell why."));
-    return isOk;
+    SiReadingWay way{.byItself = readsAtOnce_,
+                     .incomplete =
+                         showsIncomplete() ? IncompleteStreams::Store : IncompleteStreams::Refuse};
+    SiReadingEnd end = tessaview::runSiReading(parent, model, mode, driver, satellites, way);
+    if (transponderCount(model) != before || end.summary.unstored().empty())
+        return end.isOk;
+    const bool offersMore =
+        end.summary.hasIncomplete() && way.incomplete == IncompleteStreams::Refuse;
+    if (!(readsAtOnce_ || offersMore) || !tellUnstored(parent, end.summary, offersMore))
+        return end.isOk;
+    way = {.byItself = true, .incomplete = IncompleteStreams::Store};
+    return tessaview::runSiReading(parent, model, mode, driver, satellites, way).isOk;
+}
+
+bool ApplicationDialogs::showsIncomplete() const
+{
+    if (!showsIncomplete_)
+        showsIncomplete_ = Settings(application_.places().settingsFile)
+                               .number(kSettingsKey, kIncompleteStreamsValue)
+                               .value_or(0) != 0;
+    return *showsIncomplete_;
+}
+
+void ApplicationDialogs::setShowsIncomplete(QWidget* parent, bool shows)
+{
+    showsIncomplete_ = shows;
+    try {
+        Settings(application_.places().settingsFile)
+            .setNumber(kSettingsKey, kIncompleteStreamsValue, shows ? 1 : 0);
+    } catch (const SettingsError& problem) {
+        complain(parent, QStringLiteral("The choice cannot be stored; it counts until the end."),
+                 toQString(problem.what()));
+    }
 }
 
 void ApplicationDialogs::runSiTables(QWidget* parent)

@@ -3,6 +3,7 @@
 #include "ui/dialogs.h"
 
 #include <functional>
+#include <optional>
 
 namespace tessaview {
 
@@ -19,6 +20,8 @@ public:
 
     bool runSiReading(QWidget* parent, NetworkMap& model, ScanMode mode, IDriverInfo* driver,
                       ISatListManager* satellites) override;
+    bool showsIncomplete() const override;
+    void setShowsIncomplete(QWidget* parent, bool shows) override;
     void runSiTables(QWidget* parent) override;
     bool runDriverSelection(QWidget* parent) override;
     void runSatelliteListManager(QWidget* parent, ISatListManager& satellites) override;
@@ -29,6 +32,7 @@ public:
 private:
     CTessaview3App& application_;
     bool readsAtOnce_ = false;
+    mutable std::optional<bool> showsIncomplete_; ///< once it was asked for
 };
 
 } // namespace tessaview

@@ -46,6 +46,7 @@ constexpr CommandInfo kCommands[] = {
     {Command::Streaming, "Streaming to file...", DeviceDialogs, "Write the transport stream to a file"},
     {Command::GeneralSettings, "General settings...", Never, "General settings"},
     {Command::OptionsSiTables, "SI tables...", Never, "SI tables"},
+    {Command::IncompleteStreams, "Show &incomplete streams", Always, "Store streams that lack PAT, NIT or SDT, too", {}, {}, true},
     {Command::SatelliteList, "Satellite list manager...", EnabledWhen::SatelliteList, "Edit the satellites and their start transponders"},
     {Command::DeviceSettings, "Settings...", DeviceDialogs, "Change the settings of the tuner driver"},
     {Command::DeviceTuning, "Tuning...", DeviceDialogs, "Set the tuner by hand"},
@@ -80,7 +81,8 @@ constexpr MenuLine kAction[] = {
     kEndOfSubmenu,
     item(Command::Streaming)};
 constexpr MenuLine kOptions[] = {
-    item(Command::GeneralSettings), item(Command::OptionsSiTables), item(Command::SatelliteList)};
+    item(Command::GeneralSettings), item(Command::OptionsSiTables), item(Command::SatelliteList), kSeparator,
+    item(Command::IncompleteStreams)};
 constexpr MenuLine kDevice[] = {
     item(Command::DeviceSettings), item(Command::DeviceTuning), item(Command::DriverSelection)};
 constexpr MenuLine kHelp[] = {

@@ -39,6 +39,7 @@ enum class Command : std::uint16_t {
     DeviceTuning = 32777,
     GeneralSettings = 32778,
     OptionsSiTables = 32779,
+    IncompleteStreams = 33024,
     SiTables = 32780,
     SatelliteList = 32781,
     Streaming = 32782,

@@ -22,6 +22,10 @@ public:
     virtual bool runSiReading(QWidget* parent, NetworkMap& model, ScanMode mode,
                               IDriverInfo* driver, ISatListManager* satellites) = 0;
     /// "SI Tables".
+    /// Whether incomplete streams are stored without being asked for.
+    virtual bool showsIncomplete() const { return false; }
+    /// Keeps that choice for later runs.
+    virtual void setShowsIncomplete(QWidget* /*parent*/, bool /*shows*/) {}
     virtual void runSiTables(QWidget* parent) = 0;
     /// "Driver selction": true when a choice was stored.
     virtual bool runDriverSelection(QWidget* parent) = 0;

@@ -75,6 +75,9 @@ bool CTessaview3Doc::run(Command command)
     case Command::ScanAllSatellites:
         scan(ScanMode::AllSatellites);
         break;
+    case Command::IncompleteStreams:
+        dialogs_.setShowsIncomplete(view_->widget(), !dialogs_.showsIncomplete());
+        break;
     case Command::SiTables:
         dialogs_.runSiTables(view_->widget());
         break;

@@ -55,6 +55,8 @@ public:
     DriverCall& driverCall() { return driverCall_; }
     DriverState driverState() const { return monitor_->state(); }
     bool isEnabled(EnabledWhen rule) const;
+    /// Whether incomplete streams are shown by themselves.
+    bool showsIncomplete() const { return dialogs_.showsIncomplete(); }
     bool isEnabled(Command command) const;
 
     /// Carries out a command of the document, unless it has become disabled; false for a command

@@ -230,6 +230,7 @@ void CMainFrame::refresh()
         QString text = toQString(driver.statusText.value_or("STATUS UNKNOWN"));
         statusPane_->setText(text.replace(QLatin1Char('\n'), QLatin1Char(' ')));
     }
+    action(Command::IncompleteStreams)->setChecked(document_.showsIncomplete());
     action(Command::ToolbarToggle)->setChecked(!toolBar_->isHidden());
     action(Command::StatusBarToggle)->setChecked(!statusBar()->isHidden());
     if (outputBar_)

@@ -75,11 +75,12 @@ void complainMeanwhile(QWidget* parent, const QString& text)
 } // namespace
 
 CSiReadingDlg::CSiReadingDlg(QWidget* parent, NetworkMap& model, ScanMode mode, IDriverInfo* driver,
-                             ISatListManager* satellites)
+                             ISatListManager* satellites, IncompleteStreams incomplete)
     : QDialog(parent)
     , controller_({.driver = driver,
                    .satellites = satellites,
                    .model = &model,
+                   .incomplete = incomplete,
                    .owner = tessaview::windowHandle(this)},
                   mode, *this)
 {
@@ -172,11 +173,13 @@ void CSiReadingDlg::switchOffByMode()
     const ScanMode mode = controller_.mode();
     if (mode != ScanMode::AllSatellites)
         switchOff(ScanLevel::Satellite, true);
-    if (mode == ScanMode::CurrentTransponder || mode == ScanMode::CurrentNit)
+    const bool isOfStreams = mode == ScanMode::CurrentTransponder || mode == ScanMode::AllSources;
+    if (isOfStreams || mode == ScanMode::CurrentNit)
         switchOff(ScanLevel::NitEntry, false);
-    if (mode == ScanMode::CurrentTransponder) {
+    if (isOfStreams) {
         switchOff(ScanLevel::NitSection, true);
-        switchOff(ScanLevel::TransportStream, true);
+        if (mode == ScanMode::CurrentTransponder)
+            switchOff(ScanLevel::TransportStream, true);
     } else if (mode == ScanMode::CurrentNit) {
         levelOf(ScanLevel::NitSection).box->setText("N/A");
     }
@@ -288,17 +291,18 @@ void CSiReadingDlg::showState()
     activity_->setVisible(!isIdle);
 }
 
-bool runSiReading(QWidget* parent, NetworkMap& model, ScanMode mode, IDriverInfo* driver,
-                  ISatListManager* satellites, bool byItself)
+SiReadingEnd runSiReading(QWidget* parent, NetworkMap& model, ScanMode mode, IDriverInfo* driver,
+                          ISatListManager* satellites, const SiReadingWay& way)
 {
     try {
-        CSiReadingDlg dialog(parent, model, mode, driver, satellites);
-        if (byItself)
+        CSiReadingDlg dialog(parent, model, mode, driver, satellites, way.incomplete);
+        if (way.byItself)
             dialog.runByItself();
-        return dialog.exec() == QDialog::Accepted;
+        const bool isOk = dialog.exec() == QDialog::Accepted;
+        return {.isOk = isOk, .summary = dialog.summary()};
     } catch (const std::system_error&) {
         complainMeanwhile(parent, "Failed to create thread");
-        return false;
+        return {};
     }
 }
 

@@ -28,12 +28,16 @@ public:
     /// The driver and the list, which may be null, are shared; the model must outlive this.
     /// Throws std::system_error when there can be no thread.
     CSiReadingDlg(QWidget* parent, NetworkMap& model, ScanMode mode, IDriverInfo* driver,
-                  ISatListManager* satellites);
+                  ISatListManager* satellites,
+                  IncompleteStreams incomplete = IncompleteStreams::Refuse);
     /// Waits until nothing is under way, without keeping the windows from being served.
     ~CSiReadingDlg() override;
 
     /// Starts the scan as soon as the driver has told its tuner, and goes when it has ended.
     void runByItself();
+
+    /// What became of the streams of the last scan.
+    const ScanSummary& summary() const { return controller_.summary(); }
 
     void accept() override { leave(); }
     void reject() override { leave(); }
@@ -90,8 +94,19 @@ private:
     ScanController controller_; ///< last: its threads use what stands above
 };
 
-/// Runs the dialog, which may do its work by itself; true when it ended with OK.
-bool runSiReading(QWidget* parent, NetworkMap& model, ScanMode mode, IDriverInfo* driver,
-                  ISatListManager* satellites, bool byItself = false);
+/// How a run of the dialog is to go.
+struct SiReadingWay {
+    bool byItself = false; ///< it starts by itself and goes when it has read
+    IncompleteStreams incomplete = IncompleteStreams::Refuse;
+};
+
+/// How a run of the dialog ended.
+struct SiReadingEnd {
+    bool isOk = false;
+    ScanSummary summary = {}; ///< of its last scan
+};
+
+SiReadingEnd runSiReading(QWidget* parent, NetworkMap& model, ScanMode mode, IDriverInfo* driver,
+                          ISatListManager* satellites, const SiReadingWay& way = {});
 
 } // namespace tessaview
