@@ -60,10 +60,11 @@ Bytes damaged(Bytes section)
 }
 
 struct Reading : testing::Test {
-    ReadOutcome read(SiTableMask tables = 0)
+    ReadOutcome read(SiTableMask tables = 0,
+                     IncompleteStreams incomplete = IncompleteStreams::Refuse)
     {
         Reader reader(static_cast<IDriverInfo*>(driver.get()), cancelled,
-                      TableSelection::fixed(tables));
+                      TableSelection::fixed(tables), incomplete);
         return reader.ReadCurrentTransponder(model).outcome;
     }
     const Transponder* stored() const { return model.find(0x0001, 0x0451); }
@@ -331,6 +332,46 @@ TEST_F(Reading, endsWhenAnotherThreadCancels)
         worker.join();
         EXPECT_EQ(outcome, ReadOutcome::Cancelled);
         EXPECT_TRUE(model.empty());
+    }
+}
+
+TEST_F(Reading, placesIncompleteStreamsByWhatTheyCarry)
+{
+    const std::pair<std::uint32_t, std::uint8_t> pat{0x0000, 0x00};
+    const std::pair<std::uint32_t, std::uint8_t> nit{0x0010, 0x40};
+    const std::pair<std::uint32_t, std::uint8_t> sdt{0x0011, 0x42};
+    const std::pair<std::uint32_t, std::uint8_t> events{0x0012, 0x4E};
+    const std::pair<std::uint32_t, std::uint8_t> schedule{0x0012, 0x50};
+    struct Case {
+        std::vector<std::pair<std::uint32_t, std::uint8_t>> absent;
+        std::uint32_t network;
+        std::uint32_t stream;
+        const char* lack;
+    };
+    const std::uint32_t none = kLastIdentifier + 1;
+    for (const Case& each :
+         {Case{{nit}, 0x0001, 0x0451, "no NIT"}, Case{{sdt}, 0x0001, 0x0451, "no SDT"},
+          Case{{nit, sdt}, 0x0001, 0x0451, "no NIT and no SDT"},
+          Case{{nit, sdt, events, schedule}, none, 0x0451, "no NIT and no SDT"},
+          Case{{pat}, 0x0001, 0x0451, "no PAT"},
+          Case{{pat, nit, sdt, events, schedule}, none, none, "no PAT, no NIT and no SDT"}}) {
+        SCOPED_TRACE(each.lack);
+        model.clear();
+        driver->air = wholeAir();
+        for (const auto& [pid, table_id] : each.absent)
+            driver->air[{pid, table_id}] = {};
+        EXPECT_EQ(read(kAllTables), ReadOutcome::Incomplete);
+        EXPECT_TRUE(model.empty());
+        ASSERT_EQ(read(kAllTables, IncompleteStreams::Store), ReadOutcome::Stored);
+        const Transponder* const found = model.find(each.network, each.stream);
+        ASSERT_TRUE(found);
+        EXPECT_EQ(found->needed.lack(), each.lack);
+        // A complete reading of the same stream takes its place, where its PAT tells that it is.
+        driver->air = wholeAir();
+        EXPECT_EQ(read(kAllTables), ReadOutcome::Stored);
+        ASSERT_TRUE(stored());
+        EXPECT_TRUE(stored()->needed.areThere());
+        EXPECT_EQ(model.size(), each.stream == none ? 2 : 1);
     }
 }
 
