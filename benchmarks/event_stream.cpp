@@ -1,14 +1,11 @@
-// Writes the stream that the figures of the whole road are taken with: schedules of many services,
-// each section sent twice, behind the tables that a transport stream needs to be stored.
+#include "benchmarks/event_stream.h"
 
 #include "tests/multiplex/descriptors.h"
 #include "tests/multiplex/sections.h"
 #include "tests/multiplex/stream_builder.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <fstream>
-#include <iostream>
 #include <string>
 #include <vector>
 
@@ -20,7 +17,6 @@ constexpr unsigned kStream = 0x0451;
 constexpr unsigned kNetwork = 0x0085;
 constexpr unsigned kEitPid = 0x12;
 constexpr unsigned kSectionsOfService = 256;
-constexpr unsigned kFullSection = 20; // events of about 197 bytes
 
 std::vector<Bytes> descriptorsOf(unsigned event)
 {
@@ -54,16 +50,10 @@ void write(std::ofstream& file, unsigned pid, const std::vector<Bytes>& sections
 
 } // namespace
 
-int main(int argc, char** argv)
+void writeEventStream(const std::filesystem::path& path, unsigned events, unsigned perSection)
 {
-    if (argc < 2 || argc > 4) {
-        std::cerr << "Usage: event_stream FILE [EVENTS [EVENTS_OF_SECTION]]\n";
-        return EXIT_FAILURE;
-    }
-    const unsigned events = argc > 2 ? static_cast<unsigned>(std::stoul(argv[2])) : 700'000;
-    const unsigned perSection =
-        argc > 3 ? static_cast<unsigned>(std::stoul(argv[3])) : kFullSection;
-    std::ofstream file(argv[1], std::ios::binary);
+    std::ofstream file(path, std::ios::binary);
+    file.exceptions(std::ios::failbit | std::ios::badbit);
     write(file, 0x00, {test::pat(kStream, {{0, 0x10}})});
     write(file, 0x10, {test::nit(test::kNitActual, kNetwork, {}, {{kStream, kNetwork}})});
     write(file, 0x11, {test::sdt(test::kSdtActual, kStream, kNetwork, {{.id = 1}})});
@@ -75,6 +65,4 @@ int main(int argc, char** argv)
                     index, index * perSection, std::min(perSection, events - index * perSection)));
             write(file, kEitPid, sections);
         }
-    file.close();
-    return file ? EXIT_SUCCESS : EXIT_FAILURE;
 }

@@ -1,22 +1,23 @@
 #include "drivers/common/answers.h"
 
 #include "component/bstr.h"
-#include "component/task_memory.h"
 
 #include <algorithm>
-#include <cstring>
-#include <new>
 
 namespace tessaview {
 
 namespace {
 
-void* taskMemory(std::size_t bytes)
+/// The array of an answer; its sections stay where they are.
+SectionList listOf(std::vector<RawSection>& sections)
 {
-    void* const block = TessaviewTaskMemAlloc(bytes);
-    if (!block)
-        throw std::bad_alloc();
-    return block;
+    SectionList list{};
+    if (sections.empty())
+        return list;
+    list.sections = static_cast<uint8_t**>(taskMemory(sections.size() * sizeof(uint8_t*)));
+    for (RawSection& section : sections)
+        list.sections[list.count++] = section.release();
+    return list;
 }
 
 void release(SectionList& list)
@@ -24,26 +25,6 @@ void release(SectionList& list)
     for (std::int32_t i = 0; i < list.count; ++i)
         TessaviewTaskMemFree(list.sections[i]);
     TessaviewTaskMemFree(list.sections);
-    list = {};
-}
-
-SectionList toTaskMemory(const std::vector<RawSection>& sections)
-{
-    SectionList list{};
-    if (sections.empty())
-        return list;
-    list.sections = static_cast<uint8_t**>(taskMemory(sections.size() * sizeof(uint8_t*)));
-    try {
-        for (const RawSection& section : sections) {
-            auto* const copy = static_cast<uint8_t*>(taskMemory(section.size()));
-            std::memcpy(copy, section.data(), section.size());
-            list.sections[list.count++] = copy;
-        }
-    } catch (...) {
-        release(list);
-        throw;
-    }
-    return list;
 }
 
 } // namespace
@@ -62,8 +43,8 @@ void giveSections(std::vector<std::vector<RawSection>>& answers, SectionList* re
     lists.reserve(answers.size());
     try {
         for (auto& answer : answers) {
-            lists.push_back(toTaskMemory(answer));
-            answer = {}; // so that everything is not there twice at the end
+            lists.push_back(listOf(answer));
+            answer.clear();
         }
     } catch (...) {
         std::for_each(lists.begin(), lists.end(), release);

@@ -120,7 +120,7 @@ void SectionCollector::takeShort(std::span<const uint8_t> section)
     isComplete_ = isSoundShort(section);
     if (!isComplete_ && !shortSection_.empty())
         return;
-    shortSection_.assign(section.begin(), section.end());
+    shortSection_ = RawSection(section);
     ++keptCount_;
 }
 
@@ -135,7 +135,7 @@ SectionCollector::Version* SectionCollector::Instance::find(int version_number)
 void SectionCollector::Version::keep(std::span<const uint8_t> section, bool isSound)
 {
     const uint8_t number = section[6];
-    kept.push_back({number, isSound, {section.begin(), section.end()}});
+    kept.push_back({number, isSound, RawSection(section)});
     (isSound ? sound : unsound).set(number);
     if (!isSound)
         return;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "driver/tuner_driver.h"
+#include "drivers/common/raw_section.h"
 
 #include <bitset>
 #include <cstdint>
@@ -9,8 +10,6 @@
 #include <vector>
 
 namespace tessaview {
-
-using RawSection = std::vector<uint8_t>;
 
 /// What a batch may collect before reading stops: far more than any multiplex signals (a week's
 /// schedule of a whole satellite is a tenth of it), and little enough to hold twice.

@@ -16,6 +16,7 @@
 
 #include <filesystem>
 #include <iostream>
+#include <memory>
 
 namespace tessaview {
 
@@ -37,6 +38,26 @@ bool readSetting(const Options& options, const DriverSession& session, TunerSett
     if (!setting.isGiven())
         complain("--tune: " + problem);
     return setting.isGiven();
+}
+
+/// What is read stays until the process ends: giving back millions of sections one by one takes
+/// longer than writing them, and serves nobody.
+NetworkMap& modelOfProcess()
+{
+    static NetworkMap* const model = std::make_unique<NetworkMap>().release();
+    return *model;
+}
+
+void print(const NetworkMap& model, const Options& options)
+{
+    if (options.format == OutputFormat::None) {
+        logNetworks(model);
+        return;
+    }
+    Tree tree;
+    tree.setCharsetPolicy(options.charsets);
+    tree.rebuild(model);
+    printTree(std::cout, tree, options.format);
 }
 
 } // namespace
@@ -74,16 +95,13 @@ int scan(const Options& options)
     if (!readSetting(options, *session, setting))
         return kExitWrongUsage;
 
-    NetworkMap model;
+    NetworkMap& model = modelOfProcess();
     runScan(options, setting, *session, satellites.get(), model);
     closeDriver(session);
 
     const std::string exportProblem = exportTo(options.exportDb, model, options.charsets);
     complain(exportProblem);
-    Tree tree;
-    tree.setCharsetPolicy(options.charsets);
-    tree.rebuild(model);
-    printTree(std::cout, tree, options.format);
+    print(model, options);
     std::cout.flush();
     if (!std::cout) {
         complain("the output cannot be written");

@@ -78,6 +78,17 @@ void Children::add(const NodeKind& kind, const void* data)
     tree_.nodes_.push_back({.kind = &kind, .data = data, .parent = parent_, .firstChild = 0});
 }
 
+void logNetworks(const NetworkMap& model, const void* valuePane)
+{
+    NodeId id = 0; // of the root, behind which the networks stand
+    for (const auto& [key, network] : model) {
+        LogPrint(g_log, 2, "NID=%#x", network.original_network_id);
+        LogPrint(g_log, 2, "CTransponderTableListPaneWnd::SetTable(%#x,Network&,%#zx)", ++id,
+                 reinterpret_cast<std::size_t>(valuePane));
+    }
+    LogPrint(g_log, 2, "All networks processed");
+}
+
 void Tree::rebuild(const NetworkMap& model, const void* valuePane)
 {
     clear();
@@ -90,13 +101,7 @@ void Tree::rebuild(const NetworkMap& model, const void* valuePane)
         if (const auto expand = node.kind().expand)
             expand(node, children);
     }
-    for (std::size_t i = 0; i < root().childCount(); ++i) {
-        const NodeView network = root().child(i);
-        LogPrint(g_log, 2, "NID=%#x", network.data<Network>().original_network_id);
-        LogPrint(g_log, 2, "CTransponderTableListPaneWnd::SetTable(%#x,Network&,%#zx)",
-                 network.id(), reinterpret_cast<std::size_t>(valuePane));
-    }
-    LogPrint(g_log, 2, "All networks processed");
+    logNetworks(model, valuePane);
 }
 
 void Tree::clear()

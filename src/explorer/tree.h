@@ -18,6 +18,9 @@ namespace tessaview {
 
 class Tree;
 
+/// Logs the networks of a model, as for showing them; `valuePane` is only named.
+void logNetworks(const NetworkMap& model, const void* valuePane = nullptr);
+
 /// The place of a node in its tree; the root is 0.
 using NodeId = std::uint32_t;
 
