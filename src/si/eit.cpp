@@ -48,7 +48,7 @@ void Eit::parsePayload(const uint8_t* body)
     last_table_id = in.u8();
     while (!in.atEnd()) {
         if (in.bytesLeft() < kEventHeaderBytes)
-            throw error(kStartEndMismatch);
+            throw error(-1, kStartEndMismatch, in.place());
         events.emplace_back(in);
     }
     requireExactEnd(in);

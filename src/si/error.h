@@ -13,14 +13,23 @@ public:
     /// A failure with a message only: code -1.
     explicit error(std::string message) : message_(std::move(message)) {}
     error(int errorCode, std::string message) : code(errorCode), message_(std::move(message)) {}
+    /// The same, at a byte that is known.
+    error(int errorCode, std::string message, const uint8_t* reached)
+        : code(errorCode)
+        , place(reached)
+        , message_(std::move(message))
+    {
+    }
     /// A malformed header: the byte whose bits failed, no message.
-    error(int errorCode, const uint8_t* where) : code(errorCode), position(where) {}
+    error(int errorCode, const uint8_t* where) : code(errorCode), position(where), place(where) {}
 
     const char* what() const noexcept override { return message_.c_str(); }
 
     int code = -1;
     /// The byte whose bits failed a header check, inside the caller's section; null otherwise.
     const uint8_t* position = nullptr;
+    /// The byte at which decoding stopped, inside the section; null when it is not known.
+    const uint8_t* place = nullptr;
 
 private:
     std::string message_;

@@ -58,7 +58,7 @@ void LongSection::decode(const uint8_t* section, const SectionBytes& given)
     section_length = (section[1] & 0x0F) << 8 | section[2];
     // First of all, so that a damaged section is reported as damaged whatever else is wrong.
     if (crc32Mpeg2(section, sectionSize(section)) != 0)
-        throw error("crc error");
+        throw error(-1, "crc error", section + sectionSize(section) - kCrcBytes);
     if (section_syntax_indicator == 0)
         throw error(kMalformedHeader, section);
     if (!isValidSyntaxIndicator(section_syntax_indicator))
@@ -67,7 +67,7 @@ void LongSection::decode(const uint8_t* section, const SectionBytes& given)
         throw error(kMalformedHeader, section + 1);
     table_id = section[0];
     if (!isValidTableId())
-        throw error("invalid table id");
+        throw error(-1, "invalid table id", section);
     if (section_length < kHeaderAfterLength + kCrcBytes)
         throw error(kTooLittleData);
 
@@ -97,7 +97,7 @@ void ShortSection::decode(const uint8_t* section, const SectionBytes& given)
         throw error(kMalformedHeader, section + 1);
     table_id = section[0];
     if (!isValidTableId())
-        throw error("invalid table id");
+        throw error(-1, "invalid table id", section);
     section_length = (section[1] & 0x0F) << 8 | section[2];
     parsePayload(keep(section, given) + 3);
     parsed = true;
@@ -117,14 +117,14 @@ void ShortSection::dump(std::ostream& out) const
 BitReader& require(BitReader& in, int bytes, int code)
 {
     if (in.bytesLeft() < bytes)
-        throw error(code, kTooLittleData);
+        throw error(code, kTooLittleData, in.place());
     return in;
 }
 
 void requireExactEnd(const BitReader& loop)
 {
     if (!loop.exactlyAtEnd())
-        throw error(kStartEndMismatch);
+        throw error(-1, kStartEndMismatch, loop.place());
 }
 
 BitReader takeLoop(BitReader& in, int length, int code)

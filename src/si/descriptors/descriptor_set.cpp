@@ -10,7 +10,7 @@ template class TypedLists<DescriptorClasses>;
 void walkChecked(DescriptorSet& set, Bytes loop)
 {
     if (set.fill(loop) != 0)
-        throw error(kStartEndMismatch);
+        throw error(-1, kStartEndMismatch, loop.data());
 }
 
 DescriptorSet walkEntry(Bytes loop)
