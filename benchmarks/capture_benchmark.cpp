@@ -1,8 +1,8 @@
 #include "drivers/capture/capture_index.h"
 #include "drivers/capture/section_answers.h"
-#include "tests/multiplex/sections.h"
-#include "tests/multiplex/stream_builder.h"
 #include "tests/support/temporary_folder.h"
+#include "tools/multiplex/sections.h"
+#include "tools/multiplex/stream_builder.h"
 
 #include <benchmark/benchmark.h>
 

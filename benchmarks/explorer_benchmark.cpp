@@ -1,8 +1,8 @@
 #include "explorer/tree.h"
 #include "explorer/value_row.h"
 #include "model/network_map.h"
-#include "tests/multiplex/descriptors.h"
-#include "tests/multiplex/sections.h"
+#include "tools/multiplex/descriptors.h"
+#include "tools/multiplex/sections.h"
 
 #include <benchmark/benchmark.h>
 #include <cstddef>

@@ -2,8 +2,8 @@
 
 #include "si/crc32.h"
 #include "si/eit.h"
-#include "tests/multiplex/descriptors.h"
-#include "tests/multiplex/sections.h"
+#include "tools/multiplex/descriptors.h"
+#include "tools/multiplex/sections.h"
 
 #include <array>
 #include <benchmark/benchmark.h>

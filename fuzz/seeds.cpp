@@ -1,10 +1,10 @@
 // Writes what the fuzz targets start from: sections, descriptors and streams as broadcast.
 //   tessaview_seeds FOLDER        one folder per target below it
 
-#include "tests/multiplex/descriptors.h"
-#include "tests/multiplex/sections.h"
-#include "tests/multiplex/stream_builder.h"
 #include "tests/support/bytes.h"
+#include "tools/multiplex/descriptors.h"
+#include "tools/multiplex/sections.h"
+#include "tools/multiplex/stream_builder.h"
 
 #include <filesystem>
 #include <fstream>

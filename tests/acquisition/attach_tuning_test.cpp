@@ -1,10 +1,10 @@
 #include "acquisition/attach_tuning.h"
 
 #include "tests/acquisition/recorder.h"
-#include "tests/multiplex/descriptors.h"
-#include "tests/multiplex/sections.h"
 #include "tests/support/scripted_driver.h"
 #include "tests/support/tuning_records.h"
+#include "tools/multiplex/descriptors.h"
+#include "tools/multiplex/sections.h"
 
 #include <gmock/gmock.h>
 

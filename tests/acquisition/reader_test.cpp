@@ -3,11 +3,11 @@
 #include "component/task_memory.h"
 #include "tests/acquisition/recorder.h"
 #include "tests/acquisition/task_memory_watch.h"
-#include "tests/multiplex/descriptors.h"
-#include "tests/multiplex/sections.h"
 #include "tests/support/bytes.h"
 #include "tests/support/scripted_driver.h"
 #include "tests/support/worked_cases.h"
+#include "tools/multiplex/descriptors.h"
+#include "tools/multiplex/sections.h"
 
 #include <functional>
 #include <future>

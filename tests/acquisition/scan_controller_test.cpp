@@ -3,10 +3,10 @@
 #include "tests/acquisition/recorder.h"
 #include "tests/acquisition/scripted_satellites.h"
 #include "tests/acquisition/task_memory_watch.h"
-#include "tests/multiplex/descriptors.h"
-#include "tests/multiplex/sections.h"
 #include "tests/support/no_threads.h"
 #include "tests/support/scripted_driver.h"
+#include "tools/multiplex/descriptors.h"
+#include "tools/multiplex/sections.h"
 
 #include <condition_variable>
 #include <filesystem>

@@ -4,10 +4,10 @@
 #include "tests/acquisition/recorder.h"
 #include "tests/acquisition/scripted_satellites.h"
 #include "tests/acquisition/task_memory_watch.h"
-#include "tests/multiplex/descriptors.h"
-#include "tests/multiplex/sections.h"
 #include "tests/support/scripted_driver.h"
 #include "tests/support/tuning_records.h"
+#include "tools/multiplex/descriptors.h"
+#include "tools/multiplex/sections.h"
 
 #include <array>
 #include <functional>

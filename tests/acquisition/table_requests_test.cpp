@@ -1,6 +1,6 @@
 #include "acquisition/table_requests.h"
 
-#include "tests/multiplex/sections.h"
+#include "tools/multiplex/sections.h"
 
 #include <algorithm>
 #include <cstring>

@@ -1,10 +1,10 @@
 #include "component/bstr.h"
 #include "platform/settings.h"
 #include "tests/capture/loaded_driver.h"
-#include "tests/multiplex/descriptors.h"
-#include "tests/multiplex/sections.h"
-#include "tests/multiplex/stream_builder.h"
 #include "tests/support/tuning_records.h"
+#include "tools/multiplex/descriptors.h"
+#include "tools/multiplex/sections.h"
+#include "tools/multiplex/stream_builder.h"
 
 #include <atomic>
 #include <cstring>

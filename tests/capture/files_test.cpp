@@ -1,8 +1,8 @@
 #include "drivers/capture/capture_index.h"
 #include "tests/capture/loaded_driver.h"
-#include "tests/multiplex/descriptors.h"
-#include "tests/multiplex/sections.h"
-#include "tests/multiplex/stream_builder.h"
+#include "tools/multiplex/descriptors.h"
+#include "tools/multiplex/sections.h"
+#include "tools/multiplex/stream_builder.h"
 
 #include <sys/stat.h>
 

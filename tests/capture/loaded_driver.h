@@ -2,8 +2,8 @@
 
 #include "component/class_registry.h"
 #include "driver/tuner_driver.h"
-#include "tests/multiplex/bytes_writer.h"
 #include "tests/support/temporary_folder.h"
+#include "tools/multiplex/bytes_writer.h"
 
 #include <filesystem>
 #include <string>

@@ -1,6 +1,6 @@
 #include "tests/capture/loaded_driver.h"
-#include "tests/multiplex/sections.h"
-#include "tests/multiplex/stream_builder.h"
+#include "tools/multiplex/sections.h"
+#include "tools/multiplex/stream_builder.h"
 
 #include <functional>
 

@@ -1,7 +1,7 @@
 #include "drivers/capture/section_answers.h"
 #include "tests/capture/loaded_driver.h"
-#include "tests/multiplex/sections.h"
-#include "tests/multiplex/stream_builder.h"
+#include "tools/multiplex/sections.h"
+#include "tools/multiplex/stream_builder.h"
 
 #include <algorithm>
 

@@ -1,9 +1,9 @@
 #include "platform/settings.h"
 #include "tests/capture/loaded_driver.h"
-#include "tests/multiplex/descriptors.h"
-#include "tests/multiplex/sections.h"
-#include "tests/multiplex/stream_builder.h"
 #include "tests/support/windows.h"
+#include "tools/multiplex/descriptors.h"
+#include "tools/multiplex/sections.h"
+#include "tools/multiplex/stream_builder.h"
 #include "ui/window_handle.h"
 
 #include <functional>

@@ -1,7 +1,7 @@
 #include "tests/cli/program.h"
-#include "tests/multiplex/descriptors.h"
-#include "tests/multiplex/sections.h"
-#include "tests/multiplex/stream_builder.h"
+#include "tools/multiplex/descriptors.h"
+#include "tools/multiplex/sections.h"
+#include "tools/multiplex/stream_builder.h"
 
 #include <gmock/gmock.h>
 #include <nlohmann/json.hpp>

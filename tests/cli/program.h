@@ -1,7 +1,7 @@
 #pragma once
 
-#include "tests/multiplex/bytes_writer.h"
 #include "tests/support/temporary_folder.h"
+#include "tools/multiplex/bytes_writer.h"
 
 #include <filesystem>
 #include <string>

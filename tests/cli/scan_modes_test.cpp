@@ -1,7 +1,7 @@
 #include "tests/cli/program.h"
-#include "tests/multiplex/air.h"
-#include "tests/multiplex/sections.h"
-#include "tests/multiplex/stream_builder.h"
+#include "tools/multiplex/air.h"
+#include "tools/multiplex/sections.h"
+#include "tools/multiplex/stream_builder.h"
 
 #include <gmock/gmock.h>
 

@@ -1,5 +1,5 @@
 #include "tests/cli/program.h"
-#include "tests/multiplex/air.h"
+#include "tools/multiplex/air.h"
 
 #include <gmock/gmock.h>
 

@@ -1,8 +1,8 @@
 #include "tests/explorer/built_model.h"
 
 #include "explorer/value_row.h"
-#include "tests/multiplex/sections.h"
 #include "tests/support/decoded_stream.h"
+#include "tools/multiplex/sections.h"
 
 #include <utility>
 

@@ -2,7 +2,7 @@
 
 #include "explorer/tree.h"
 #include "model/network_map.h"
-#include "tests/multiplex/bytes_writer.h"
+#include "tools/multiplex/bytes_writer.h"
 
 #include <initializer_list>
 #include <string>

@@ -1,8 +1,8 @@
 #include "tests/explorer/built_model.h"
-#include "tests/multiplex/descriptors.h"
-#include "tests/multiplex/sections.h"
 #include "tests/support/bytes.h"
 #include "tests/support/worked_cases.h"
+#include "tools/multiplex/descriptors.h"
+#include "tools/multiplex/sections.h"
 
 #include <gtest/gtest.h>
 

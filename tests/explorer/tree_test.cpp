@@ -1,8 +1,8 @@
 #include "explorer/tree.h"
 
 #include "tests/explorer/built_model.h"
-#include "tests/multiplex/descriptors.h"
-#include "tests/multiplex/sections.h"
+#include "tools/multiplex/descriptors.h"
+#include "tools/multiplex/sections.h"
 
 #include <string>
 #include <utility>

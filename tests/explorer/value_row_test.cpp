@@ -1,9 +1,9 @@
 #include "explorer/value_row.h"
 
 #include "tests/explorer/built_model.h"
-#include "tests/multiplex/descriptors.h"
-#include "tests/multiplex/sections.h"
 #include "tests/support/bytes.h"
+#include "tools/multiplex/descriptors.h"
+#include "tools/multiplex/sections.h"
 
 #include <string>
 #include <vector>

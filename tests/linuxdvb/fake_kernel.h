@@ -2,7 +2,7 @@
 
 #include "drivers/linuxdvb/device.h"
 #include "tests/linuxdvb/fake_frontend.h"
-#include "tests/multiplex/bytes_writer.h"
+#include "tools/multiplex/bytes_writer.h"
 
 #include <deque>
 #include <functional>

@@ -2,7 +2,7 @@
 
 #include "drivers/linuxdvb/device.h"
 #include "tests/linuxdvb/fake_kernel.h"
-#include "tests/multiplex/sections.h"
+#include "tools/multiplex/sections.h"
 
 #include <gmock/gmock.h>
 

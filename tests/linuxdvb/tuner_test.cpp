@@ -2,8 +2,8 @@
 #include "drivers/linuxdvb/status_text.h"
 #include "platform/settings.h"
 #include "tests/linuxdvb/fake_kernel.h"
-#include "tests/multiplex/sections.h"
 #include "tests/support/temporary_folder.h"
+#include "tools/multiplex/sections.h"
 
 #include <gmock/gmock.h>
 

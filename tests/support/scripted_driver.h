@@ -1,7 +1,7 @@
 #pragma once
 
 #include "driver/tuner_driver.h"
-#include "tests/multiplex/bytes_writer.h"
+#include "tools/multiplex/bytes_writer.h"
 
 #include <atomic>
 #include <cstdint>

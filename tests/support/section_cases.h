@@ -1,8 +1,8 @@
 #pragma once
 
 #include "si/error.h"
-#include "tests/multiplex/sections.h"
 #include "tests/support/bytes.h"
+#include "tools/multiplex/sections.h"
 
 #include <sstream>
 #include <string>

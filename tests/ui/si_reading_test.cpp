@@ -1,10 +1,10 @@
 #include "component/bstr.h"
 #include "tests/acquisition/recorder.h"
 #include "tests/acquisition/scripted_satellites.h"
-#include "tests/multiplex/descriptors.h"
-#include "tests/multiplex/sections.h"
 #include "tests/support/scripted_driver.h"
 #include "tests/support/windows.h"
+#include "tools/multiplex/descriptors.h"
+#include "tools/multiplex/sections.h"
 #include "ui/si_reading/si_reading_dlg.h"
 #include "ui/window_handle.h"
 

@@ -1,9 +1,9 @@
 // Writes the sample multiplex: one transport stream of an invented satellite network, with a look
 // at its neighbours, for a first look at the explorer.
 
-#include "tests/multiplex/descriptors.h"
-#include "tests/multiplex/sections.h"
-#include "tests/multiplex/stream_builder.h"
+#include "tools/multiplex/descriptors.h"
+#include "tools/multiplex/sections.h"
+#include "tools/multiplex/stream_builder.h"
 
 #include <fstream>
 #include <iostream>

@@ -1,7 +1,7 @@
 // Writes the test air: captured streams of three invented satellites, a folder each, and the
 // satellite list that leads there.
 
-#include "tests/multiplex/air.h"
+#include "tools/multiplex/air.h"
 
 #include <exception>
 #include <iostream>

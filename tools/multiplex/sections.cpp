@@ -1,4 +1,4 @@
-#include "tests/multiplex/sections.h"
+#include "tools/multiplex/sections.h"
 
 namespace test {
 

@@ -1,4 +1,4 @@
-#include "tests/multiplex/bytes_writer.h"
+#include "tools/multiplex/bytes_writer.h"
 
 namespace test {
 

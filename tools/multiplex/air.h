@@ -1,7 +1,7 @@
 #pragma once
 
-#include "tests/multiplex/bytes_writer.h"
-#include "tests/multiplex/descriptors.h"
+#include "tools/multiplex/bytes_writer.h"
+#include "tools/multiplex/descriptors.h"
 
 #include <filesystem>
 #include <string>

@@ -1,4 +1,4 @@
-#include "tests/multiplex/stream_builder.h"
+#include "tools/multiplex/stream_builder.h"
 
 #include <algorithm>
 

@@ -1,17 +1,26 @@
-#include "tests/multiplex/air.h"
+#include "tools/multiplex/air.h"
 
-#include "tests/multiplex/sections.h"
-#include "tests/multiplex/stream_builder.h"
-#include "tests/support/temporary_folder.h"
+#include "tools/multiplex/sections.h"
+#include "tools/multiplex/stream_builder.h"
 
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <fstream>
 #include <sstream>
+#include <stdexcept>
 
 namespace test {
 
 namespace {
+
+void save(const std::filesystem::path& file, std::string_view content)
+{
+    std::ofstream out(file, std::ios::binary);
+    out << content << std::flush;
+    if (!out)
+        throw std::runtime_error("cannot write " + file.string());
+}
 
 constexpr unsigned kPatPid = 0x00;
 constexpr unsigned kNitPid = 0x10;
@@ -191,15 +200,15 @@ std::vector<AirSatellite> testAir()
 void writeAir(const std::vector<AirSatellite>& air, const std::filesystem::path& folder)
 {
     std::filesystem::create_directories(folder);
-    writeFile(folder / "satlist.xml", listOf(air));
+    save(folder / "satlist.xml", listOf(air));
     for (const AirSatellite& satellite : air) {
         std::filesystem::create_directories(folder / satellite.name);
         for (const AirStream& stream : satellite.streams) {
             if (stream.fault == AirFault::Missing || stream.fault == AirFault::CableOnly)
                 continue;
             const Bytes content = contentOf(satellite, stream);
-            writeFile(folder / satellite.name / (hexText(stream.stream) + ".ts"),
-                      std::string(content.begin(), content.end()));
+            save(folder / satellite.name / (hexText(stream.stream) + ".ts"),
+                 std::string(content.begin(), content.end()));
         }
     }
 }

@@ -1,4 +1,4 @@
-#include "tests/multiplex/descriptors.h"
+#include "tools/multiplex/descriptors.h"
 
 namespace test {
 

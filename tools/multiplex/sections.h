@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tests/multiplex/bytes_writer.h"
+#include "tools/multiplex/bytes_writer.h"
 
 #include <vector>
 
