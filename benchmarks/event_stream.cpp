@@ -1,8 +1,8 @@
 #include "benchmarks/event_stream.h"
 
-#include "tests/multiplex/descriptors.h"
-#include "tests/multiplex/sections.h"
-#include "tests/multiplex/stream_builder.h"
+#include "tools/multiplex/descriptors.h"
+#include "tools/multiplex/sections.h"
+#include "tools/multiplex/stream_builder.h"
 
 #include <algorithm>
 #include <fstream>

@@ -30,9 +30,9 @@ SectionFault faultOf(const lib13818::error& error, std::span<const std::uint8_t>
     if (fault.text.empty())
         fault.text = "malformed header";
     const std::less<> before;
-    if (error.position && !before(error.position, section.data()) &&
-        before(error.position, section.data() + section.size()))
-        fault.at = static_cast<std::size_t>(error.position - section.data());
+    if (error.place && !before(error.place, section.data()) &&
+        before(error.place, section.data() + section.size()))
+        fault.at = static_cast<std::size_t>(error.place - section.data());
     return fault;
 }
 

@@ -3,6 +3,7 @@
 // The members of TypedLists that touch every class, for the one file per set that instantiates it.
 
 #include "si/descriptors/typed_lists.h"
+#include "si/error.h"
 
 namespace lib13818 {
 
@@ -27,8 +28,14 @@ std::size_t TypedLists<Classes>::fill(Bytes loop)
     size_ = 0;
     leftOut_ = kNone;
     return forEachDescriptor(loop, [this](const uint8_t* descriptor) {
-        if (const auto attempt = kTry[kListOfTag[descriptor[0]]])
-            attempt(descriptor);
+        try {
+            if (const auto attempt = kTry[kListOfTag[descriptor[0]]])
+                attempt(descriptor);
+        } catch (error& refused) {
+            if (!refused.place)
+                refused.place = descriptor;
+            throw;
+        }
         size_ += 2U + descriptor[1];
     });
 }
