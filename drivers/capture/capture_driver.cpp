@@ -1,6 +1,7 @@
 #include "drivers/capture/capture_driver.h"
 
 #include "component/bstr.h"
+#include "component/path_text.h"
 #include "drivers/capture/packet_file.h"
 #include "drivers/capture/status_text.h"
 #include "drivers/common/answers.h"
@@ -22,6 +23,19 @@ std::string joinedLines(const std::vector<CaptureProblem>& problems)
     return text;
 }
 
+/// Work that may be interrupted.
+template <class Work>
+Status interruptible(Work work) noexcept
+{
+    return guarded([&] {
+        try {
+            return work();
+        } catch (const Interrupted&) {
+            return status::kCancelled;
+        }
+    });
+}
+
 } // namespace
 
 Status CaptureDriver::GetName(char16_t** name) noexcept
@@ -32,7 +46,7 @@ Status CaptureDriver::GetName(char16_t** name) noexcept
 Status CaptureDriver::Initialize(const char16_t* settingsKey, const char16_t* /*userFolder*/,
                                  const char16_t* /*commonFolder*/) noexcept
 {
-    return guarded([&] {
+    return interruptible([&] {
         tuner_.open(bstrToUtf8(settingsKey));
         return status::kOk;
     });
@@ -128,7 +142,7 @@ Status CaptureDriver::ReadTables(std::uint32_t count, const TableRequest* reques
         return status::kOk;
     if (!requests || !results)
         return status::kNullPointer;
-    return guarded([&] {
+    return interruptible([&] {
         if (!tuner_.state().capture())
             return status::kNotReady;
         try {
@@ -193,15 +207,15 @@ Status CaptureDriver::GetStatusText(char16_t** text) noexcept
 Status CaptureDriver::SetSourceFiles(std::uint32_t count, const char16_t* const* paths,
                                      char16_t** problem) noexcept
 {
-    return guarded([&] {
+    return interruptible([&] {
         if (problem)
             *problem = nullptr;
         if (!paths && count > 0)
             return status::kNullPointer;
         std::vector<std::filesystem::path> files;
         for (std::uint32_t i = 0; i < count; ++i)
-            files.emplace_back(bstrToUtf8(paths[i]));
-        CaptureSet set = openCaptures(files);
+            files.push_back(pathFromText(bstrToUtf8(paths[i])));
+        CaptureSet set = tuner_.look(files);
         if (problem && !set.problems.empty())
             giveText(joinedLines(set.problems), problem);
         if (set.captures.empty())
@@ -255,6 +269,24 @@ Status CaptureDriver::SelectSource(std::uint32_t index) noexcept
 Status CaptureDriver::GetReadProblem(char16_t** problem) noexcept
 {
     return guarded([&] { return giveText(tuner_.state().problem, problem); });
+}
+
+Status CaptureDriver::SetInterrupted(std::int32_t interrupted) noexcept
+{
+    tuner_.setInterrupted(interrupted != 0);
+    return status::kOk;
+}
+
+Status CaptureDriver::GetReadProgress(std::uint64_t* position, std::uint64_t* total) noexcept
+{
+    return guarded([&] {
+        if (!position || !total)
+            return status::kNullPointer;
+        const CaptureTuner::Progress now = tuner_.progress();
+        *position = now.position;
+        *total = now.total;
+        return status::kOk;
+    });
 }
 
 } // namespace tessaview

@@ -15,9 +15,11 @@ constexpr Guid kCaptureDriverClass = "{8F6E0A52-3B1D-4C7E-9A64-D20B71C5E3F8}"_gu
 /// the first. Tuning and reading show no window, whatever the owner: nothing has to be asked.
 class CaptureDriver final
     : public Implements<CaptureDriver, IDriverInfo, IDriverControl, ISetTuner, ISectionReader,
-                        IDeviceDialogs, ITunerStatus, ISourceFiles, ISourceList, IReadReport> {
+                        IDeviceDialogs, ITunerStatus, ISourceFiles, ISourceList, IReadReport,
+                        IInterrupt, IReadProgress> {
     using Base = Implements<CaptureDriver, IDriverInfo, IDriverControl, ISetTuner, ISectionReader,
-                            IDeviceDialogs, ITunerStatus, ISourceFiles, ISourceList, IReadReport>;
+                            IDeviceDialogs, ITunerStatus, ISourceFiles, ISourceList, IReadReport,
+                            IInterrupt, IReadProgress>;
 
 public:
     CaptureDriver() = default;
@@ -61,6 +63,9 @@ public:
     Status SelectSource(std::uint32_t index) noexcept override;
 
     Status GetReadProblem(char16_t** problem) noexcept override;
+
+    Status SetInterrupted(std::int32_t interrupted) noexcept override;
+    Status GetReadProgress(std::uint64_t* position, std::uint64_t* total) noexcept override;
 
 private:
     friend Base;

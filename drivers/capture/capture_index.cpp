@@ -120,12 +120,12 @@ private:
     std::size_t repeated_ = 0;
 };
 
-void index(CaptureSet& set, const Entry& entry)
+void index(CaptureSet& set, const Entry& entry, const BlockObserver& observer)
 {
     std::string problem = entry.problem;
     if (problem.empty()) {
         try {
-            Capture capture = indexCapture(entry.file);
+            Capture capture = indexCapture(entry.file, observer);
             capture.source = entry.source;
             capture.satellite = entry.satellite;
             set.captures.push_back(std::move(capture));
@@ -139,11 +139,11 @@ void index(CaptureSet& set, const Entry& entry)
 
 } // namespace
 
-Capture indexCapture(const fs::path& file)
+Capture indexCapture(const fs::path& file, const BlockObserver& observer)
 {
     Capture capture;
     capture.file = file;
-    PacketFile packets(file, kIndexedBytes);
+    PacketFile packets(file, kIndexedBytes, observer);
     std::error_code unknown;
     capture.size = fs::file_size(file, unknown);
     if (unknown)
@@ -173,20 +173,31 @@ Capture indexCapture(const fs::path& file)
 }
 
 CaptureSet openCaptures(const std::vector<fs::path>& sources, const IndexProgress& progress,
-                        const std::stop_token& stop)
+                        const StopRequested& stop)
 {
     CaptureSet set;
     set.sources = sources;
     Listing listing;
     for (const fs::path& source : sources)
         listing.addSource(source);
-    std::size_t done = 0;
-    for (const Entry& entry : listing.entries()) {
-        if (stop.stop_requested())
-            break;
-        index(set, entry);
+    const auto checkStop = [&stop](std::uintmax_t, std::uintmax_t) {
+        if (stop && stop())
+            throw Interrupted();
+    };
+    const auto tell = [&](std::size_t done) {
         if (progress)
-            progress(++done, listing.entries().size());
+            progress(done, listing.entries().size());
+    };
+    try {
+        std::size_t done = 0;
+        tell(done);
+        for (const Entry& entry : listing.entries()) {
+            checkStop(0, 0);
+            index(set, entry, checkStop);
+            tell(++done);
+        }
+    } catch (const Interrupted&) { // the set holds what was looked at until then
+        return set;
     }
     return set;
 }

@@ -1,12 +1,13 @@
 #pragma once
 
 #include "driver/tuner_driver.h"
+#include "drivers/capture/packet_file.h"
+#include "drivers/common/interrupted.h"
 
 #include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <optional>
-#include <stop_token>
 #include <string>
 #include <variant>
 #include <vector>
@@ -46,17 +47,19 @@ struct CaptureSet {
 /// capture until it is read.
 constexpr std::uintmax_t kIndexedBytes = std::uintmax_t{128} << 20;
 
-/// Reads as much of a stream as it takes to know it. Throws CaptureError.
-Capture indexCapture(const std::filesystem::path& file);
+/// Reads as much of a stream as it takes to know it. Throws CaptureError, and what the observer
+/// throws.
+Capture indexCapture(const std::filesystem::path& file, const BlockObserver& observer = {});
 
-/// Is told how many of how many files were looked at.
+/// Is told how many of how many files were looked at, first before the first one.
 using IndexProgress = std::function<void(std::size_t done, std::size_t total)>;
 
 /// The captures that the sources name: files as they are, folders with the streams in them. A
 /// folder inside a folder is a satellite of that name. A file that several sources name belongs to
-/// the first. What cannot be used costs only itself and is reported. Ends early when asked to stop.
+/// the first. What cannot be used costs only itself and is reported. Ends early, also within a
+/// file, when asked to stop.
 CaptureSet openCaptures(const std::vector<std::filesystem::path>& sources,
-                        const IndexProgress& progress = {}, const std::stop_token& stop = {});
+                        const IndexProgress& progress = {}, const StopRequested& stop = {});
 
 /// Adds the sources and captures of another set, but no capture a second time.
 void append(CaptureSet& set, CaptureSet more);

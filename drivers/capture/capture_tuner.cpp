@@ -1,5 +1,6 @@
 #include "drivers/capture/capture_tuner.h"
 
+#include "component/path_text.h"
 #include "drivers/capture/packet_file.h"
 #include "platform/settings.h"
 
@@ -39,6 +40,48 @@ std::optional<std::size_t> indexOf(const CaptureSet& set, const std::filesystem:
 
 } // namespace
 
+/// What takes long, for as long as it lives. Throws Interrupted where it is not to begin or go on.
+class CaptureTuner::Task {
+public:
+    explicit Task(CaptureTuner& tuner) : tuner_(tuner) { tell(0, 0); }
+    Task(const Task&) = delete;
+    Task& operator=(const Task&) = delete;
+    ~Task() { publish({}); }
+
+    void tell(std::uintmax_t position, std::uintmax_t total)
+    {
+        publish({position, total});
+        if (tuner_.isInterrupted_)
+            throw Interrupted();
+    }
+
+private:
+    void publish(Progress progress)
+    {
+        const std::lock_guard lock(tuner_.mutex_);
+        tuner_.progress_ = progress;
+    }
+
+    CaptureTuner& tuner_;
+};
+
+CaptureTuner::Progress CaptureTuner::progress() const
+{
+    const std::lock_guard lock(mutex_);
+    return progress_;
+}
+
+CaptureSet CaptureTuner::look(const std::vector<std::filesystem::path>& sources)
+{
+    Task task(*this);
+    CaptureSet set = openCaptures(
+        sources, [&](std::size_t done, std::size_t total) { task.tell(done, total); },
+        [this] { return isInterrupted_.load(); });
+    if (isInterrupted_)
+        throw Interrupted();
+    return set;
+}
+
 TunerType TunerState::type() const
 {
     if (capture())
@@ -54,13 +97,17 @@ void CaptureTuner::open(std::string settingsKey)
 {
     const Settings settings(defaultSettingsFile());
     const auto stored = settings.texts(settingsKey, kStoredCaptures);
-    CaptureSet set = openCaptures({stored.begin(), stored.end()});
+    std::vector<std::filesystem::path> sources;
+    sources.reserve(stored.size());
+    for (const std::string& each : stored)
+        sources.push_back(pathFromText(each));
+    CaptureSet set = look(sources);
     std::string problem;
     if (set.captures.empty() && !set.problems.empty())
         problem = set.problems.front().line();
     const auto current = settings.text(settingsKey, kStoredCurrent);
     const auto type = settings.number(settingsKey, kStoredTunerType);
-    use(std::move(set), current.value_or(""));
+    use(std::move(set), pathFromText(current.value_or("")));
     const std::lock_guard lock(mutex_);
     state_.problem = std::move(problem);
     state_.fallbackType =
@@ -94,12 +141,12 @@ void CaptureTuner::useAndStore(CaptureSet set, const std::filesystem::path& curr
 {
     std::vector<std::string> sources;
     for (const auto& source : set.sources)
-        sources.push_back(source.string());
+        sources.push_back(pathText(source));
     use(std::move(set), current);
     const std::string key = settingsKey();
     Settings settings(defaultSettingsFile());
     settings.setTexts(key, kStoredCaptures, sources);
-    settings.setText(key, kStoredCurrent, current.string());
+    settings.setText(key, kStoredCurrent, pathText(current));
 }
 
 void CaptureTuner::storeFallbackType(TunerType type)
@@ -141,8 +188,11 @@ Answers CaptureTuner::read(std::span<const TableRequest> requests)
     const TunerState now = state();
     if (!now.capture())
         throw CaptureError("no capture is chosen");
+    Task task(*this);
     try {
-        Answers answers = readSections(now.capture()->file, requests);
+        Answers answers = readSections(
+            now.capture()->file, requests, kCollectedBytes,
+            [&](std::uintmax_t position, std::uintmax_t total) { task.tell(position, total); });
         report(answers.problem);
         return answers;
     } catch (const CaptureError& e) {

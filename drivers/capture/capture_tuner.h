@@ -4,6 +4,7 @@
 #include "drivers/capture/section_answers.h"
 #include "drivers/capture/tuning_match.h"
 
+#include <atomic>
 #include <filesystem>
 #include <memory>
 #include <mutex>
@@ -29,7 +30,7 @@ struct TunerState {
 class CaptureTuner {
 public:
     /// Takes up what is stored below a settings key, and stores there from now on. A stored
-    /// capture that has gone is no error: the tuner just lacks it.
+    /// capture that has gone is no error: the tuner just lacks it. Throws Interrupted.
     void open(std::string settingsKey);
 
     TunerState state() const;
@@ -44,12 +45,28 @@ public:
     /// Tells the user through the status text.
     void report(std::string problem);
 
+    /// Opens files and folders, and tells meanwhile how far it is. Throws Interrupted.
+    CaptureSet look(const std::vector<std::filesystem::path>& sources);
+
+    /// While interrupted, what takes long ends between two blocks of a file, or does not begin.
+    void setInterrupted(bool interrupted) { isInterrupted_ = interrupted; }
+    /// How far the reading under way is, in bytes, or the look at files, in files; zeros for none.
+    struct Progress {
+        std::uint64_t position = 0;
+        std::uint64_t total = 0;
+    };
+    Progress progress() const;
+
     /// Sets the tuner to the capture that `findCapture` finds for what is wanted. When there is
-    /// none, fails and leaves the tuner as it was.
+    /// none, fails and leaves the tuner as it was; where it names no frequency, that is reported.
     template <class... Wanted>
     Status tune(const Wanted&... wanted)
     {
+        if (isInterrupted_)
+            return status::kCancelled;
         const TunerState now = state();
+        if (!(isTunable(wanted) && ...))
+            report("the frequency is not known, so there is nothing to tune to");
         return lockOnto(now, findCapture(now.set->captures, wanted...));
     }
 
@@ -57,16 +74,26 @@ public:
     Status select(std::size_t index);
 
     /// Answers requests from the capture the tuner is set to; what went wrong is reported. Throws
-    /// CaptureError when nothing could be read.
+    /// CaptureError when nothing could be read, and Interrupted.
     Answers read(std::span<const TableRequest> requests);
 
 private:
+    class Task;
+
+    static bool isTunable(const std::string& /*satellite*/) { return true; }
+    template <class Tuning>
+    static bool isTunable(const Tuning& tuning)
+    {
+        return hasFrequency(tuning);
+    }
     std::string settingsKey() const;
     Status lockOnto(const TunerState& basis, std::optional<std::size_t> index);
 
     mutable std::mutex mutex_; // held for moments only, so that a long read keeps no one waiting
     TunerState state_;
+    Progress progress_;
     std::string settingsKey_;
+    std::atomic<bool> isInterrupted_ = false;
 };
 
 } // namespace tessaview

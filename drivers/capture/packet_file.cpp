@@ -7,6 +7,7 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace tessaview {
 
@@ -106,9 +107,11 @@ PacketLayout detectPackets(std::span<const uint8_t> start)
 }
 
 // Without waiting: opening a pipe that no one writes to would never come back.
-PacketFile::PacketFile(const std::filesystem::path& file, std::uintmax_t limit)
+PacketFile::PacketFile(const std::filesystem::path& file, std::uintmax_t limit,
+                       BlockObserver observer)
     : file_(::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY))
     , left_(limit)
+    , observer_(std::move(observer))
 {
     if (file_ < 0)
         throw CaptureError("cannot be opened: " + reason(errno));
@@ -116,6 +119,7 @@ PacketFile::PacketFile(const std::filesystem::path& file, std::uintmax_t limit)
         struct stat status {};
         if (::fstat(file_, &status) != 0 || !S_ISREG(status.st_mode))
             throw CaptureError(S_ISDIR(status.st_mode) ? "is a folder" : "is not a regular file");
+        size_ = static_cast<std::uintmax_t>(status.st_size);
         buffer_.resize(kBlockSize);
         refill();
         if (filled_ == 0)
@@ -158,6 +162,8 @@ void PacketFile::refill()
     filled_ -= done;
     position_ -= done;
     while (filled_ < buffer_.size() && !atEnd_) {
+        if (observer_)
+            observer_(read_, size_);
         const ssize_t count = ::read(file_, buffer_.data() + filled_, buffer_.size() - filled_);
         if (count < 0 && errno == EINTR)
             continue;
@@ -167,6 +173,7 @@ void PacketFile::refill()
             std::min<std::uintmax_t>(left_, count < 0 ? 0 : static_cast<std::size_t>(count));
         filled_ += taken;
         left_ -= taken;
+        read_ += taken;
         atEnd_ = taken == 0;
     }
 }

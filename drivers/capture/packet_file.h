@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <span>
 #include <stdexcept>
 #include <string>
@@ -29,6 +30,10 @@ struct PacketLayout {
 /// when these are no packets.
 PacketLayout detectPackets(std::span<const uint8_t> start);
 
+/// Is told, before each block of a file is read, how many bytes were read and how many there are.
+/// What it throws ends the reading.
+using BlockObserver = std::function<void(std::uintmax_t position, std::uintmax_t total)>;
+
 /// Reads the packets of a captured stream, a large block at a time, and finds them again behind
 /// damage. A file that shrinks or vanishes meanwhile only ends early.
 class PacketFile {
@@ -36,7 +41,8 @@ public:
     /// Throws CaptureError for what is no regular file, cannot be read, is empty or is no
     /// transport stream. Never waits for the other end of a pipe. Packets end behind about `limit`
     /// bytes.
-    explicit PacketFile(const std::filesystem::path& file, std::uintmax_t limit = UINTMAX_MAX);
+    explicit PacketFile(const std::filesystem::path& file, std::uintmax_t limit = UINTMAX_MAX,
+                        BlockObserver observer = {});
     PacketFile(const PacketFile&) = delete;
     PacketFile& operator=(const PacketFile&) = delete;
     ~PacketFile();
@@ -74,6 +80,9 @@ private:
     std::size_t filled_ = 0;
     std::size_t position_ = 0;
     std::uintmax_t left_; // of the limit
+    std::uintmax_t read_ = 0;
+    std::uintmax_t size_ = 0;
+    BlockObserver observer_;
     bool atEnd_ = false;
     std::string problem_;
 };

@@ -8,7 +8,7 @@
 namespace tessaview {
 
 Answers readSections(const std::filesystem::path& file, std::span<const TableRequest> requests,
-                     std::size_t limit)
+                     std::size_t limit, const BlockObserver& observer)
 {
     SectionBudget budget(limit);
     std::vector<SectionCollector> collectors;
@@ -21,7 +21,7 @@ Answers readSections(const std::filesystem::path& file, std::span<const TableReq
         if (demultiplexer.select(collector.pid()))
             byPid[collector.pid()].push_back(&collector);
     std::size_t open = collectors.size();
-    PacketFile packets(file);
+    PacketFile packets(file, UINTMAX_MAX, observer);
     demultiplexer.run(packets, [&](std::uint32_t pid, std::span<const uint8_t> section) {
         for (SectionCollector* collector : byPid[pid]) {
             const bool wasComplete = collector->isComplete();

@@ -19,6 +19,8 @@ struct TuningText {
     }
     std::string operator()(const TerrestrialTuning& t) const
     {
+        if (!hasFrequency(t))
+            return "";
         return formatted("%.3f MHz", t.centre_frequency / 100000.0);
     }
 };

@@ -25,16 +25,25 @@ std::uint32_t frequencyOf(const TerrestrialTuning& tuning)
     return tuning.centre_frequency;
 }
 
+constexpr std::uint32_t kUndefined = 0xFFFFFFFF;
+
+bool isKnown(std::uint32_t frequency)
+{
+    return frequency != 0 && frequency != kUndefined;
+}
+
 /// The capture nearest in frequency among those that `fits(capture, its tuning)` admits.
 template <class Tuning, class Fits>
 std::optional<std::size_t> nearest(std::span<const Capture> captures, const Tuning& tuning,
                                    std::uint32_t tolerance, Fits fits)
 {
     std::optional<std::size_t> found;
+    if (!hasFrequency(tuning))
+        return found;
     std::uint32_t distance = tolerance;
     for (std::size_t i = 0; i < captures.size(); ++i) {
         const auto* const own = std::get_if<Tuning>(&captures[i].tuning);
-        if (!own || !fits(captures[i], *own))
+        if (!own || !hasFrequency(*own) || !fits(captures[i], *own))
             continue;
         const std::uint32_t a = frequencyOf(*own);
         const std::uint32_t b = frequencyOf(tuning);
@@ -69,6 +78,21 @@ bool sameOrbit(const SatelliteTuning& a, const SatelliteTuning& b)
 }
 
 } // namespace
+
+bool hasFrequency(const SatelliteTuning& tuning)
+{
+    return isKnown(tuning.frequency);
+}
+
+bool hasFrequency(const CableTuning& tuning)
+{
+    return isKnown(tuning.frequency);
+}
+
+bool hasFrequency(const TerrestrialTuning& tuning)
+{
+    return isKnown(tuning.centre_frequency);
+}
 
 std::optional<std::size_t> findCapture(std::span<const Capture> captures,
                                        std::string_view satellite, const SatelliteTuning& tuning)

@@ -1,8 +1,9 @@
 #pragma once
 
+#include "drivers/common/interrupted.h"
+
 #include <chrono>
 #include <cstdint>
-#include <functional>
 #include <poll.h>
 #include <span>
 #include <string>
@@ -34,12 +35,6 @@ public:
 
 /// The system's own.
 Kernel& systemKernel();
-
-/// Whether what takes long is to end.
-using StopRequested = std::function<bool()>;
-
-/// What took long was asked to end.
-struct Interrupted {};
 
 /// The longest wait between two looks at whether to end.
 constexpr std::chrono::milliseconds kStopInterval{100};

@@ -1,5 +1,8 @@
 #include "acquisition/table_requests.h"
 
+#include <set>
+#include <utility>
+
 namespace tessaview {
 
 namespace {
@@ -73,6 +76,7 @@ std::vector<TableRequest> pmtRequests(const lib13818::Pat& pat)
 {
     constexpr std::uint8_t table_id = 0x02;
     std::vector<TableRequest> requests;
+    std::set<std::pair<std::uint32_t, std::uint16_t>> requested; // PID and program_number
     for (const lib13818::PatProgram& program : pat.programs) {
         if (program.program_number == 0)
             continue;
@@ -80,7 +84,8 @@ std::vector<TableRequest> pmtRequests(const lib13818::Pat& pat)
                                           table_id, CollectionMode::SingleInstance);
         request.match_table_id_extension = 1;
         request.table_id_extension = static_cast<std::uint16_t>(program.program_number);
-        requests.push_back(request);
+        if (requested.emplace(request.PID, request.table_id_extension).second)
+            requests.push_back(request);
     }
     return requests;
 }

@@ -1,6 +1,7 @@
 #include "driver/source_files.h"
 
 #include "component/bstr.h"
+#include "component/path_text.h"
 
 namespace tessaview {
 
@@ -23,7 +24,7 @@ Status useSourceFiles(IUnknown* driver, const std::vector<std::string>& paths,
     texts.reserve(paths.size());
     pointers.reserve(paths.size());
     for (const std::string& path : paths)
-        pointers.push_back(texts.emplace_back(std::string_view(path)).get());
+        pointers.push_back(texts.emplace_back(std::string_view(pathText(path))).get());
     Bstr problem;
     const Status result = files->SetSourceFiles(static_cast<std::uint32_t>(pointers.size()),
                                                 pointers.data(), problem.put());

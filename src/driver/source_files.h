@@ -10,7 +10,8 @@ namespace tessaview {
 /// Whether a driver can be pointed at captured files.
 bool canReadFiles(IUnknown* driver);
 
-/// Points a driver at captured files or folders for this run; the first is what it is set to.
+/// Points a driver at captured files or folders for this run; the first is what it is set to. A
+/// path is any bytes that the system takes for one, not only UTF-8.
 /// `problems` receives one line per path that could not be used. Fails when none could.
 Status useSourceFiles(IUnknown* driver, const std::vector<std::string>& paths,
                       std::string& problems);

@@ -6,8 +6,8 @@
 #include <cstdint>
 
 // The contract between the explorer and any tuner driver: interfaces in slot order and records
-// byte for byte, little-endian. Every operation returns a status and may be called from the
-// user-interface thread and the scan worker at the same time.
+// byte for byte, little-endian. Every operation returns a status and may be called from several
+// threads at the same time: which is called from where stands in docs/driver-guide.md.
 
 namespace tessaview {
 
@@ -176,7 +176,7 @@ protected:
     ~ISectionReader() = default;
 };
 
-/// The driver's own windows.
+/// The driver's own windows. Called on the window's thread only.
 struct IDeviceDialogs : IUnknown {
     static constexpr Guid kId = "{F209EF9A-660B-4D77-A54F-AD659FF97175}"_guid;
 
@@ -188,6 +188,8 @@ protected:
     ~IDeviceDialogs() = default;
 };
 
+/// Called several times a second from a thread of the explorer's own, also while a tuning or a
+/// reading is under way on another; never on the window's thread.
 struct ITunerStatus : IUnknown {
     static constexpr Guid kId = "{228BBB7B-9F13-4F9F-BD42-858BF0E473EC}"_guid;
 
@@ -207,9 +209,9 @@ protected:
 struct ISourceFiles : IUnknown {
     static constexpr Guid kId = "{6D0C8A35-5E1B-4E0F-9B62-3C7B1A94D7E8}"_guid;
 
-    /// Takes UTF-8 paths as wide strings; the first is what the tuner is set to. `problem`, if
-    /// not null, receives one line per path that could not be used; the caller frees it. Fails
-    /// when none could.
+    /// Takes paths in the form of `pathText` (component/path_text.h) as wide strings; the first is
+    /// what the tuner is set to. `problem`, if not null, receives one line per path that could not
+    /// be used; the caller frees it. Fails when none could.
     virtual Status SetSourceFiles(std::uint32_t count, const char16_t* const* paths,
                                   char16_t** problem) noexcept = 0;
 
@@ -222,10 +224,11 @@ protected:
 struct IInterrupt : IUnknown {
     static constexpr Guid kId = "{400872CE-69B4-42A8-AB0B-E2F8F16CDBAD}"_guid;
 
-    /// While this was last called with non-zero, a set operation or `ReadTables` under way ends
-    /// soon, with a failure or with what it has, and one that begins fails at once; with 0 they
-    /// work again. A level, not an event, so that an operation that is just beginning is not
-    /// missed. Called from any thread, also while another is in an operation; returns at once.
+    /// While this was last called with non-zero, a set operation, `SetSourceFiles` or `ReadTables`
+    /// under way ends soon, with a failure or with what it has, and one that begins fails at once;
+    /// with 0 they work again. A level, not an event, so that an operation that is just beginning
+    /// is not missed. Called from any thread, also while another is in an operation; returns at
+    /// once.
     virtual Status SetInterrupted(std::int32_t interrupted) noexcept = 0;
 
 protected:
@@ -260,6 +263,21 @@ struct IReadReport : IUnknown {
 
 protected:
     ~IReadReport() = default;
+};
+
+/// Optional: a driver that knows how far an operation under way is.
+struct IReadProgress : IUnknown {
+    static constexpr Guid kId = "{5B0F7D42-9A36-4E18-8C71-D4E2A6F03B95}"_guid;
+
+    /// How far the operation under way is: of `ReadTables` the bytes of the stream that were read
+    /// and those that there are, of `Initialize` and `SetSourceFiles` the files that were looked at
+    /// and those that there are. A batch whose tables are all found ends before `total` is reached.
+    /// Both are 0 when nothing is under way or its end is not known. Called from any thread, also
+    /// while another is in the operation; returns at once.
+    virtual Status GetReadProgress(std::uint64_t* position, std::uint64_t* total) noexcept = 0;
+
+protected:
+    ~IReadProgress() = default;
 };
 
 } // namespace tessaview

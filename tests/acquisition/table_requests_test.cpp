@@ -63,10 +63,10 @@ TEST(TableRequests, tellWhereAnAnswerStands)
               13);
 }
 
-TEST(PmtRequests, nameEveryProgramInThePatsOrder)
+TEST(PmtRequests, nameEveryProgramOnceInThePatsOrder)
 {
     lib13818::Pat pat;
-    pat.parse(test::pat(1, {{0xFFFF, 0x1FFE}, {0, 0x0010}, {1, 0x0100}}));
+    pat.parse(test::pat(1, {{0xFFFF, 0x1FFE}, {0, 0x0010}, {1, 0x0100}, {0xFFFF, 0x1FFE}}));
     EXPECT_EQ(textOf(pmtRequests(pat)), " 1ffe/2/0/ffff 100/2/0/1");
 }
 

@@ -188,6 +188,7 @@ TEST(CaptureDriver, isTunedToTheNearestCableOrTerrestrialCapture)
     driver.file("set/a.ts", streamReceivedBy(1, {cableDelivery({.frequency = 3460000})}));
     driver.file("set/b.ts", streamReceivedBy(2, {cableDelivery({.frequency = 3540000})}));
     driver.file("set/c.ts", streamReceivedBy(3, {terrestrialDelivery(47400000)}));
+    driver.file("set/d.ts", streamReceivedBy(4, {terrestrialDelivery(0xFFFFFFFF)}));
     driver.use({driver.folder() / "set"});
     const struct {
         std::uint32_t frequency;
@@ -195,7 +196,7 @@ TEST(CaptureDriver, isTunedToTheNearestCableOrTerrestrialCapture)
         unsigned stream;
     } cases[] = {{3465000, true, 1},   {3465001, true, 0},   {3535000, true, 2},
                  {47400000, true, 0},  {47450000, false, 3}, {47450001, false, 0},
-                 {47350000, false, 3}, {3460000, false, 0}};
+                 {47350000, false, 3}, {3460000, false, 0},  {0xFFFFFFFF, false, 0}};
     for (const auto& each : cases) {
         const CableTuning cable = cableRecord(each.frequency);
         const TerrestrialTuning terrestrial = terrestrialRecord(each.frequency);
@@ -207,6 +208,50 @@ TEST(CaptureDriver, isTunedToTheNearestCableOrTerrestrialCapture)
             EXPECT_EQ(streamOf(driver), each.stream) << each.frequency;
         }
     }
+    EXPECT_EQ(driver.statusText(),
+              "capture c.ts 474.000 MHz locked (the frequency is not known, so "
+              "there is nothing to tune to)");
+}
+
+TEST(CaptureDriver, isSetToEachOfItsSourcesInTurn)
+{
+    const LoadedDriver driver;
+    const auto sources = driver.as<ISourceList>();
+    std::uint32_t current = 9;
+    EXPECT_EQ(sources->GetCurrentSource(&current), status::kNotReady);
+    driver.use({driver.file("a.ts", streamReceivedBy(1, {})),
+                driver.file("b.ts", streamReceivedBy(2, {}))});
+    std::uint32_t count = 0;
+    EXPECT_EQ(sources->GetSourceCount(&count), status::kOk);
+    EXPECT_EQ(count, 2U);
+    for (const std::uint32_t index : {1U, 0U}) {
+        EXPECT_EQ(sources->SelectSource(index), status::kOk);
+        EXPECT_EQ(sources->GetCurrentSource(&current), status::kOk);
+        EXPECT_EQ(current, index);
+        EXPECT_EQ(streamOf(driver), index + 1);
+    }
+    Bstr name;
+    EXPECT_EQ(sources->GetSourceName(1, name.put()), status::kOk);
+    EXPECT_EQ(name.utf8(), (driver.folder() / "b.ts").string());
+    EXPECT_EQ(sources->SelectSource(2), status::kInvalidArgument);
+    EXPECT_EQ(sources->GetSourceName(2, name.put()), status::kInvalidArgument);
+}
+
+TEST(CaptureDriver, readsNothingWhileItIsInterrupted)
+{
+    const LoadedDriver driver;
+    const fs::path file = driver.file("a.ts", onSatellite(1, 1218700, 0));
+    driver.use({file});
+    const auto interrupt = driver.as<IInterrupt>();
+    const TableRequest wanted = request(0, 0);
+    SectionList list{};
+    EXPECT_EQ(interrupt->SetInterrupted(1), status::kOk);
+    EXPECT_EQ(driver.as<ISectionReader>()->ReadTables(1, &wanted, 30, &list), status::kCancelled);
+    Status used = status::kOk;
+    driver.use({file}, &used);
+    EXPECT_EQ(used, status::kCancelled);
+    EXPECT_EQ(interrupt->SetInterrupted(0), status::kOk);
+    EXPECT_EQ(streamOf(driver), 1U);
 }
 
 TEST(CaptureDriver, refusesNullPointers)

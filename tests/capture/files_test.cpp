@@ -1,4 +1,6 @@
+#include "component/path_text.h"
 #include "drivers/capture/capture_index.h"
+#include "platform/settings.h"
 #include "tests/capture/loaded_driver.h"
 #include "tools/multiplex/descriptors.h"
 #include "tools/multiplex/sections.h"
@@ -101,6 +103,24 @@ TEST(CaptureFiles, ofAFolderAreTakenByNameAndOnlyOnce)
     EXPECT_TRUE(set.problems.empty());
 }
 
+TEST(CaptureFiles, areOpenedAndStoredWhateverTheBytesOfTheirNames)
+{
+    const LoadedDriver driver;
+    for (const char* const name :
+         {"caf\xE9 100%.ts", "file:/\xFF/\xED\xA0\x80.ts", "caf\xC3\xA9.ts"}) {
+        const fs::path file = driver.file(name, stream(1));
+        EXPECT_EQ(tessaview::pathFromText(tessaview::pathText(file)), file);
+        EXPECT_EQ(driver.use({file}), "") << name;
+        EXPECT_TRUE(driver.isLocked());
+        tessaview::Settings(tessaview::defaultSettingsFile())
+            .setTexts("drivers", "captures", {tessaview::pathText(file)});
+        driver.initialize();
+        EXPECT_EQ(driver.read({request(0, 0)}).front().size(), 1U) << name;
+    }
+    for (const char* const text : {"file://a%4", "file://a%zz", "/a%41"})
+        EXPECT_EQ(tessaview::pathFromText(text), text);
+}
+
 TEST(CaptureFiles, areIndexedWithProgressAndUntilAskedToStop)
 {
     const LoadedDriver driver;
@@ -115,8 +135,8 @@ TEST(CaptureFiles, areIndexedWithProgressAndUntilAskedToStop)
             if (done == 2)
                 stop.request_stop();
         },
-        stop.get_token());
-    EXPECT_EQ(steps, (std::vector<std::pair<std::size_t, std::size_t>>{{1, 3}, {2, 3}}));
+        [&] { return stop.stop_requested(); });
+    EXPECT_EQ(steps, (std::vector<std::pair<std::size_t, std::size_t>>{{0, 3}, {1, 3}, {2, 3}}));
     EXPECT_EQ(set.captures.size(), 2U);
 }
 

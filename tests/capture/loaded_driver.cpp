@@ -1,6 +1,7 @@
 #include "tests/capture/loaded_driver.h"
 
 #include "component/bstr.h"
+#include "component/path_text.h"
 #include "component/task_memory.h"
 #include "driver/driver_session.h"
 
@@ -65,7 +66,7 @@ std::string LoadedDriver::use(const std::vector<std::filesystem::path>& paths, S
     std::vector<Bstr> texts;
     std::vector<const char16_t*> pointers;
     for (const auto& path : paths)
-        texts.emplace_back(path.string());
+        texts.emplace_back(std::string_view(pathText(path)));
     for (const Bstr& text : texts)
         pointers.push_back(text.get());
     Bstr problem;

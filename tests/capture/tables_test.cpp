@@ -1,4 +1,5 @@
 #include "drivers/capture/section_answers.h"
+#include "drivers/common/interrupted.h"
 #include "tests/capture/loaded_driver.h"
 #include "tools/multiplex/sections.h"
 #include "tools/multiplex/stream_builder.h"
@@ -224,6 +225,28 @@ TEST(CaptureTables, ofAStreamThatMakesThemUpWithoutEndAreNotAllKept)
     EXPECT_GT(some.lists[0].size(), 100U);
     EXPECT_LT(some.lists[0].size(), 1000U);
     EXPECT_NE(some.problem, "");
+}
+
+TEST(CaptureTables, areReadInBlocksBetweenWhichReadingMayEnd)
+{
+    const TemporaryFolder folder;
+    const Bytes stream = StreamBuilder().nullPackets(20'000).build();
+    writeFile(folder / "a.ts", {reinterpret_cast<const char*>(stream.data()), stream.size()});
+    std::vector<std::uintmax_t> positions;
+    const auto observer = [&](std::uintmax_t position, std::uintmax_t total) {
+        EXPECT_EQ(total, stream.size());
+        positions.push_back(position);
+        if (positions.size() == 3)
+            throw tessaview::Interrupted();
+    };
+    EXPECT_THROW(tessaview::readSections(folder / "a.ts", {{request(kPid, 0x42)}},
+                                         tessaview::kCollectedBytes, observer),
+                 tessaview::Interrupted);
+    ASSERT_EQ(positions.size(), 3U);
+    EXPECT_EQ(positions[0], 0U);
+    EXPECT_GT(positions[1], 0U);
+    EXPECT_GT(positions[2], positions[1]);
+    EXPECT_LT(positions[2], stream.size());
 }
 
 } // namespace

@@ -26,9 +26,10 @@ SettingsDialog::SettingsDialog(CaptureTuner& tuner, QWidget* owner)
     type_->setCurrentIndex(type_->findData(static_cast<int>(now.fallbackType)));
 
     auto* const explanation =
-        new QLabel("Captures whose NIT describes their delivery say themselves what kind of tuner\n"
+        new QLabel("Captures whose NIT describes their delivery say themselves what kind of tuner "
                    "they came from. This is what the others are taken for.",
                    this);
+    explanation->setWordWrap(true);
     auto* const buttons =
         new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);

@@ -17,6 +17,7 @@
 #include <QMessageBox>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScreen>
 
 namespace tessaview {
 
@@ -64,19 +65,19 @@ StreamingDialog::~StreamingDialog() = default;
 
 void StreamingDialog::arrange(const QString& source)
 {
-    auto* const sourceLabel = new QLabel(source, this);
+    auto* const sourceLabel = new QLabel(this);
+    sourceLabel->setWordWrap(true);
+    for (QLabel* const label : {sourceLabel, progress_, message_})
+        label->setTextFormat(Qt::PlainText); // they show names of files
+    sourceLabel->setText(source);
     sourceLabel->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    sourceLabel->setAccessibleName("Stream");
     destination_->setObjectName("destination");
-    destination_->setMinimumWidth(420);
     destination_->setPlaceholderText("the file to write");
     start_->setObjectName("start");
     start_->setDefault(true);
     bar_->setRange(0, kBarSteps);
     bar_->setAccessibleName("Progress of the copy");
-    progress_->setAccessibleName("Size, rate and free space");
     message_->setObjectName("message");
-    message_->setAccessibleName("Outcome");
     message_->setWordWrap(true);
     message_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
 
@@ -96,6 +97,7 @@ void StreamingDialog::arrange(const QString& source)
     layout->addRow(progress_);
     layout->addRow(message_);
     layout->addRow(buttons);
+    resize(std::min(560, screen()->availableSize().width()), sizeHint().height());
 }
 
 void StreamingDialog::browse()
@@ -132,9 +134,12 @@ bool StreamingDialog::mayReplace(const std::filesystem::path& destination)
     std::error_code unknown;
     if (!std::filesystem::is_regular_file(destination, unknown))
         return true;
-    return QMessageBox::question(
-               this, windowTitle(), toQt(destination) + " is there already. Replace it?",
-               QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
+    QMessageBox box(QMessageBox::Question, windowTitle(),
+                    toQt(destination) + " is there already. Replace it?",
+                    QMessageBox::Yes | QMessageBox::No, this);
+    box.setTextFormat(Qt::PlainText);
+    box.setDefaultButton(QMessageBox::No);
+    return box.exec() == QMessageBox::Yes;
 }
 
 void StreamingDialog::start()

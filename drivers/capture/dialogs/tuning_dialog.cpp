@@ -1,5 +1,6 @@
 #include "drivers/capture/dialogs/tuning_dialog.h"
 
+#include "component/path_text.h"
 #include "drivers/capture/capture_tuner.h"
 #include "drivers/capture/status_text.h"
 #include "drivers/capture/stream_copy.h"
@@ -23,15 +24,17 @@
 #include <QMimeData>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScreen>
 #include <QShortcut>
 #include <QTreeView>
+#include <QUrl>
 
 namespace tessaview {
 
 namespace {
 
 constexpr int kSourceRole = Qt::UserRole + 1; // the index of the source it belongs to
-constexpr int kFileRole = Qt::UserRole + 2;   // a capture's file
+constexpr int kFileRole = Qt::UserRole + 2;   // a capture's file, as `pathText`
 
 QList<QStandardItem*> rowOf(const QString& name, const QStringList& more = {})
 {
@@ -59,7 +62,7 @@ QList<QStandardItem*> rowOf(const Capture& capture, const std::filesystem::path&
                      {stream, toQt(tuningText(capture.tuning)), toQt(sizeText(capture.size)), ""});
     row[0]->setCheckable(true);
     row[0]->setCheckState(isCurrent ? Qt::Checked : Qt::Unchecked);
-    row[0]->setData(toQt(capture.file), kFileRole);
+    row[0]->setData(toQt(pathText(capture.file)), kFileRole);
     return row;
 }
 
@@ -124,6 +127,7 @@ void TuningDialog::arrange()
     bar_->setAccessibleName("Progress of looking at captures");
     bar_->hide();
 
+    hint_->setWordWrap(true);
     auto* const label = new QLabel("&Captures; the tuner is set to the one with the check mark:");
     label->setBuddy(view_);
     auto* const layout = new QGridLayout(this);
@@ -136,7 +140,8 @@ void TuningDialog::arrange()
     layout->addWidget(bar_, 5, 1);
     layout->addWidget(buttons_, 6, 0, 1, 2);
     layout->setRowStretch(4, 1);
-    resize(900, 420);
+    const QSize room = screen()->availableSize();
+    resize(std::min(900, room.width() * 9 / 10), std::min(420, room.height() * 9 / 10));
 }
 
 void TuningDialog::fill()
@@ -192,7 +197,7 @@ void TuningDialog::setCurrent(QStandardItem* changed)
 {
     if (isFilling_)
         return;
-    current_ = toPath(changed->data(kFileRole).toString());
+    current_ = pathFromText(changed->data(kFileRole).toString().toStdString());
     isFilling_ = true;
     forEachItem(model_.invisibleRootItem(), [changed](QStandardItem* each) {
         if (each->isCheckable())
@@ -203,8 +208,8 @@ void TuningDialog::setCurrent(QStandardItem* changed)
 
 void TuningDialog::addFiles()
 {
-    addSources(QFileDialog::getOpenFileNames(
-        this, "Add files", QDir::homePath(),
+    addUrls(QFileDialog::getOpenFileUrls(
+        this, "Add files", QUrl::fromLocalFile(QDir::homePath()),
         "Transport streams (*.ts *.m2ts *.mts *.m2t *.trp *.mpg *.mpeg);;All files (*)"));
 }
 
@@ -212,14 +217,25 @@ void TuningDialog::addFolder()
 {
     const QString folder = QFileDialog::getExistingDirectory(this, "Add folder", QDir::homePath());
     if (!folder.isEmpty())
-        addSources({folder});
+        addSources({toPath(folder)});
 }
 
-void TuningDialog::addSources(const QStringList& names)
+void TuningDialog::addUrls(const QList<QUrl>& urls)
+{
+    std::vector<std::filesystem::path> files;
+    for (const QUrl& url : urls)
+        if (url.isLocalFile())
+            files.push_back(toPath(url));
+    addSources(files);
+}
+
+void TuningDialog::addSources(const std::vector<std::filesystem::path>& files)
 {
     std::vector<std::filesystem::path> sources;
-    for (const QString& name : names) {
-        const std::filesystem::path source = toPath(QDir::cleanPath(name));
+    for (const std::filesystem::path& file : files) {
+        std::filesystem::path source = file.lexically_normal();
+        if (source.has_relative_path() && !source.has_filename())
+            source = source.parent_path(); // the same folder with and without a slash behind it
         if (std::find(set_.sources.begin(), set_.sources.end(), source) == set_.sources.end())
             sources.push_back(source);
     }
@@ -250,7 +266,8 @@ void TuningDialog::openSources(const std::vector<std::filesystem::path>& sources
             },
             Qt::QueuedConnection);
     };
-    auto more = std::make_shared<CaptureSet>(openCaptures(sources, progress, stop));
+    auto more = std::make_shared<CaptureSet>(
+        openCaptures(sources, progress, [&stop] { return stop.stop_requested(); }));
     QMetaObject::invokeMethod(
         this, [this, more] { finish(std::move(*more)); }, Qt::QueuedConnection);
 }
@@ -318,11 +335,7 @@ void TuningDialog::dragEnterEvent(QDragEnterEvent* event)
 
 void TuningDialog::dropEvent(QDropEvent* event)
 {
-    QStringList names;
-    for (const QUrl& url : event->mimeData()->urls())
-        if (url.isLocalFile())
-            names << url.toLocalFile();
-    addSources(names);
+    addUrls(event->mimeData()->urls());
 }
 
 } // namespace tessaview

@@ -27,7 +27,7 @@ public:
     void accept() override;
 
     /// Looks at more files and folders, with progress, and adds what they hold.
-    void addSources(const QStringList& names);
+    void addSources(const std::vector<std::filesystem::path>& files);
     void openSources(const std::vector<std::filesystem::path>& sources,
                      const std::stop_token& stop);
 
@@ -39,6 +39,7 @@ private:
     void arrange();
     void fill();
     void addFiles();
+    void addUrls(const QList<QUrl>& urls);
     void addFolder();
     void enableRemove();
     void removeSelected();
