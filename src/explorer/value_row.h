@@ -16,8 +16,7 @@ enum class RowItem : std::uint8_t {
     Pid    ///< it has the menu of a PID
 };
 
-/// The menu that a right click on a PID row opens, by resource id, and its command.
-inline constexpr std::uint16_t kPidMenu = 146;
+/// The command of the menu that a right click on a PID row opens.
 inline constexpr std::uint16_t kPidStreamingCommand = 32794;
 
 /// One row of the value pane.

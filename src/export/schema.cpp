@@ -161,11 +161,6 @@ bool needsIndex(const SchemaKey& foreign)
 
 } // namespace
 
-std::span<const std::string_view> tableNames()
-{
-    return kTables;
-}
-
 std::span<const SchemaRow> columnsOf(std::string_view table)
 {
     const auto isOfTable = [&](const SchemaRow& row) { return row.table == table; };

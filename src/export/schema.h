@@ -34,8 +34,6 @@ struct StoredQuery {
     std::string_view statement;
 };
 
-/// The names of the tables in their order.
-std::span<const std::string_view> tableNames();
 /// The columns of a table in their order.
 std::span<const SchemaRow> columnsOf(std::string_view table);
 

@@ -42,7 +42,7 @@ inline constexpr NotAvailable kNotAvailable; ///< a row that shows "N/A"
 inline constexpr BytesRow kBytesRow;         ///< a row whose bytes show in the hex view
 inline constexpr PidRow kPidRow;             ///< a row with the menu of a PID
 
-/// What one row shows of a `T`: a format, and the member or function that gives what it formats.
+/// One row of a `T`: its name, a format, and the member or function that gives what it formats.
 /// A format that does not fit does not compile.
 template <class T>
 class Field {
@@ -60,20 +60,29 @@ public:
 
     // Implicit: a field list is a list of braces.
     // NOLINTBEGIN(google-explicit-constructor)
-    constexpr Field(NotAvailable /*mark*/) {}
-    constexpr Field(BytesRow /*mark*/, Bytes T::*bytes) : value_(bytes) {}
-    constexpr Field(BytesRow /*mark*/, std::vector<std::uint8_t> (*made)(const T&)) : value_(made)
+    constexpr Field(std::string_view name, NotAvailable /*mark*/) : name_(name) {}
+    constexpr Field(std::string_view name, BytesRow /*mark*/, Bytes T::*bytes)
+        : name_(name)
+        , value_(bytes)
     {
     }
-    constexpr Field(const char* format, int T::*pid, PidRow /*mark*/)
-        : format_(format)
+    constexpr Field(std::string_view name, BytesRow /*mark*/,
+                    std::vector<std::uint8_t> (*made)(const T&))
+        : name_(name)
+        , value_(made)
+    {
+    }
+    constexpr Field(std::string_view name, const char* format, int T::*pid, PidRow /*mark*/)
+        : name_(name)
+        , format_(format)
         , value_(pid)
         , isPid_(true)
     {
         requireFit();
     }
-    constexpr Field(const char* format, Value value, Words words = {})
-        : format_(format)
+    constexpr Field(std::string_view name, const char* format, Value value, Words words = {})
+        : name_(name)
+        , format_(format)
         , value_(value)
         , words_(words)
     {
@@ -89,9 +98,10 @@ public:
         return field;
     }
 
-    /// Everything of the row but its name.
+    /// Makes the row of an object.
     void fill(const NodeView& node, const T& object, ValueRow& row) const
     {
+        row.name = name_;
         std::visit([&](const auto& value) { show(value, node, object, row); }, value_);
         if (remark_)
             row.remark = remark_(object);
@@ -177,6 +187,7 @@ private:
         return registryText(words);
     }
 
+    std::string_view name_;
     const char* format_ = "";
     Value value_ = NotAvailable();
     Words words_ = {};

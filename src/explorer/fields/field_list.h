@@ -5,40 +5,24 @@
 
 #include <array>
 #include <cstddef>
-#include <string_view>
+#include <type_traits>
 #include <vector>
 
 namespace tessaview {
 
-/// The rows of one kind of object: a string id and, for each name of that string, a field.
+/// The rows of one kind of object, in the order in which they are shown.
 template <class T, std::size_t N>
 struct FieldList {
     using Object = T;
 
-    int id;
-    std::array<std::string_view, N> names;
     std::array<Field<T>, N> fields;
 };
 
-/// The field list of a `T`. `names` is cut at every comma; an empty piece gives no name. Another
-/// number of fields than of names does not compile.
+/// The field list of a `T`, given as braces of a name, a format and a member each.
 template <class T, std::size_t N>
-consteval FieldList<T, N> fieldList(int id, std::string_view names, const Field<T> (&fields)[N])
+consteval FieldList<T, N> fieldList(const Field<T> (&fields)[N])
 {
-    FieldList<T, N> list{.id = id, .names = {}, .fields = std::to_array(fields)};
-    std::size_t count = 0;
-    while (!names.empty()) {
-        const std::string_view name = names.substr(0, names.find(','));
-        names.remove_prefix(name.size() < names.size() ? name.size() + 1 : name.size());
-        if (name.empty())
-            continue;
-        if (count == N)
-            throw "a name has no field";
-        list.names[count++] = name;
-    }
-    if (count != N)
-        throw "a field has no name";
-    return list;
+    return {std::to_array(fields)};
 }
 
 /// The filler of the nodes that stand for the object of a list.
@@ -46,11 +30,8 @@ template <const auto& List>
 void fillFrom(const NodeView& node, std::vector<ValueRow>& rows)
 {
     const auto& object = node.data<typename std::remove_cvref_t<decltype(List)>::Object>();
-    for (std::size_t i = 0; i < List.names.size(); ++i) {
-        ValueRow& row = rows.emplace_back();
-        row.name = List.names[i];
-        List.fields[i].fill(node, object, row);
-    }
+    for (const auto& field : List.fields)
+        field.fill(node, object, rows.emplace_back());
 }
 
 } // namespace tessaview

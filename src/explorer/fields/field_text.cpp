@@ -22,7 +22,9 @@ void fillBroadcast(const BroadcastText& broadcast, const NodeView& node, ValueRo
 std::string numberText(const char* format, std::uint32_t number, const char* words)
 {
     const std::string_view text(format);
-    if (text.find("ld") != std::string_view::npos || text.find("lu") != std::string_view::npos)
+    if (text.find("ld") != std::string_view::npos)
+        return formatted(format, static_cast<long>(static_cast<std::int32_t>(number)));
+    if (text.find("lu") != std::string_view::npos)
         return formatted(format, static_cast<unsigned long>(number));
     return formatted(format, number, words);
 }
