@@ -149,10 +149,11 @@ std::vector<std::string> ScanSummary::reasons() const
 {
     std::vector<std::string> reasons;
     for (const auto& [stream, unstored] : unstored_) {
-        std::string place = placeOf(stream);
+        std::string line = placeOf(stream);
         if (stream.transport_stream_id)
-            place += (place.empty() ? "" : " ") + identifier(stream.transport_stream_id);
-        reasons.push_back(place.empty() ? unstored.text : place + ": " + unstored.text);
+            line.append(line.empty() ? "" : " ").append(identifier(stream.transport_stream_id));
+        line.append(line.empty() ? "" : ": ").append(unstored.text);
+        reasons.push_back(std::move(line));
     }
     return reasons;
 }
