@@ -220,12 +220,14 @@ TEST_F(Control, interruptsTheCallThatIsUnderWay)
         test::Lines printed;
     };
     const std::vector<Case> cases{
-        {"ReadTables", {"go on", "ReadTables", "interrupt", "go on"}, {"Reading current NIT"}},
+        {"ReadTables",
+         {"go on", "ReadTables", "interrupt", "go on"},
+         {"Reading current NIT", "Cancelled"}},
         {"SetCableTuning",
          {"go on", "ReadTables", "GetTunerType", "GetCableTuning", "SetCableTuning", "interrupt",
           "go on"},
          {"Reading current NIT", "Read 1 NIT sections", "1 entries in NIT section",
-          "Setting tuner: 346000", "Failed to set tuner"}},
+          "Setting tuner: 346000", "Failed to set tuner", "Cancelled"}},
     };
     const auto control = controller(ScanMode::CurrentNit);
     EXPECT_TRUE(control->openedWithin(1h));

@@ -103,7 +103,7 @@ TEST(CaptureDriver, takesTunerTypeTuningAndStatusFromTheCapture)
 
     driver.use({driver.file("t.ts", streamReceivedBy(3, {terrestrialDelivery(0xFFFFFFFF)}))});
     EXPECT_EQ(driver.tunerType(), 3U);
-    EXPECT_EQ(driver.statusText(), "capture t.ts 42949.673 MHz locked");
+    EXPECT_EQ(driver.statusText(), "capture t.ts locked");
     TerrestrialTuning terrestrial{};
     ASSERT_EQ(driver.as<ISetTuner>()->GetTerrestrialTuning(&terrestrial), status::kOk);
     EXPECT_EQ(terrestrial.centre_frequency, 0xFFFFFFFFU);
