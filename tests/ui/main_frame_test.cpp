@@ -40,9 +40,10 @@ TEST_F(MainFrame, hasTheMenusInTheirOrder)
         titles.push_back(action->text().toStdString());
     EXPECT_EQ(titles, (std::vector<std::string>{"&File", "&Edit", "&View", "&Action", "&Options",
                                                 "Device", "&Help"}));
-    EXPECT_EQ(itemsOf(*menu("&Options")),
-              (std::vector<std::string>{"[General settings...]", "[SI tables...]",
-                                        "[Satellite list manager...]"}));
+    EXPECT_EQ(
+        itemsOf(*menu("&Options")),
+        (std::vector<std::string>{"[General settings...]", "[SI tables...]",
+                                  "[Satellite list manager...]", "-", "Show incomplete streams"}));
     EXPECT_EQ(itemsOf(*menu("Device")),
               (std::vector<std::string>{"Settings...", "Tuning...", "Driver selection..."}));
     EXPECT_EQ(frame->windowTitle(), "Untitled - Tessaview");
