@@ -36,7 +36,10 @@ build=$here/build/release
 (
     cd "$here"
     [ -f "$build/build.ninja" ] || quietly cmake --preset release -DBUILD_TESTING=OFF
-    echo "Building (the first time takes a minute or two)" >&2
+    # Said only when there is so much to build that one wonders.
+    (sleep 3 && echo "Building (the first time takes a minute or two)" >&2) &
+    note=$!
+    trap 'kill "$note" 2>/dev/null || true' EXIT
     quietly cmake --build --preset release --target programs
 )
 [ $# -gt 0 ] || set -- "$build/share/tessaview3/sample.ts"
