@@ -4,6 +4,7 @@
 #include "acquisition/scan_report.h"
 #include "acquisition/section_batch.h"
 #include "acquisition/section_decoding.h"
+#include "acquisition/stream_identity.h"
 #include "acquisition/table_requests.h"
 #include "log/log_file.h"
 #include "log/output.h"
@@ -81,8 +82,6 @@ private:
     void takeOptionalTables();
     template <class Table>
     NeededTables::State stateOf(SiTable table) const;
-    void identify();
-    bool isEmpty() const;
     Reading outcome(ReadOutcome outcome, Status status = status::kOk) const;
     void takePmt(std::size_t answer, const TableRequest& request);
 
@@ -122,7 +121,7 @@ Reading TransponderRead::into(NetworkMap& model)
         return outcome(ReadOutcome::Incomplete);
     if (!transponder_.needed.areThere()) {
         takeOptionalTables();
-        identify();
+        identifyStream(transponder_, original_network_id_);
     }
     if (const Status result = attachTuning(transponder_, driver_); failed(result))
         return outcome(ReadOutcome::TunerFailed, result);
@@ -135,7 +134,7 @@ Reading TransponderRead::into(NetworkMap& model)
     }
     if (const auto end = readPmts())
         return *end;
-    if (isEmpty())
+    if (isEmpty(transponder_))
         return outcome(ReadOutcome::Incomplete);
     const Reading stored = outcome(ReadOutcome::Stored);
     const bool isNew =
@@ -194,60 +193,6 @@ NeededTables::State TransponderRead::stateOf(SiTable table) const
             return NeededTables::State::There;
     return batch_.usable(answer) > 0 ? NeededTables::State::Undecodable
                                      : NeededTables::State::Missing;
-}
-
-/// The first stream of an event table: its original_network_id and transport_stream_id.
-std::optional<std::pair<std::uint32_t, std::uint32_t>> firstStream(const EitMap& events)
-{
-    for (const auto& [network, streams] : events)
-        for (const auto& [stream, services] : streams)
-            return std::pair(network, stream);
-    return std::nullopt;
-}
-
-/// Finds the identifiers of an incomplete stream where else they are told: by the SDT, by the only
-/// entry or the own one of the NIT, by the events of the actual stream.
-void TransponderRead::identify()
-{
-    std::optional<std::uint32_t> stream;
-    if (transponder_.pat.parsed)
-        stream = transponder_.transport_stream_id;
-    for (const auto& [network, streams] : transponder_.sdtActual)
-        if (!stream && !streams.empty())
-            stream = streams.begin()->first;
-    const lib13818::TransportStreamEntry* own = nullptr;
-    std::size_t entries = 0;
-    for (const auto& [network, sections] : transponder_.nitActual)
-        for (const auto& [number, nit] : sections)
-            for (const auto& entry : nit.transportStreams) {
-                ++entries;
-                if (!own && (!stream || sectionKey(entry.transport_stream_id) == *stream))
-                    own = &entry;
-            }
-    auto events = firstStream(transponder_.eitPfActual);
-    if (!events)
-        events = firstStream(transponder_.eitScheduleActual);
-    if (!stream && entries != 1) // then its entry is not known to be its own
-        own = nullptr;
-    if (!original_network_id_ && own)
-        original_network_id_ = sectionKey(own->original_network_id);
-    if (!original_network_id_ && events && (!stream || events->second == *stream))
-        original_network_id_ = events->first;
-    if (!stream && own)
-        stream = sectionKey(own->transport_stream_id);
-    if (!stream && events)
-        stream = events->second;
-    transponder_.transport_stream_id = stream.value_or(kLastIdentifier + 1);
-}
-
-/// Whether no section of any table was decoded.
-bool TransponderRead::isEmpty() const
-{
-    const Transponder& t = transponder_;
-    return !t.pat.parsed && !t.cat.parsed && !t.bat.parsed && !t.rst.parsed && !t.tdt.parsed &&
-           !t.tot.parsed && t.pmts.empty() && t.nitActual.empty() && t.nitOther.empty() &&
-           t.sdtActual.empty() && t.sdtOther.empty() && t.eitPfActual.empty() &&
-           t.eitPfOther.empty() && t.eitScheduleActual.empty() && t.eitScheduleOther.empty();
 }
 
 std::optional<std::size_t> TransponderRead::announce(SiTable table) const
