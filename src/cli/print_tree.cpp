@@ -2,76 +2,92 @@
 
 #include "explorer/value_row.h"
 
+#include <algorithm>
 #include <nlohmann/json.hpp>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace tessaview {
 
 namespace {
 
-void printNode(std::ostream& out, const NodeView& node, bool withValues, std::size_t depth)
-{
-    const std::string indent(2 * depth, ' ');
-    out << indent << node.label() << '\n';
-    if (withValues)
-        for (const ValueRow& row : valueRows(node))
-            out << indent << "    " << row.name << " = " << row.data << '\n';
-    for (std::size_t i = 0; i < node.childCount(); ++i)
-        printNode(out, node.child(i), withValues, depth + 1);
-}
-
-/// A JSON text in quotes.
-std::string jsonText(std::string_view text)
+/// Adds a JSON text in quotes.
+void appendJson(std::string& out, std::string_view text)
 {
     using nlohmann::json;
-    return json(text).dump(-1, ' ', false, json::error_handler_t::replace);
+    // Nearly every text: the library takes a while to find that nothing is to be escaped.
+    const bool isPlain = std::all_of(text.begin(), text.end(), [](char c) {
+        return c >= ' ' && c <= '~' && c != '"' && c != '\\';
+    });
+    if (isPlain)
+        out.append(1, '"').append(text).append(1, '"');
+    else
+        out += json(text).dump(-1, ' ', false, json::error_handler_t::replace);
 }
 
-/// The rows of a node, without the brackets around them.
-std::string jsonRows(const NodeView& node)
+/// Adds a node and, if asked for, its rows: a line each.
+void appendText(std::string& out, const TreeWalk& walk, const std::vector<ValueRow>& rows)
 {
-    std::string json;
-    for (const ValueRow& row : valueRows(node)) {
-        json += json.empty() ? "" : ", ";
-        json += R"({"name": )" + jsonText(row.name) + R"(, "data": )" + jsonText(row.data) + "}";
-    }
-    return json;
+    const std::size_t indent = 2 * walk.depth();
+    out.append(indent, ' ').append(walk.node().label()) += '\n';
+    for (const ValueRow& row : rows)
+        out.append(indent + 4, ' ').append(row.name).append(" = ").append(row.data) += '\n';
 }
 
-/// Written as it goes, so that a tree of any size needs no copy of itself.
-void printJson(std::ostream& out, const NodeView& node, std::size_t depth)
+/// Adds a node as an object, up to its children.
+void appendJson(std::string& out, const TreeWalk& walk, const std::vector<ValueRow>& rows)
 {
-    const std::string indent(2 * depth, ' ');
-    out << indent << R"({"label": )" << jsonText(node.label()) << R"(, "kind": )"
-        << jsonText(node.kind().name) << R"(, "values": [)" << jsonRows(node)
-        << R"(], "children": [)";
-    for (std::size_t i = 0; i < node.childCount(); ++i) {
-        out << (i == 0 ? "\n" : ",\n");
-        printJson(out, node.child(i), depth + 1);
+    out.append(2 * walk.depth(), ' ') += R"({"label": )";
+    appendJson(out, walk.node().label());
+    out += R"(, "kind": )";
+    appendJson(out, walk.node().kind().name);
+    out += R"(, "values": [)";
+    for (const ValueRow& row : rows) {
+        out += &row == rows.data() ? R"({"name": )" : R"(, {"name": )";
+        appendJson(out, row.name);
+        out += R"(, "data": )";
+        appendJson(out, row.data);
+        out += '}';
     }
-    if (node.childCount() > 0)
-        out << '\n' << indent;
-    out << "]}";
+    out += R"(], "children": [)";
+}
+
+/// Ends the objects of the nodes between one of depth `from`, a leaf, and one of depth `to`.
+void endJson(std::string& out, std::size_t from, std::size_t to)
+{
+    out += "]}";
+    for (; from > to; --from)
+        out.append(1, '\n').append(2 * (from - 1), ' ') += "]}";
 }
 
 } // namespace
 
-void printTree(std::ostream& out, const Tree& tree, OutputFormat format)
+void printTree(std::ostream& out, TreeWalk walk, OutputFormat format)
 {
-    switch (format) {
-    case OutputFormat::Tree:
-        printNode(out, tree.root(), false, 0);
-        break;
-    case OutputFormat::Values:
-        printNode(out, tree.root(), true, 0);
-        break;
-    case OutputFormat::Json:
-        printJson(out, tree.root(), 0);
-        out << '\n';
-        break;
-    case OutputFormat::None:
-        break;
+    constexpr std::size_t kBlock = 1 << 16;
+    const bool isJson = format == OutputFormat::Json;
+    std::string text;
+    std::vector<ValueRow> rows;
+    std::size_t depth = 0; // of the node before
+    for (bool isFirst = true; walk.next(); isFirst = false) {
+        if (format != OutputFormat::Tree)
+            fillRows(walk.node(), rows);
+        if (isJson && !isFirst) {
+            if (walk.depth() <= depth)
+                endJson(text, depth, walk.depth());
+            text += walk.depth() > depth ? "\n" : ",\n";
+        }
+        depth = walk.depth();
+        isJson ? appendJson(text, walk, rows) : appendText(text, walk, rows);
+        if (text.size() >= kBlock) {
+            out << text;
+            text.clear();
+        }
     }
+    if (isJson)
+        endJson(text, depth, 0);
+    out << text << (isJson ? "\n" : "");
 }
 
 } // namespace tessaview

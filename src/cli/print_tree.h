@@ -1,14 +1,14 @@
 #pragma once
 
 #include "cli/options.h"
-#include "explorer/tree.h"
+#include "explorer/tree_walk.h"
 
 #include <ostream>
 
 namespace tessaview {
 
-/// Writes the whole tree in the format: a node per line, the same with the rows
-/// under each node, or nested JSON objects.
-void printTree(std::ostream& out, const Tree& tree, OutputFormat format);
+/// Writes all nodes in a format other than None, as it comes by them: a node per line, the same
+/// with the rows under each node, or nested JSON objects.
+void printTree(std::ostream& out, TreeWalk walk, OutputFormat format);
 
 } // namespace tessaview

@@ -50,14 +50,9 @@ NetworkMap& modelOfProcess()
 
 void print(const NetworkMap& model, const Options& options)
 {
-    if (options.format == OutputFormat::None) {
-        logNetworks(model);
-        return;
-    }
-    Tree tree;
-    tree.setCharsetPolicy(options.charsets);
-    tree.rebuild(model);
-    printTree(std::cout, tree, options.format);
+    logNetworks(model);
+    if (options.format != OutputFormat::None)
+        printTree(std::cout, TreeWalk(model, options.charsets), options.format);
 }
 
 } // namespace

@@ -91,10 +91,10 @@ bool TreeSearch::findIn(NodeId id, std::size_t first, std::size_t last)
     if (isForward && isHit(TreePlace::kLabel, node.label()))
         return true;
     if (last > TreePlace::kLabel && node.kind().item == NodeItem::Filled) {
-        const std::vector<ValueRow> rows = valueRows(node);
-        for (std::size_t i = 0; i < rows.size(); ++i) {
-            const std::size_t row = isForward ? i : rows.size() - 1 - i;
-            if (isHit(row + 1, rows[row].data))
+        fillRows(node, rows_);
+        for (std::size_t i = 0; i < rows_.size(); ++i) {
+            const std::size_t row = isForward ? i : rows_.size() - 1 - i;
+            if (isHit(row + 1, rows_[row].data))
                 return true;
         }
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "explorer/tree.h"
+#include "explorer/value_row.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -54,6 +55,7 @@ private:
     std::size_t visited_ = 0;
     bool hasWrapped_ = false;
     TreePlace hit_;
+    std::vector<ValueRow> rows_; ///< of the node looked at, kept for their memory
 };
 
 /// The node that a fully expanded tree shows below a node; the root below the last one.

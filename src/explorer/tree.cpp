@@ -75,7 +75,7 @@ void Children::add(const NodeKind& kind, const void* data)
 {
     if (tree_.nodes_.size() == std::numeric_limits<NodeId>::max())
         throw std::length_error("the tree has more nodes than it can number");
-    tree_.nodes_.push_back({.kind = &kind, .data = data, .parent = parent_, .firstChild = 0});
+    tree_.nodes_.push_back({.kind = &kind, .data = data, .parent = parent_});
 }
 
 void logNetworks(const NetworkMap& model, const void* valuePane)
@@ -91,17 +91,27 @@ void logNetworks(const NetworkMap& model, const void* valuePane)
 
 void Tree::rebuild(const NetworkMap& model, const void* valuePane)
 {
-    clear();
-    nodes_.push_back({.kind = &rootKind(), .data = &model, .parent = 0, .firstChild = 0});
+    plant(model);
     // Breadth first, so that the children of a node stand side by side.
-    for (NodeId id = 0; id < nodes_.size(); ++id) {
-        nodes_[id].firstChild = static_cast<NodeId>(nodes_.size());
-        const NodeView node(*this, id);
-        Children children(*this, id);
-        if (const auto expand = node.kind().expand)
-            expand(node, children);
-    }
+    for (NodeId id = 0; id < nodes_.size(); ++id)
+        expand(id);
     logNetworks(model, valuePane);
+}
+
+void Tree::plant(const NetworkMap& model)
+{
+    clear();
+    nodes_.push_back({.kind = &rootKind(), .data = &model});
+}
+
+void Tree::expand(NodeId id)
+{
+    nodes_[id].firstChild = static_cast<NodeId>(nodes_.size());
+    Children children(*this, id);
+    if (const auto expandKind = nodes_[id].kind->expand)
+        expandKind(NodeView(*this, id), children);
+    if (id + 1U < nodes_.size())
+        nodes_[id + 1U].firstChild = static_cast<NodeId>(nodes_.size());
 }
 
 void Tree::clear()

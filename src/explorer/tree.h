@@ -122,15 +122,24 @@ public:
 private:
     friend class NodeView;
     friend class Children;
+    friend class TreeWalk;
 
     struct Node {
-        const NodeKind* kind;
-        const void* data;
-        NodeId parent;
-        NodeId firstChild; ///< where its children begin, which end where those of the next begin
+        const NodeKind* kind = nullptr;
+        const void* data = nullptr;
+        NodeId parent = 0;
+        NodeId firstChild =
+            0; ///< where its children begin, which end where those of the next begin
     };
 
-    std::vector<Node> nodes_; ///< breadth first
+    /// Begins with nothing but the root.
+    void plant(const NetworkMap& model);
+    /// Adds the children of a node at the end.
+    void expand(NodeId id);
+    /// Takes the children of a node away, which are the last nodes.
+    void cutChildren(NodeId id) { nodes_.resize(nodes_[id].firstChild); }
+
+    std::vector<Node> nodes_; ///< breadth first, or as a walk needs them
     CharsetPolicy charsetPolicy_;
 };
 

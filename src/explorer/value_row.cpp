@@ -1,14 +1,23 @@
 #include "explorer/value_row.h"
 
-#include "explorer/tree.h"
+#include "explorer/node_text.h"
 
 namespace tessaview {
+
+void fillRows(const NodeView& node, std::vector<ValueRow>& rows)
+{
+    rows.clear();
+    if (const auto fill = node.kind().fill)
+        fill(node, rows);
+}
 
 std::vector<ValueRow> valueRows(const NodeView& node)
 {
     std::vector<ValueRow> rows;
-    if (const auto fill = node.kind().fill)
-        fill(node, rows);
+    fillRows(node, rows);
+    for (ValueRow& row : rows)
+        if (row.remark.empty() && !row.broadcast.text.empty())
+            row.remark = charsetRemark(row.broadcast, charsetRuleOf(node));
     return rows;
 }
 

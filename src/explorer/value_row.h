@@ -1,5 +1,7 @@
 #pragma once
 
+#include "charset/display_text.h"
+
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -26,10 +28,14 @@ struct ValueRow {
     RowItem item = RowItem::None;
     std::vector<std::uint8_t> bytes = {}; ///< of a Bytes row, all of them
     int pid = 0;                          ///< of a Pid row
-    std::string remark = {}; ///< for a tooltip: which character table a text was read with, and why
+    BroadcastText broadcast = {}; ///< what the data was read from, if it was; as long as its node
+    /// For a tooltip: which character table a text was read with, and why.
+    std::string remark = {};
 };
 
 /// The rows of a node; none for a node that empties the value pane.
 std::vector<ValueRow> valueRows(const NodeView& node);
+/// The same in place of what is in `rows`, without the remarks on texts: for all nodes at once.
+void fillRows(const NodeView& node, std::vector<ValueRow>& rows);
 
 } // namespace tessaview
