@@ -76,7 +76,7 @@ Status CaptureDriver::SetSatelliteTuning(WindowHandle /*owner*/, const char16_t*
                                          const SatelliteTuning* tuning) noexcept
 {
     return guarded([&] {
-        return tuning ? tuner_.tune(bstrToUtf8(satellite), *tuning) : status::kNullPointer;
+        return tuning ? tuner_.tune(*tuning, bstrToUtf8(satellite)) : status::kNullPointer;
     });
 }
 
@@ -93,14 +93,14 @@ Status CaptureDriver::SetTerrestrialTuning(WindowHandle /*owner*/,
 
 /// The record of a capture. One that carries none has no answer: zeros would be shown and stored
 /// as if it had been received so.
-template <class Tuning>
-Status CaptureDriver::getTuning(const Capture* capture, Tuning* tuning) const
+template <class Record>
+Status CaptureDriver::getTuning(const Capture* capture, Record* tuning) const
 {
     if (!tuning)
         return status::kNullPointer;
     if (!capture)
         return status::kNotReady;
-    const auto* const own = std::get_if<Tuning>(&capture->tuning);
+    const auto* const own = std::get_if<Record>(&capture->tuning);
     if (!own)
         return status::kNotFound;
     *tuning = *own;
@@ -166,7 +166,7 @@ Status CaptureDriver::show(DriverDialog dialog, WindowHandle owner)
 
 Status CaptureDriver::ShowTuningDialog(WindowHandle owner) noexcept
 {
-    return guarded([&] { return show(DriverDialog::Tuning, owner); });
+    return guarded([&] { return show(DriverDialog::Tune, owner); });
 }
 
 Status CaptureDriver::ShowSettingsDialog(WindowHandle owner) noexcept

@@ -71,8 +71,8 @@ private:
     friend Base;
     ~CaptureDriver() = default;
 
-    template <class Tuning>
-    Status getTuning(const Capture* capture, Tuning* tuning) const;
+    template <class Record>
+    Status getTuning(const Capture* capture, Record* tuning) const;
 
     Status show(DriverDialog dialog, WindowHandle owner);
 

@@ -167,7 +167,7 @@ Capture indexCapture(const fs::path& file, const BlockObserver& observer)
         if (intact(section) && !capture.transport_stream_id)
             capture.transport_stream_id = section[3] << 8 | section[4];
     for (const RawSection& section : nit.answer())
-        if (intact(section) && capture.transport_stream_id && capture.tuning.index() == 0)
+        if (intact(section) && capture.transport_stream_id && !isGiven(capture.tuning))
             capture.tuning = deliveryOf(section, *capture.transport_stream_id);
     return capture;
 }

@@ -1,21 +1,17 @@
 #pragma once
 
-#include "driver/tuner_driver.h"
 #include "drivers/capture/packet_file.h"
 #include "drivers/common/interrupted.h"
+#include "tuning/tuning.h"
 
 #include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <optional>
 #include <string>
-#include <variant>
 #include <vector>
 
 namespace tessaview {
-
-/// Under which parameters a capture was received, as far as its own NIT tells.
-using CaptureTuning = std::variant<std::monostate, SatelliteTuning, CableTuning, TerrestrialTuning>;
 
 /// One captured stream and what was found out about it once.
 struct Capture {
@@ -24,7 +20,7 @@ struct Capture {
     std::string satellite;  ///< the folder inside the source that holds it; empty for none
     std::uintmax_t size = 0;
     std::optional<int> transport_stream_id; ///< of its PAT
-    CaptureTuning tuning;
+    Tuning tuning;                          ///< under which it was received, as its NIT tells
 };
 
 /// A file or folder that could not be used, and why.

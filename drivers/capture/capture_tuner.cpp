@@ -14,21 +14,6 @@ constexpr const char* kStoredCaptures = "captures";
 constexpr const char* kStoredCurrent = "capture";
 constexpr const char* kStoredTunerType = "tunertype";
 
-/// The tuner type that a tuning record belongs to.
-std::optional<TunerType> typeOf(const CaptureTuning& tuning)
-{
-    switch (tuning.index()) {
-    case 1:
-        return TunerType::Satellite;
-    case 2:
-        return TunerType::Cable;
-    case 3:
-        return TunerType::Terrestrial;
-    default:
-        return std::nullopt;
-    }
-}
-
 std::optional<std::size_t> indexOf(const CaptureSet& set, const std::filesystem::path& file)
 {
     if (set.captures.empty())
@@ -84,12 +69,11 @@ CaptureSet CaptureTuner::look(const std::vector<std::filesystem::path>& sources)
 
 TunerType TunerState::type() const
 {
-    if (capture())
-        if (const auto own = typeOf(capture()->tuning))
-            return *own;
+    if (capture() && isGiven(capture()->tuning))
+        return typeOf(capture()->tuning);
     for (const Capture& each : set->captures)
-        if (const auto own = typeOf(each.tuning))
-            return *own;
+        if (isGiven(each.tuning))
+            return typeOf(each.tuning);
     return fallbackType;
 }
 
@@ -110,8 +94,7 @@ void CaptureTuner::open(std::string settingsKey)
     use(std::move(set), pathFromText(current.value_or("")));
     const std::lock_guard lock(mutex_);
     state_.problem = std::move(problem);
-    state_.fallbackType =
-        type && *type >= 1 && *type <= 3 ? static_cast<TunerType>(*type) : TunerType::Satellite;
+    state_.fallbackType = tunerTypeOf(type.value_or(0)).value_or(TunerType::Satellite);
     settingsKey_ = std::move(settingsKey);
 }
 
@@ -163,6 +146,16 @@ void CaptureTuner::report(std::string problem)
 {
     const std::lock_guard lock(mutex_);
     state_.problem = std::move(problem);
+}
+
+Status CaptureTuner::tune(const Tuning& wanted, std::string_view satellite)
+{
+    if (isInterrupted_)
+        return status::kCancelled;
+    const TunerState now = state();
+    if (!hasFrequency(wanted))
+        report("the frequency is not known, so there is nothing to tune to");
+    return lockOnto(now, findCapture(now.set->captures, wanted, satellite));
 }
 
 Status CaptureTuner::lockOnto(const TunerState& basis, std::optional<std::size_t> index)

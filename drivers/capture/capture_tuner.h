@@ -59,16 +59,7 @@ public:
 
     /// Sets the tuner to the capture that `findCapture` finds for what is wanted. When there is
     /// none, fails and leaves the tuner as it was; where it names no frequency, that is reported.
-    template <class... Wanted>
-    Status tune(const Wanted&... wanted)
-    {
-        if (isInterrupted_)
-            return status::kCancelled;
-        const TunerState now = state();
-        if (!(isTunable(wanted) && ...))
-            report("the frequency is not known, so there is nothing to tune to");
-        return lockOnto(now, findCapture(now.set->captures, wanted...));
-    }
+    Status tune(const Tuning& wanted, std::string_view satellite = {});
 
     /// Sets the tuner to a capture of the set by its index.
     Status select(std::size_t index);
@@ -80,12 +71,6 @@ public:
 private:
     class Task;
 
-    static bool isTunable(const std::string& /*satellite*/) { return true; }
-    template <class Tuning>
-    static bool isTunable(const Tuning& tuning)
-    {
-        return hasFrequency(tuning);
-    }
     std::string settingsKey() const;
     Status lockOnto(const TunerState& basis, std::optional<std::size_t> index);
 

@@ -8,21 +8,11 @@
 
 namespace tessaview {
 
-/// Whether a tuning names a frequency. A NIT may leave that of a terrestrial stream open, with all
-/// bits set (EN 300 468, 6.2.13.4); 0 is not known either.
-bool hasFrequency(const SatelliteTuning& tuning);
-bool hasFrequency(const CableTuning& tuning);
-bool hasFrequency(const TerrestrialTuning& tuning);
-
 /// The index of the capture whose own parameters are nearest to a tuning, or none when no capture
 /// is near enough: 3 MHz on a satellite, with the same polarization and, where both name one, the
 /// same orbital position; 0.5 MHz on cable and terrestrial. A satellite's name counts only where
 /// a folder of the set has it, whatever its case. A tuning without a frequency fits none.
-std::optional<std::size_t> findCapture(std::span<const Capture> captures,
-                                       std::string_view satellite, const SatelliteTuning& tuning);
-std::optional<std::size_t> findCapture(std::span<const Capture> captures,
-                                       const CableTuning& tuning);
-std::optional<std::size_t> findCapture(std::span<const Capture> captures,
-                                       const TerrestrialTuning& tuning);
+std::optional<std::size_t> findCapture(std::span<const Capture> captures, const Tuning& tuning,
+                                       std::string_view satellite = {});
 
 } // namespace tessaview

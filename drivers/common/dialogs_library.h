@@ -8,7 +8,7 @@
 
 namespace tessaview {
 
-enum class DriverDialog : int { Tuning, Settings, Streaming };
+enum class DriverDialog : int { Tune, Settings, Streaming };
 
 /// The exported function of a library with dialogs: shows one modally over the owner and returns
 /// when it was closed. `tuner` is the tuner of the driver that the library belongs to. Fails where

@@ -27,14 +27,6 @@ constexpr std::array kGuardIntervals{GUARD_INTERVAL_1_32, GUARD_INTERVAL_1_16, G
 constexpr std::array kTransmissionModes{TRANSMISSION_MODE_2K, TRANSMISSION_MODE_8K,
                                         TRANSMISSION_MODE_4K};
 
-// The satellite descriptor's modulation as a tuning record has it: roll_off, modulation_system and
-// modulation_type in five bits.
-constexpr unsigned kModulationType = 0x03;
-constexpr unsigned kModulationSystem = 0x04;
-constexpr unsigned kRollOffShift = 3;
-
-constexpr std::uint32_t kSymbolsPerUnit = 100; // of a symbol rate
-
 template <class Table>
 std::uint32_t valueOf(const Table& table, std::size_t code, std::uint32_t otherwise)
 {
@@ -42,10 +34,10 @@ std::uint32_t valueOf(const Table& table, std::size_t code, std::uint32_t otherw
 }
 
 /// Frequencies and rates come from the air and may be anything.
-std::uint32_t product(std::uint64_t a, std::uint64_t b)
+std::uint32_t narrowed(std::uint64_t value)
 {
     return static_cast<std::uint32_t>(
-        std::min<std::uint64_t>(a * b, std::numeric_limits<std::uint32_t>::max()));
+        std::min<std::uint64_t>(value, std::numeric_limits<std::uint32_t>::max()));
 }
 
 /// Receivers that find the code rate themselves are left to it: what lists and NITs say of it is
@@ -64,7 +56,7 @@ Attempt dvbS(const SatelliteTuning& tuning, const FrontendFacts& facts, std::uin
     const unsigned fec = tuning.FEC_inner == 7 ? 0U : tuning.FEC_inner;
     return {SYS_DVBS,
             {{DTV_FREQUENCY, frequency},
-             {DTV_SYMBOL_RATE, product(tuning.symbol_rate, kSymbolsPerUnit)},
+             {DTV_SYMBOL_RATE, narrowed(symbolRateOf(tuning))},
              {DTV_INNER_FEC, innerFec(fec, facts)},
              {DTV_INVERSION, INVERSION_AUTO},
              {DTV_MODULATION, QPSK}}};
@@ -75,33 +67,36 @@ Attempt dvbS2(const Channel& channel, const SatelliteTuning& tuning, const Front
               std::uint32_t frequency, bool isDescribed)
 {
     const S2Hints& s2 = channel.s2;
-    const unsigned type = tuning.modulation & kModulationType;
+    const auto described = SatelliteModulation::of(tuning);
     const std::size_t modulation = s2.modulation ? static_cast<std::size_t>(*s2.modulation)
-                                   : isDescribed ? type
+                                   : isDescribed ? described.type
                                                  : 0U;
-    const std::uint32_t described =
-        isDescribed ? valueOf(kRollOffs, tuning.modulation >> kRollOffShift, ROLLOFF_AUTO)
-                    : static_cast<std::uint32_t>(ROLLOFF_AUTO);
-    const std::uint32_t rollOff =
-        s2.rollOff ? valueOf(kRollOffs, static_cast<std::size_t>(*s2.rollOff), ROLLOFF_AUTO)
-                   : described;
+    const std::size_t rollOff = s2.rollOff    ? static_cast<std::size_t>(*s2.rollOff)
+                                : isDescribed ? described.rollOff
+                                              : kRollOffs.size();
     const fe_pilot pilot = !s2.pilot ? PILOT_AUTO : *s2.pilot ? PILOT_ON : PILOT_OFF;
     return {SYS_DVBS2,
             {{DTV_FREQUENCY, frequency},
-             {DTV_SYMBOL_RATE, product(tuning.symbol_rate, kSymbolsPerUnit)},
+             {DTV_SYMBOL_RATE, narrowed(symbolRateOf(tuning))},
              {DTV_INNER_FEC, innerFec(tuning.FEC_inner, facts)},
              {DTV_INVERSION, INVERSION_AUTO},
              {DTV_MODULATION, valueOf(kS2Modulations, modulation, PSK_8)},
-             {DTV_ROLLOFF, rollOff},
+             {DTV_ROLLOFF, valueOf(kRollOffs, rollOff, ROLLOFF_AUTO)},
              {DTV_PILOT, pilot},
              {DTV_STREAM_ID,
               s2.streamId ? static_cast<std::uint32_t>(*s2.streamId) : NO_STREAM_ID_FILTER}}};
 }
 
+std::vector<Attempt> attempts(const Channel& /*channel*/, std::monostate /*none*/,
+                              const FrontendFacts& /*facts*/, std::uint32_t /*frequency*/)
+{
+    return {};
+}
+
 std::vector<Attempt> attempts(const Channel& channel, const SatelliteTuning& tuning,
                               const FrontendFacts& facts, std::uint32_t frequency)
 {
-    const bool isS2 = channel.s2.isS2.value_or((tuning.modulation & kModulationSystem) != 0);
+    const bool isS2 = channel.s2.isS2.value_or(SatelliteModulation::of(tuning).isS2);
     std::vector<Attempt> both{dvbS(tuning, facts, frequency),
                               dvbS2(channel, tuning, facts, frequency, isS2)};
     if (isS2)
@@ -122,13 +117,12 @@ std::vector<std::uint32_t> cableModulations(unsigned code, const FrontendFacts& 
 std::vector<Attempt> attempts(const Channel& /*channel*/, const CableTuning& tuning,
                               const FrontendFacts& facts, std::uint32_t /*frequency*/)
 {
-    constexpr std::uint32_t kHertzPerUnit = 100;
     std::vector<Attempt> all;
     for (const auto system : {SYS_DVBC_ANNEX_A, SYS_DVBC_ANNEX_C, SYS_DVBC_ANNEX_B})
         for (const std::uint32_t modulation : cableModulations(tuning.modulation, facts))
             all.push_back({system,
-                           {{DTV_FREQUENCY, product(tuning.frequency, kHertzPerUnit)},
-                            {DTV_SYMBOL_RATE, product(tuning.symbol_rate, kSymbolsPerUnit)},
+                           {{DTV_FREQUENCY, narrowed(frequencyOf(tuning))},
+                            {DTV_SYMBOL_RATE, narrowed(symbolRateOf(tuning))},
                             {DTV_INNER_FEC, innerFec(tuning.FEC_inner, facts)},
                             {DTV_INVERSION, INVERSION_AUTO},
                             {DTV_MODULATION, modulation}}});
@@ -188,8 +182,7 @@ Attempt dvbT2(const Channel& channel, std::uint32_t frequency, std::uint32_t ban
 std::vector<Attempt> attempts(const Channel& channel, const TerrestrialTuning& tuning,
                               const FrontendFacts& facts, std::uint32_t /*frequency*/)
 {
-    constexpr std::uint32_t kHertzPerUnit = 10;
-    const std::uint32_t frequency = product(tuning.centre_frequency, kHertzPerUnit);
+    const std::uint32_t frequency = narrowed(frequencyOf(tuning));
     const std::uint32_t bandwidth = valueOf(kBandwidths, tuning.bandwidth, kBandwidths.front());
     return {dvbT(tuning, facts, frequency, bandwidth), dvbT2(channel, frequency, bandwidth)};
 }

@@ -1,12 +1,11 @@
 #pragma once
 
-#include "driver/tuner_driver.h"
+#include "tuning/tuning.h"
 
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <variant>
 
 namespace tessaview {
 
@@ -24,16 +23,9 @@ struct S2Hints {
 /// What a receiver is tuned to.
 struct Channel {
     std::string satellite; ///< of the satellite list; empty for none, and for other tuners
-    std::variant<SatelliteTuning, CableTuning, TerrestrialTuning> tuning;
+    Tuning tuning;
     S2Hints s2; ///< for a satellite
-
-    TunerType type() const { return static_cast<TunerType>(tuning.index() + 1); }
 };
-
-/// "12187 MHz H", "474 MHz": what an error message calls it.
-std::string channelName(const Channel& channel);
-/// "12187 H 27500", "474 6900", "474": what the status bar calls it (MHz, kS/s).
-std::string channelSummary(const Channel& channel);
 
 /// A channel as the settings keep it.
 std::string storedText(const Channel& channel);

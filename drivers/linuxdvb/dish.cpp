@@ -14,8 +14,8 @@ constexpr unsigned kLowOscillator = 9750;
 constexpr unsigned kHighOscillator = 10600;
 constexpr unsigned kBandEdge = 11700;
 
-constexpr std::uint32_t kUnitsPerMegahertz = 100; // of a tuning record, 10 kHz each
-constexpr std::uint32_t kKilohertzPerUnit = 10;
+constexpr std::uint32_t kUnitsPerMegahertz = kMegahertz / kSatelliteUnit;
+constexpr std::uint32_t kKilohertzPerUnit = kSatelliteUnit / kKilo;
 
 // DiSEqC bus specification: a command from the master, no answer wanted, to any LNB or switch.
 constexpr std::uint8_t kFraming = 0xE0;

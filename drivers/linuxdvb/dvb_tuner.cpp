@@ -185,7 +185,8 @@ Channel DvbTuner::completed(Channel channel) const
     ComPtr<ISatListManager> list;
     {
         const std::lock_guard lock(mutex_);
-        if (channel.type() == TunerType::Satellite && channel.satellite.empty() && state_.channel)
+        if (typeOf(channel.tuning) == TunerType::Satellite && channel.satellite.empty() &&
+            state_.channel)
             channel.satellite = state_.channel->satellite;
         list = list_;
     }

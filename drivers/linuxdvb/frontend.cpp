@@ -1,6 +1,7 @@
 #include "drivers/linuxdvb/frontend.h"
 
 #include "platform/format.h"
+#include "tuning/tuning_text.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -101,7 +102,8 @@ bool Frontend::locksWithin(milliseconds limit, const StopRequested& stop) const
 DeviceError Frontend::noSignal(const Channel& channel, milliseconds waited) const
 {
     return {formatted("%s: no signal at %s within %g s", device_.name().c_str(),
-                      channelName(channel).c_str(), std::chrono::duration<double>(waited).count()),
+                      tuningName(channel.tuning).c_str(),
+                      std::chrono::duration<double>(waited).count()),
             0};
 }
 
@@ -114,7 +116,7 @@ fe_delivery_system Frontend::tune(const Channel& channel, const Dish& dish, mill
         plan = planFor(dish, *satellite);
     const std::vector<Attempt> attempts = attemptsFor(channel, facts_, plan.frequency);
     if (attempts.empty())
-        throw DeviceError(device_.name() + ": no receiver for " + channelName(channel) +
+        throw DeviceError(device_.name() + ": no receiver for " + tuningName(channel.tuning) +
                               "; choose another under Device, Settings...",
                           0);
     if (satellite)

@@ -72,8 +72,8 @@ Status LinuxDvbDriver::SetSatListManager(ISatListManager* manager) noexcept
     });
 }
 
-template <class Tuning>
-Status LinuxDvbDriver::tune(const std::string& satellite, const Tuning* tuning)
+template <class Record>
+Status LinuxDvbDriver::tune(const std::string& satellite, const Record* tuning)
 {
     if (!tuning)
         return status::kNullPointer;
@@ -104,13 +104,13 @@ Status LinuxDvbDriver::SetTerrestrialTuning(WindowHandle /*owner*/,
     return guarded([&] { return tune({}, tuning); });
 }
 
-template <class Tuning>
-Status LinuxDvbDriver::getTuning(Tuning* tuning, std::string* satellite) const
+template <class Record>
+Status LinuxDvbDriver::getTuning(Record* tuning, std::string* satellite) const
 {
     if (!tuning)
         return status::kNullPointer;
     const DvbState now = tuner_.state();
-    const auto* const current = now.channel ? std::get_if<Tuning>(&now.channel->tuning) : nullptr;
+    const auto* const current = now.channel ? std::get_if<Record>(&now.channel->tuning) : nullptr;
     if (!current)
         return status::kNotReady;
     *tuning = *current;
@@ -178,7 +178,7 @@ Status LinuxDvbDriver::show(DriverDialog dialog, WindowHandle owner)
 
 Status LinuxDvbDriver::ShowTuningDialog(WindowHandle owner) noexcept
 {
-    return guarded([&] { return show(DriverDialog::Tuning, owner); });
+    return guarded([&] { return show(DriverDialog::Tune, owner); });
 }
 
 Status LinuxDvbDriver::ShowSettingsDialog(WindowHandle owner) noexcept

@@ -59,10 +59,10 @@ private:
     friend Base;
     ~LinuxDvbDriver() = default;
 
-    template <class Tuning>
-    Status tune(const std::string& satellite, const Tuning* tuning);
-    template <class Tuning>
-    Status getTuning(Tuning* tuning, std::string* satellite = nullptr) const;
+    template <class Record>
+    Status tune(const std::string& satellite, const Record* tuning);
+    template <class Record>
+    Status getTuning(Record* tuning, std::string* satellite = nullptr) const;
     Status show(DriverDialog dialog, WindowHandle owner);
 
     DvbTuner tuner_;

@@ -31,8 +31,7 @@ S2Hints hintsOf(const S2Parameters& s2)
 
 S2Hints listedParameters(ISatListManager* list, const Channel& channel)
 {
-    const auto* const tuning = std::get_if<SatelliteTuning>(&channel.tuning);
-    if (!list || !tuning || channel.satellite.empty())
+    if (!list || typeOf(channel.tuning) != TunerType::Satellite || channel.satellite.empty())
         return {};
     ComPtr<ISatellite> satellite;
     if (failed(getSatellite(*list, Bstr(channel.satellite), satellite)))
@@ -40,8 +39,7 @@ S2Hints listedParameters(ISatListManager* list, const Channel& channel)
     std::vector<TransponderEntry> entries;
     static_cast<void>(readTransponders(*satellite.get(), entries)); // as far as they can be read
     for (const TransponderEntry& entry : entries)
-        if (static_cast<std::uint32_t>(entry.frequency) == tuning->frequency &&
-            entry.polarization == tuning->polarization)
+        if (distanceOf(tuningOf(entry), channel.tuning) == 0)
             return hintsOf(entry.s2);
     return {};
 }

@@ -47,9 +47,7 @@ ReceiverSettings ReceiverStore::settings() const
     ReceiverSettings settings;
     settings.device.adapter = stored.number(key_, kAdapter).value_or(0);
     settings.device.frontend = stored.number(key_, kFrontend).value_or(0);
-    const auto type = stored.number(key_, kTunerType);
-    if (type && *type >= 1 && *type <= 3)
-        settings.type = static_cast<TunerType>(*type);
+    settings.type = tunerTypeOf(stored.number(key_, kTunerType).value_or(0));
     settings.lockLimit = within(stored.number(key_, kLockLimit), settings.lockLimit,
                                 kShortestLockLimit, kLongestLockLimit);
     settings.readCeiling = within(stored.number(key_, kReadCeiling), settings.readCeiling,

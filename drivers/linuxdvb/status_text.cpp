@@ -1,5 +1,7 @@
 #include "drivers/linuxdvb/status_text.h"
 
+#include "tuning/tuning_text.h"
+
 namespace tessaview {
 
 namespace {
@@ -27,7 +29,7 @@ std::string statusText(const DvbState& state, const std::optional<SignalReport>&
         text += " not tuned";
     } else {
         append(text, systemName(*state.system));
-        append(text, channelSummary(*state.channel));
+        append(text, tuningSummary(state.channel->tuning));
         append(text, signal->isLocked() ? "locked" : "no lock");
         append(text, signal->strength.text("dBm"));
         append(text, signal->quality.text("dB"));

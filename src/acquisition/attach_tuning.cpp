@@ -2,9 +2,8 @@
 
 #include "log/log_file.h"
 #include "log/output.h"
-#include "model/tuning.h"
 
-#include <optional>
+#include <utility>
 
 namespace tessaview {
 
@@ -23,67 +22,25 @@ const lib13818::TransportStreamEntry* findStream(const NitMap& networks,
     return nullptr;
 }
 
-/// The first delivery system descriptor of a kind that the NIT has for a transponder.
-template <class Descriptor>
-std::optional<Descriptor> findInNit(const Transponder& transponder)
-{
-    if (const auto* entry = findStream(transponder.nitActual, transponder.transport_stream_id)) {
-        if (auto first = entry->descriptors.template all<Descriptor>().first())
-            return first;
-    }
-    constexpr const char* text = "current TS not found in NIT - using tuner parameters";
-    OutputPrint(text);
-    LogPrint(g_log, log_level::kInformation, text);
-    return std::nullopt;
-}
-
-void attachSatellite(Transponder& transponder, const DriverAccess& driver)
-{
-    SatelliteTuning tuning{};
-    std::string satellite;
-    if (const auto found = findInNit<lib13818::DescriptorSatelliteDeliverySystem>(transponder))
-        transponder.setSatelliteTuning(tuningOf(*found), "");
-    else if (!failed(driver.currentTuning(tuning, satellite)))
-        transponder.setSatelliteTuning(tuning, std::move(satellite));
-}
-
-void attachCable(Transponder& transponder, const DriverAccess& driver)
-{
-    CableTuning tuning{};
-    if (const auto found = findInNit<lib13818::DescriptorCableDeliverySystem>(transponder))
-        transponder.setCableTuning(tuningOf(*found));
-    else if (!failed(driver.currentTuning(tuning)))
-        transponder.setCableTuning(tuning);
-}
-
-void attachTerrestrial(Transponder& transponder, const DriverAccess& driver)
-{
-    TerrestrialTuning tuning{};
-    if (const auto found = findInNit<lib13818::DescriptorTerrestrialDeliverySystem>(transponder))
-        transponder.setTerrestrialTuning(tuningOf(*found));
-    else if (!failed(driver.currentTuning(tuning)))
-        transponder.setTerrestrialTuning(tuning);
-}
-
 } // namespace
 
 Status attachTuning(Transponder& transponder, const DriverAccess& driver)
 {
     TunerType type{};
     const Status result = driver.tunerType(type);
-    if (failed(result))
+    if (failed(result) || !tunerTypeOf(static_cast<std::uint32_t>(type)))
         return result;
-    switch (type) {
-    case TunerType::Satellite:
-        attachSatellite(transponder, driver);
-        break;
-    case TunerType::Cable:
-        attachCable(transponder, driver);
-        break;
-    case TunerType::Terrestrial:
-        attachTerrestrial(transponder, driver);
-        break;
+    TunerSetting setting;
+    if (const auto* entry = findStream(transponder.nitActual, transponder.transport_stream_id))
+        setting.tuning = tuningIn(entry->descriptors, type);
+    if (!setting.isGiven()) {
+        constexpr const char* text = "current TS not found in NIT - using tuner parameters";
+        OutputPrint(text);
+        LogPrint(g_log, log_level::kInformation, text);
+        static_cast<void>(driver.currentSetting(type, setting));
     }
+    transponder.tuning = setting.tuning;
+    transponder.satelliteName = std::move(setting.satellite);
     return result;
 }
 

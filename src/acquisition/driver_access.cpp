@@ -43,45 +43,9 @@ Status DriverAccess::tunerType(TunerType& type) const
     return result;
 }
 
-Status DriverAccess::currentTuning(SatelliteTuning& tuning, std::string& satellite) const
+Status DriverAccess::currentSetting(TunerType type, TunerSetting& setting) const
 {
-    if (!tuner_)
-        return status::kNoInterface;
-    return receivedText(satellite,
-                        [&](char16_t** name) { return tuner_->GetSatelliteTuning(name, &tuning); });
-}
-
-Status DriverAccess::currentTuning(CableTuning& tuning) const
-{
-    return tuner_ ? tuner_->GetCableTuning(&tuning) : status::kNoInterface;
-}
-
-Status DriverAccess::currentTuning(TerrestrialTuning& tuning) const
-{
-    return tuner_ ? tuner_->GetTerrestrialTuning(&tuning) : status::kNoInterface;
-}
-
-TunerSetting DriverAccess::currentSetting(TunerType type) const
-{
-    TunerSetting setting;
-    SatelliteTuning satellite{};
-    CableTuning cable{};
-    TerrestrialTuning terrestrial{};
-    switch (type) {
-    case TunerType::Satellite:
-        if (currentTuning(satellite, setting.satellite) == status::kOk)
-            setting.tuning = satellite;
-        break;
-    case TunerType::Cable:
-        if (currentTuning(cable) == status::kOk)
-            setting.tuning = cable;
-        break;
-    case TunerType::Terrestrial:
-        if (currentTuning(terrestrial) == status::kOk)
-            setting.tuning = terrestrial;
-        break;
-    }
-    return setting;
+    return tuner_ ? getSetting(*tuner_.get(), type, setting) : status::kNoInterface;
 }
 
 std::string DriverAccess::statusText() const
@@ -123,17 +87,7 @@ Status DriverAccess::selectSource(std::uint32_t index) const
 
 Status DriverAccess::tune(WindowHandle owner, const TunerSetting& setting) const
 {
-    if (!tuner_)
-        return status::kNoInterface;
-    if (const auto* satellite = std::get_if<SatelliteTuning>(&setting.tuning)) {
-        const Bstr name{std::string_view(setting.satellite)};
-        return tuner_->SetSatelliteTuning(owner, name.get(), satellite);
-    }
-    if (const auto* cable = std::get_if<CableTuning>(&setting.tuning))
-        return tuner_->SetCableTuning(owner, cable);
-    if (const auto* terrestrial = std::get_if<TerrestrialTuning>(&setting.tuning))
-        return tuner_->SetTerrestrialTuning(owner, terrestrial);
-    return status::kInvalidArgument;
+    return tuner_ ? setTuner(*tuner_.get(), owner, setting) : status::kNoInterface;
 }
 
 } // namespace tessaview

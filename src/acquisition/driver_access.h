@@ -1,9 +1,8 @@
 #pragma once
 
 #include "acquisition/section_batch.h"
-#include "component/bstr.h"
 #include "driver/tuner_driver.h"
-#include "model/transponder.h"
+#include "tuning/tuner_setting.h"
 
 #include <cstdint>
 #include <optional>
@@ -11,14 +10,6 @@
 #include <string>
 
 namespace tessaview {
-
-/// What a tuner can be set to.
-struct TunerSetting {
-    Transponder::Tuning tuning = std::monostate();
-    std::string satellite = {}; ///< UTF-8; only with satellite parameters
-
-    bool isGiven() const { return !std::holds_alternative<std::monostate>(tuning); }
-};
 
 /// The interfaces of a driver that reading and scanning use. One that the driver lacks answers
 /// with a failure.
@@ -31,12 +22,8 @@ public:
 
     Status tunerType(TunerType& type) const;
 
-    /// The tuning as it is now, with the name of the satellite in UTF-8.
-    Status currentTuning(SatelliteTuning& tuning, std::string& satellite) const;
-    Status currentTuning(CableTuning& tuning) const;
-    Status currentTuning(TerrestrialTuning& tuning) const;
-    /// The setting as it is now, to return to; none unless the driver answers exactly zero.
-    TunerSetting currentSetting(TunerType type) const;
+    /// What the tuner is set to now; see `getSetting`.
+    Status currentSetting(TunerType type, TunerSetting& setting) const;
 
     /// The driver's short text about its tuner, UTF-8; empty when it gives none.
     std::string statusText() const;
@@ -49,8 +36,7 @@ public:
     std::string sourceName(std::uint32_t index) const;
     Status selectSource(std::uint32_t index) const;
 
-    /// Sets the tuner; returns when it is set. Without parameters nothing is called. `owner` is
-    /// for windows of the driver.
+    /// Sets the tuner; see `setTuner`.
     Status tune(WindowHandle owner, const TunerSetting& setting) const;
 
 private:

@@ -1,8 +1,8 @@
 #include "acquisition/scan_report.h"
 #include "acquisition/scanner.h"
-#include "acquisition/tuning_choice.h"
 #include "log/output.h"
 #include "satlist/list_access.h"
+#include "tuning/tuning_text.h"
 
 #include <cstddef>
 #include <utility>
@@ -10,23 +10,6 @@
 // The part of a scan that goes by the satellite list.
 
 namespace tessaview {
-
-namespace {
-
-/// The parameters of an entry of the list; it has no others than these four.
-Status readTuning(ISatTransponder& transponder, SatelliteTuning& tuning)
-{
-    TransponderEntry entry;
-    const Status result = readTransponder(transponder, entry);
-    tuning = {};
-    tuning.frequency = static_cast<std::uint32_t>(entry.frequency);
-    tuning.polarization = static_cast<std::uint8_t>(entry.polarization);
-    tuning.symbol_rate = static_cast<std::uint32_t>(entry.symbolRate);
-    tuning.FEC_inner = static_cast<std::uint8_t>(entry.fec);
-    return result;
-}
-
-} // namespace
 
 void Scanner::ScanSatellite()
 {
@@ -93,13 +76,14 @@ Scanner::SatelliteEnd Scanner::scanTransponders(ISatellite& satellite, const std
 
 void Scanner::scanTransponder(ISatTransponder& transponder, const std::string& satellite)
 {
-    SatelliteTuning tuning{};
-    if (failed(readTuning(transponder, tuning))) {
+    TransponderEntry entry;
+    if (failed(readTransponder(transponder, entry))) {
         summary_.add({.satellite = satellite}, UnstoredReason::NoTransponders);
         return;
     }
-    const ScannedStream stream{.satellite = satellite, .frequency = frequencyText(tuning)};
-    if (failed(driver_.tune(context_.owner, {.tuning = tuning, .satellite = satellite})))
+    const TunerSetting setting{.tuning = tuningOf(entry), .satellite = satellite};
+    const ScannedStream stream{.satellite = satellite, .frequency = frequencyText(setting.tuning)};
+    if (failed(driver_.tune(context_.owner, setting)))
         addUntuned(stream);
     else if (!cancelled_ && !ReadNitAndScan(satellite))
         summary_.add(stream, nitProblem());

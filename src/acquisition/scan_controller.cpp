@@ -17,8 +17,9 @@ TunerNow tunerOf(IUnknown* driver)
     now.isTypeKnown = !failed(access.tunerType(now.type));
     if (!now.isSatellite())
         return now;
-    SatelliteTuning tuning{};
-    const Status result = access.currentTuning(tuning, now.satellite);
+    TunerSetting setting;
+    const Status result = access.currentSetting(now.type, setting);
+    now.satellite = setting.satellite;
     if (failed(result))
         LogPrint(g_log, log_level::kInformation, "failed to get current satellite: %#X",
                  statusCode(result));

@@ -4,9 +4,9 @@
 #include "acquisition/section_batch.h"
 #include "acquisition/section_decoding.h"
 #include "acquisition/table_requests.h"
-#include "acquisition/tuning_choice.h"
 #include "log/output.h"
 #include "platform/format.h"
+#include "tuning/tuning_text.h"
 
 #include <utility>
 
@@ -32,20 +32,13 @@ NitMap decodeNits(const SectionBatch& batch)
     return networks;
 }
 
-bool isKnown(TunerType type)
-{
-    return type == TunerType::Satellite || type == TunerType::Cable ||
-           type == TunerType::Terrestrial;
-}
-
 /// Says where the tuner is about to go: MHz for satellites, kHz for cable.
-void announceTuning(const Transponder::Tuning& tuning)
+void announceTuning(const Tuning& tuning)
 {
-    constexpr const char* text = "Setting tuner: %lu";
-    if (const auto* satellite = std::get_if<SatelliteTuning>(&tuning))
-        OutputPrint(text, static_cast<unsigned long>(satellite->frequency / 100));
-    else if (const auto* cable = std::get_if<CableTuning>(&tuning))
-        OutputPrint(text, static_cast<unsigned long>(cable->frequency / 10));
+    if (const TunerType type = typeOf(tuning); type != TunerType::Terrestrial)
+        OutputPrint("Setting tuner: %lu",
+                    static_cast<unsigned long>(frequencyOf(tuning) /
+                                               (type == TunerType::Cable ? kKilo : kMegahertz)));
 }
 
 void reportTuningFailure(TunerType type)
@@ -163,7 +156,9 @@ void Scanner::ScanNetwork(const NitMap& networks, const std::string& satellite)
         summary_.add({.satellite = satellite}, UnstoredReason::TunerFailed);
         return;
     }
-    const TunerSetting before = driver_.currentSetting(type);
+    TunerSetting before; // none unless the driver answers exactly zero
+    if (TunerSetting now; driver_.currentSetting(type, now) == status::kOk)
+        before = std::move(now);
     const NitSections& sections = networks.begin()->second;
     std::size_t number = 0;
     for (const auto& [section_number, nit] : sections) {
@@ -184,7 +179,7 @@ bool Scanner::scanSection(const lib13818::Nit& nit, TunerType type, const std::s
         if (cancelled_)
             return false;
         progress_.reached(ScanLevel::TransportStream, ++number, total);
-        if (!isKnown(type)) {
+        if (!tunerTypeOf(static_cast<std::uint32_t>(type))) {
             summary_.add({.satellite = satellite}, UnstoredReason::UnknownTuner);
             return false;
         }
@@ -196,7 +191,7 @@ bool Scanner::scanSection(const lib13818::Nit& nit, TunerType type, const std::s
 void Scanner::scanEntry(const lib13818::TransportStreamEntry& entry, TunerType type,
                         const std::string& satellite)
 {
-    const TunerSetting setting{.tuning = tuningFor(entry, type), .satellite = satellite};
+    const TunerSetting setting{.tuning = tuningIn(entry.descriptors, type), .satellite = satellite};
     const ScannedStream stream{.satellite = satellite,
                                .original_network_id = sectionKey(entry.original_network_id),
                                .transport_stream_id = sectionKey(entry.transport_stream_id),

@@ -1,13 +1,13 @@
 #include "cli/run_scan.h"
 
 #include "acquisition/scanner.h"
-#include "acquisition/tuning_choice.h"
 #include "cli/complain.h"
 #include "cli/interrupt_key.h"
 #include "cli/progress.h"
 #include "driver/cancellation.h"
 #include "log/log_file.h"
 #include "log/log_line.h"
+#include "tuning/tuning_text.h"
 
 #include <iostream>
 #include <optional>
@@ -27,11 +27,10 @@ TableSelection selectionOf(const Options& options)
 /// the options, else its own, if it has one.
 std::string satelliteOf(const Options& options, const DriverAccess& driver)
 {
-    std::string name = options.satellite;
-    SatelliteTuning tuning{};
-    if (name.empty() && options.mode == ScanMode::CurrentNit)
-        static_cast<void>(driver.currentTuning(tuning, name));
-    return name;
+    TunerSetting setting{.satellite = options.satellite};
+    if (setting.satellite.empty() && options.mode == ScanMode::CurrentNit)
+        static_cast<void>(driver.currentSetting(TunerType::Satellite, setting));
+    return setting.satellite;
 }
 
 /// All captures, where several were given and nothing else was asked for.

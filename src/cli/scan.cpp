@@ -1,6 +1,5 @@
 #include "cli/scan.h"
 
-#include "acquisition/tuning_text.h"
 #include "cli/complain.h"
 #include "cli/export_database.h"
 #include "cli/open_driver.h"
@@ -13,6 +12,7 @@
 #include "platform/paths.h"
 #include "platform/settings.h"
 #include "si/texts/registries.h"
+#include "tuning/parse_tuning.h"
 
 #include <filesystem>
 #include <iostream>

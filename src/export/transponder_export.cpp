@@ -2,9 +2,10 @@
 
 #include "charset/display_text.h"
 #include "export/database_export.h"
-#include "export/tuning_columns.h"
 #include "si/texts/registries.h"
 
+#include <algorithm>
+#include <limits>
 #include <optional>
 #include <set>
 #include <string_view>
@@ -33,6 +34,22 @@ const lib13818::SdtService* findEntry(const Transponder& transponder, int servic
                     return &service;
     }
     return nullptr;
+}
+
+/// Rounded; 0 where the frequency is not known.
+std::int32_t megahertzOf(const Tuning& tuning)
+{
+    return hasFrequency(tuning)
+               ? static_cast<std::int32_t>((frequencyOf(tuning) + kMegahertz / 2) / kMegahertz)
+               : 0;
+}
+
+/// The record's number times 1000, at most the largest there is.
+std::int32_t symbolRateColumn(const Tuning& tuning)
+{
+    constexpr std::uint64_t largest = std::numeric_limits<std::int32_t>::max();
+    return static_cast<std::int32_t>(
+        std::min(symbolRateOf(tuning) / kSymbolRateUnit * 1000, largest));
 }
 
 const lib13818::Pmt* findPmt(const Transponder& transponder, int program_number)
@@ -77,13 +94,14 @@ TransponderExport::TransponderExport(Database& database, const CharsetPolicy& ch
 
 void TransponderExport::write(const Network& network, const Transponder& transponder)
 {
-    const TuningColumns tuning = tuningColumns(transponder);
-    const std::int64_t id = transponders_.add({{"NID", network.original_network_id},
-                                               {"TID", transponder.transport_stream_id},
-                                               {"FREQUENCY", tuning.frequency},
-                                               {"POLARIZATION", tuning.polarization},
-                                               {"SYMBOLRATE", tuning.symbolRate},
-                                               {"FEC", tuning.fec}});
+    const auto* const satellite = std::get_if<SatelliteTuning>(&transponder.tuning);
+    const std::int64_t id =
+        transponders_.add({{"NID", network.original_network_id},
+                           {"TID", transponder.transport_stream_id},
+                           {"FREQUENCY", megahertzOf(transponder.tuning)},
+                           {"POLARIZATION", satellite ? satellite->polarization : 0},
+                           {"SYMBOLRATE", symbolRateColumn(transponder.tuning)},
+                           {"FEC", innerFecOf(transponder.tuning)}});
     writeAccess(emms_, {"TRANSPONDER_ID", id}, transponder.cat.descriptors);
 
     const CharsetRule& charset = charsets_.ruleFor(network.original_network_id);

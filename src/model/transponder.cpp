@@ -2,49 +2,29 @@
 
 #include "platform/format.h"
 #include "si/texts/value_texts.h"
-
-#include <string_view>
-#include <utility>
+#include "tuning/words.h"
 
 namespace tessaview {
 
 namespace {
 
-char polarizationLetter(unsigned polarization)
-{
-    constexpr std::string_view letters = "HVLR";
-    return polarization < letters.size() ? letters[polarization] : 'U';
-}
-
 /// What follows the transport_stream_id.
-struct DeliveryText {
-    const Transponder& transponder;
-
-    std::string operator()(const SatelliteTuning& tuning) const
-    {
-        return formatted("%u%c %s %u", tuning.frequency / 100,
-                         polarizationLetter(tuning.polarization), transponder.fecText.c_str(),
-                         tuning.symbol_rate / 10);
-    }
-    std::string operator()(const CableTuning& tuning) const
-    {
-        return formatted("%u", tuning.frequency / 10);
-    }
-    std::string operator()(const TerrestrialTuning& tuning) const
-    {
-        return formatted("%u", tuning.centre_frequency / 100);
-    }
-    std::string operator()(std::monostate /*unknown*/) const { return "Unknown"; }
-};
+std::string deliveryText(const Tuning& tuning)
+{
+    const auto in = [&](std::uint32_t unit) {
+        return static_cast<unsigned>(frequencyOf(tuning) / unit);
+    };
+    if (!isGiven(tuning))
+        return "Unknown";
+    const auto* const satellite = std::get_if<SatelliteTuning>(&tuning);
+    if (!satellite)
+        return formatted("%u", in(kKilo));
+    return formatted("%u%c %s %u", in(kMegahertz), polarizationLetter(satellite->polarization),
+                     lib13818::fecInnerText(satellite->FEC_inner),
+                     static_cast<unsigned>(symbolRateOf(tuning) / kKilo));
+}
 
 } // namespace
-
-void Transponder::setSatelliteTuning(const SatelliteTuning& record, std::string satellite)
-{
-    fecText = lib13818::fecInnerText(record.FEC_inner);
-    satelliteName = std::move(satellite);
-    tuning_ = record;
-}
 
 bool NeededTables::areThere() const
 {
@@ -73,7 +53,7 @@ std::string transponderText(const Transponder& transponder)
     const bool isNamed = transponder.transport_stream_id <= kLastIdentifier;
     return (isNamed ? formatted("%04X - ", transponder.transport_stream_id)
                     : std::string("No table names it - ")) +
-           std::visit(DeliveryText{transponder}, transponder.tuning());
+           deliveryText(transponder.tuning);
 }
 
 } // namespace tessaview

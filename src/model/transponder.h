@@ -1,6 +1,5 @@
 #pragma once
 
-#include "driver/tuner_driver.h"
 #include "si/bat.h"
 #include "si/cat.h"
 #include "si/eit.h"
@@ -11,12 +10,12 @@
 #include "si/sdt.h"
 #include "si/tdt.h"
 #include "si/tot.h"
+#include "tuning/tuning.h"
 
 #include <cstdint>
 #include <map>
 #include <string>
 #include <type_traits>
-#include <variant>
 #include <vector>
 
 namespace tessaview {
@@ -37,9 +36,6 @@ using EitSections = std::map<std::uint32_t, lib13818::Eit>;
 using EitServices = std::map<std::uint32_t, EitSections>; ///< by service_id
 using EitStreams = std::map<std::uint32_t, EitServices>;  ///< by transport_stream_id
 using EitMap = std::map<std::uint32_t, EitStreams>;       ///< by original_network_id
-
-/// How a transport stream came in.
-enum class DeliverySystem : std::uint32_t { Satellite, Cable, Terrestrial, Unknown };
 
 /// The last transport_stream_id and original_network_id that can be broadcast; the numbers above
 /// stand for streams and networks that no table names.
@@ -66,8 +62,6 @@ struct NeededTables {
 /// Sections are moved in; a transponder can be moved but, large as it may be, not copied.
 class Transponder {
 public:
-    using Tuning = std::variant<SatelliteTuning, CableTuning, TerrestrialTuning, std::monostate>;
-
     Transponder() = default;
     Transponder(const Transponder&) = delete;
     Transponder(Transponder&&) = default;
@@ -92,20 +86,8 @@ public:
     NeededTables needed;                   ///< all there, but in a stream that was asked for
     std::vector<lib13818::Pmt> pmts;       ///< of the programs that answered, in the PAT's order
     std::uint32_t transport_stream_id = 0; ///< the PAT's
-    std::string fecText;                   ///< satellite: the words for FEC_inner
+    Tuning tuning;                         ///< how it came in; none when that is unknown
     std::string satelliteName; ///< satellite, UTF-8: where the driver says it looks, else empty
-
-    /// The satellite's name is UTF-8; empty for parameters that came from a NIT.
-    void setSatelliteTuning(const SatelliteTuning& record, std::string satellite);
-    void setCableTuning(const CableTuning& record) { tuning_ = record; }
-    void setTerrestrialTuning(const TerrestrialTuning& record) { tuning_ = record; }
-
-    /// Unknown until one of the setters was called.
-    DeliverySystem deliverySystem() const { return static_cast<DeliverySystem>(tuning_.index()); }
-    const Tuning& tuning() const { return tuning_; }
-
-private:
-    Tuning tuning_ = std::monostate();
 };
 
 // A growing list of sections must never copy them.

@@ -51,6 +51,16 @@ Status writeS2(ISatTransponder& transponder, const S2Parameters& values)
 
 } // namespace
 
+SatelliteTuning tuningOf(const TransponderEntry& entry)
+{
+    SatelliteTuning tuning{};
+    tuning.frequency = static_cast<std::uint32_t>(entry.frequency);
+    tuning.polarization = static_cast<std::uint8_t>(entry.polarization);
+    tuning.symbol_rate = static_cast<std::uint32_t>(entry.symbolRate);
+    tuning.FEC_inner = static_cast<std::uint8_t>(entry.fec);
+    return tuning;
+}
+
 Status enumSatellites(ISatListManager& manager, bool selectedOnly, ComPtr<IEnumSatellite>& out)
 {
     return received(out, [&](auto** object) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "component/bstr.h"
+#include "driver/tuner_driver.h"
 #include "satlist/satellite_list.h"
 
 #include <string>
@@ -35,6 +36,9 @@ struct TransponderEntry {
 
     friend bool operator==(const TransponderEntry&, const TransponderEntry&) = default;
 };
+
+/// What a tuner is set to for an entry: frequency, polarization, symbol rate and FEC.
+SatelliteTuning tuningOf(const TransponderEntry& entry);
 
 /// The rest of an enumeration, for a range-based for: `for (auto& item : Items(enumerator))`. It
 /// ends at the first answer that yields no item.

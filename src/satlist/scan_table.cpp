@@ -1,6 +1,8 @@
 #include "satlist/scan_table.h"
 
 #include "platform/number.h"
+#include "tuning/tuning.h"
+#include "tuning/words.h"
 
 #include <algorithm>
 #include <array>
@@ -22,31 +24,18 @@ constexpr Range kFrequencies{1'000'000, 100'000'000}; // kHz: 1 to 100 GHz
 constexpr Range kSymbolRates{10'000, 1'000'000'000};  // symbols/s
 constexpr Range kStreamIds{0, 255};
 
-using Word = std::pair<std::string_view, std::int32_t>;
-constexpr std::array<Word, 8> kPolarizations{{{"HORIZONTAL", 0},
-                                              {"H", 0},
-                                              {"VERTICAL", 1},
-                                              {"V", 1},
-                                              {"LEFT", 2},
-                                              {"L", 2},
-                                              {"RIGHT", 3},
-                                              {"R", 3}}};
-// Those of DVB-S2 alone have no value in the list.
-constexpr std::array<Word, 15> kCodeRates{{{"AUTO", 0},
-                                           {"1/2", 1},
-                                           {"2/3", 2},
-                                           {"3/4", 3},
-                                           {"5/6", 4},
-                                           {"7/8", 5},
-                                           {"8/9", 6},
-                                           {"NONE", 7},
-                                           {"1/4", 0},
-                                           {"1/3", 0},
-                                           {"2/5", 0},
-                                           {"3/5", 0},
-                                           {"4/5", 0},
-                                           {"6/7", 0},
-                                           {"9/10", 0}}};
+constexpr std::array<Word, 4> kPolarizations{
+    {{"HORIZONTAL", 0}, {"VERTICAL", 1}, {"LEFT", 2}, {"RIGHT", 3}}};
+// What the list has another value for than the codes have, or none, as for those of DVB-S2 alone.
+constexpr std::array<Word, 9> kCodeRates{{{"AUTO", 0},
+                                          {"NONE", 7},
+                                          {"1/4", 0},
+                                          {"1/3", 0},
+                                          {"2/5", 0},
+                                          {"3/5", 0},
+                                          {"4/5", 0},
+                                          {"6/7", 0},
+                                          {"9/10", 0}}};
 constexpr std::int32_t kNotGiven = ISatTransponderS2::kNotGiven;
 constexpr std::array<Word, 5> kSatelliteSystems{
     {{"DVBS", 0}, {"DVBS2", 1}, {"S", 0}, {"S1", 0}, {"S2", 1}}};
@@ -112,14 +101,16 @@ std::optional<std::int32_t> numberIn(std::string_view text, const Range& range, 
     return static_cast<std::int32_t>(*value / divisor);
 }
 
-template <std::size_t N>
-std::optional<std::int32_t> valueOf(std::string_view word, const std::array<Word, N>& words)
+std::optional<std::int32_t> polarizationOf(std::string_view word)
 {
-    const auto found = std::find_if(words.begin(), words.end(),
-                                    [&](const Word& each) { return each.first == word; });
-    if (found == words.end())
-        return std::nullopt;
-    return found->second;
+    const auto code = codeOf(word, kPolarizations);
+    return code ? code : codeOf(word, kPolarizationWords);
+}
+
+std::optional<std::int32_t> codeRateOf(std::string_view word)
+{
+    const auto own = codeOf(word, kCodeRates);
+    return own ? own : codeOf(word, kCodeRateWords);
 }
 
 /// A value of a channel and where it stands.
@@ -216,7 +207,7 @@ private:
     {
         finishChannel();
         const std::string_view system = nextWord(line);
-        if (!valueOf(system, kSatelliteSystems) &&
+        if (!codeOf(system, kSatelliteSystems) &&
             std::find(kOtherLines.begin(), kOtherLines.end(), system) == kOtherLines.end()) {
             report(line_, quoted(system) + " begins no channel");
             return;
@@ -228,9 +219,9 @@ private:
             if (const std::string_view word = nextWord(line); !word.empty())
                 *property = {word, line_};
         for (auto word = nextWord(line); !word.empty(); word = nextWord(line))
-            if (valueOf(word, kRollOffs))
+            if (codeOf(word, kRollOffs))
                 channel_.rollOff = {word, line_};
-            else if (valueOf(word, kModulations))
+            else if (codeOf(word, kModulations))
                 channel_.modulation = {word, line_};
         finishChannel();
     }
@@ -242,7 +233,7 @@ private:
             return;
         if (!channel.system) {
             report(channel.line, "the channel lacks its DELIVERY_SYSTEM");
-        } else if (!valueOf(channel.system.text, kSatelliteSystems)) {
+        } else if (!codeOf(channel.system.text, kSatelliteSystems)) {
             if (others_++ == 0)
                 firstOther_ = {channel.line, quoted(channel.system.text)};
         } else if (const auto entry = entryOf(channel)) {
@@ -278,9 +269,9 @@ private:
     S2Parameters s2Of(const Channel& channel)
     {
         const auto oneOf = [](const auto& words) {
-            return [&words](std::string_view text) { return valueOf(text, words); };
+            return [&words](std::string_view text) { return codeOf(text, words); };
         };
-        return {.system = *valueOf(channel.system.text, kSatelliteSystems),
+        return {.system = *codeOf(channel.system.text, kSatelliteSystems),
                 .modulation = optionalValue(channel.modulation, "modulation of a satellite",
                                             oneOf(kModulations)),
                 .rollOff = optionalValue(channel.rollOff, "roll-off", oneOf(kRollOffs)),
@@ -292,20 +283,20 @@ private:
 
     std::optional<TransponderEntry> entryOf(const Channel& channel)
     {
-        const auto frequency = valueOfProperty(
-            channel, channel.frequency, "FREQUENCY", "frequency of a satellite in kHz",
-            [](std::string_view text) { return numberIn(text, kFrequencies, 10); });
-        const auto polarization =
-            valueOfProperty(channel, channel.polarization, "POLARIZATION", "polarization",
-                            [](std::string_view text) { return valueOf(text, kPolarizations); });
+        const auto frequency =
+            valueOfProperty(channel, channel.frequency, "FREQUENCY",
+                            "frequency of a satellite in kHz", [](std::string_view text) {
+                                return numberIn(text, kFrequencies, kSatelliteUnit / kKilo);
+                            });
+        const auto polarization = valueOfProperty(channel, channel.polarization, "POLARIZATION",
+                                                  "polarization", polarizationOf);
         const auto symbolRate = valueOfProperty(
             channel, channel.symbolRate, "SYMBOL_RATE", "symbol rate in symbols per second",
-            [](std::string_view text) { return numberIn(text, kSymbolRates, 100); });
+            [](std::string_view text) { return numberIn(text, kSymbolRates, kSymbolRateUnit); });
         std::optional<std::int32_t> codeRate = 0;
         if (channel.codeRate)
             codeRate =
-                valueOfProperty(channel, channel.codeRate, "INNER_FEC", "code rate",
-                                [](std::string_view text) { return valueOf(text, kCodeRates); });
+                valueOfProperty(channel, channel.codeRate, "INNER_FEC", "code rate", codeRateOf);
         if (!frequency || !polarization || !symbolRate || !codeRate)
             return std::nullopt;
         return TransponderEntry{.frequency = *frequency,

@@ -2,28 +2,20 @@
 
 #include "platform/format.h"
 #include "platform/number.h"
+#include "tuning/tuning.h"
+#include "tuning/words.h"
 
 #include <cstdio>
 
 namespace tessaview {
 
-namespace {
-
-char polarizationLetter(std::int32_t polarization)
-{
-    return polarization >= 0 && polarization < 3
-               ? kPolarizationTexts[static_cast<std::size_t>(polarization)][0]
-               : 'R';
-}
-
-} // namespace
-
 std::string transponderLine(const TransponderEntry& entry)
 {
+    const char letter = polarizationLetter(entry.polarization);
     return formatted("%04X %04X %c %lu %c", static_cast<unsigned>(entry.nid),
                      static_cast<unsigned>(entry.tsid), entry.flag > 0 ? 'P' : ' ',
-                     static_cast<unsigned long>(static_cast<std::uint32_t>(entry.frequency)) * 10,
-                     polarizationLetter(entry.polarization));
+                     static_cast<unsigned long>(frequencyOf(tuningOf(entry)) / kKilo),
+                     letter == kNoPolarization ? 'R' : letter);
 }
 
 std::optional<std::pair<std::int32_t, std::int32_t>> keyOfLine(const std::string& line)

@@ -1,39 +1,26 @@
 #include "ui/set_tuner.h"
 
-#include "component/bstr.h"
 #include "log/log_file.h"
-#include "model/tuning.h"
+#include "tuning/tuner_setting.h"
 #include "ui/document.h"
 #include "ui/message.h"
 #include "ui/window_handle.h"
-
-#include <functional>
 
 namespace tessaview {
 
 namespace {
 
-using SetCall = std::function<Status()>;
-
-/// The call that sets a tuner to what a descriptor describes, owning all it needs.
-SetCall setCall(TunerType type, const NodeView& node, const ComPtr<ISetTuner>& tuner,
-                WindowHandle owner)
+/// What a descriptor describes; it names no satellite.
+TunerSetting settingOf(TunerType type, const NodeView& node)
 {
     using namespace lib13818; // NOLINT(google-build-using-namespace): three names of it
     switch (type) {
     case TunerType::Satellite:
-        return [=, record = tuningOf(node.data<DescriptorSatelliteDeliverySystem>())] {
-            const Bstr satellite{std::u16string_view()}; // the descriptor names none
-            return tuner->SetSatelliteTuning(owner, satellite.get(), &record);
-        };
+        return {tuningOf(node.data<DescriptorSatelliteDeliverySystem>())};
     case TunerType::Cable:
-        return [=, record = tuningOf(node.data<DescriptorCableDeliverySystem>())] {
-            return tuner->SetCableTuning(owner, &record);
-        };
+        return {tuningOf(node.data<DescriptorCableDeliverySystem>())};
     case TunerType::Terrestrial:
-        return [=, record = tuningOf(node.data<DescriptorTerrestrialDeliverySystem>())] {
-            return tuner->SetTerrestrialTuning(owner, &record);
-        };
+        return {tuningOf(node.data<DescriptorTerrestrialDeliverySystem>())};
     }
     return {};
 }
@@ -60,9 +47,11 @@ void setTuner(CTessaview3Doc& document, TunerType type, const std::optional<Node
         LogPrint(g_log, log_level::kInformation, "descriptor null");
         return;
     }
-    const auto result =
-        document.driverCall().run(parent, QStringLiteral("Setting the tuner..."),
-                                  setCall(type, *node, tuner, windowHandle(parent)));
+    const auto result = document.driverCall().run(
+        parent, QStringLiteral("Setting the tuner..."),
+        [tuner, owner = windowHandle(parent), setting = settingOf(type, *node)] {
+            return setTuner(*tuner.get(), owner, setting);
+        });
     document.driverMayHaveChanged();
     if (result && failed(*result))
         complain(parent, QStringLiteral("Failed to set tuner"));

@@ -63,6 +63,12 @@ const std::vector<ScanCase> kCases{
      [](Scanning& s) { s.driver->failAt("GetSatelliteTuning", status::kFalse); }},
     {"networkOfCable", kNit, kCable, ""},
     {"networkOfTerrestrial", kNit, otherTuner(3, test::terrestrialDelivery(47400000)), ""},
+    {"networkOfUnknownFrequency", kNit,
+     [](Scanning& s) {
+         otherTuner(3, test::terrestrialDelivery(0xFFFFFFFF))(s);
+         failing("SetTerrestrialTuning")(s);
+     },
+     ""},
     {"networkOfCableSetFails", kNit,
      [](Scanning& s) {
          kCable(s);

@@ -48,7 +48,7 @@ tessaview::NetworkMap mixedModel()
         {test::pat(7, {{5, 0x105}}),
          test::sdt(test::kSdtActual, 7, 2, {{5, {test::service(10, "", "Air")}}})});
     tessaview::Transponder other = test::decodedStream({test::pat(9, {})});
-    other.setSatelliteTuning(test::satelliteRecord(1100000, 2, 220000, 5), "");
+    other.tuning = test::satelliteRecord(1100000, 2, 220000, 5);
     model.store(1, std::move(other));
     return model;
 }

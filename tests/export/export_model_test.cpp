@@ -163,7 +163,7 @@ TEST_F(Export, cutsNamesBehindTheLastCharacterThatFits)
 }
 
 struct TuningCase {
-    Transponder::Tuning tuning;
+    Tuning tuning;
     const char* columns; ///< FREQUENCY, POLARIZATION, SYMBOLRATE, FEC
 };
 
@@ -179,6 +179,7 @@ TEST_F(Export, roundsFrequenciesToMegahertz)
         {cable, "347|0|69000000|15"},
         {test::terrestrialRecord(47'449'999), "474|0|0|0"},
         {test::terrestrialRecord(47'450'000), "475|0|0|0"},
+        {test::terrestrialRecord(UINT32_MAX), "0|0|0|0"}, // not known
         {std::monostate(), "0|0|0|0"},
     };
     std::vector<std::string> expected;
@@ -186,12 +187,7 @@ TEST_F(Export, roundsFrequenciesToMegahertz)
         expected.emplace_back(each.columns);
         Transponder stream =
             test::decodedStream({test::pat(static_cast<unsigned>(expected.size()), {})});
-        if (const auto* satellite = std::get_if<SatelliteTuning>(&each.tuning))
-            stream.setSatelliteTuning(*satellite, "");
-        else if (const auto* cableRecord = std::get_if<CableTuning>(&each.tuning))
-            stream.setCableTuning(*cableRecord);
-        else if (const auto* terrestrial = std::get_if<TerrestrialTuning>(&each.tuning))
-            stream.setTerrestrialTuning(*terrestrial);
+        stream.tuning = each.tuning;
         model.store(1, std::move(stream));
     }
     exportIt();

@@ -14,7 +14,7 @@ void addSatelliteStream(tessaview::NetworkMap& model, unsigned network,
                         const std::vector<Bytes>& sections)
 {
     Transponder stream = decodedStream(sections);
-    stream.setSatelliteTuning(satelliteRecord(1218700, 1, 275000, 3), "");
+    stream.tuning = satelliteRecord(1218700, 1, 275000, 3);
     model.store(network, std::move(stream));
 }
 

@@ -107,9 +107,9 @@ INSTANTIATE_TEST_SUITE_P(
                     "the frequency in its range?"},
         FailureCase{"otherType",
                     [](FakeFrontend&) {},
-                    {"", CableTuning{}, {}},
-                    "adapter0/frontend0: no receiver for 0 MHz; choose another under Device, "
-                    "Settings..."}),
+                    {"", TerrestrialTuning{0xFFFFFFFF, 0, 0, 0, 0, 0, 0, 0, 0}, {}},
+                    "adapter0/frontend0: no receiver for a frequency that is not known; choose "
+                    "another under Device, Settings..."}),
     [](const auto& each) { return each.param.name; });
 
 TEST_F(LinuxDvbTuner, needsNoLineThatTheReceiverDoesNotFeed)

@@ -25,7 +25,6 @@ SatelliteTuning satellite(std::uint8_t modulation, std::uint8_t fec = 3)
     return tuning;
 }
 
-template <class Tuning>
 Channel onAir(const Tuning& tuning, const S2Hints& s2 = {})
 {
     Channel channel;

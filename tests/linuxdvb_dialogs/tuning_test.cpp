@@ -93,7 +93,7 @@ TEST_F(TuningOfReceivers, takesFieldsInTheUnitsOfTheRecords)
         ReceiverSettings settings;
         settings.device = each.device;
         tuner().useAndStore(settings);
-        show(DriverDialog::Tuning, [&](QDialog& dialog) {
+        show(DriverDialog::Tune, [&](QDialog& dialog) {
             each.fill(dialog);
             EXPECT_TRUE(tuneAndWait(dialog));
             EXPECT_THAT(textOf(dialog, "message"), HasSubstr("Locked to "));
@@ -104,14 +104,14 @@ TEST_F(TuningOfReceivers, takesFieldsInTheUnitsOfTheRecords)
             EXPECT_EQ(kernel_.frontends[each.device].tunings.back()[command], value)
                 << each.channel << ": " << command;
         // Shown again, and tuned to as it stands, it is the same channel.
-        show(DriverDialog::Tuning, [&](QDialog& dialog) { EXPECT_TRUE(tuneAndWait(dialog)); });
+        show(DriverDialog::Tune, [&](QDialog& dialog) { EXPECT_TRUE(tuneAndWait(dialog)); });
         EXPECT_EQ(storedText(*tuner().state().channel), each.channel);
     }
 }
 
 TEST_F(TuningOfReceivers, takesATransponderOfTheList)
 {
-    show(DriverDialog::Tuning, [](QDialog& dialog) {
+    show(DriverDialog::Tune, [](QDialog& dialog) {
         auto& transponder = the<QComboBox>(dialog, "transponder");
         EXPECT_FALSE(transponder.isEnabled()) << "no satellite chosen";
         choose(dialog, "satellite", "Hot Bird");
@@ -129,7 +129,7 @@ TEST_F(TuningOfReceivers, takesATransponderOfTheList)
 TEST_F(TuningOfReceivers, showsTheSignalAndCopiesIt)
 {
     tune("Astra");
-    show(DriverDialog::Tuning, [](QDialog& dialog) {
+    show(DriverDialog::Tune, [](QDialog& dialog) {
         EXPECT_TRUE(comesToSay(dialog, "Lock", "locked"));
         EXPECT_EQ(the<QProgressBar>(dialog, "Strength").value(), 71);
         EXPECT_EQ(the<QProgressBar>(dialog, "Quality").value(), 62); // of 20 dB
@@ -148,7 +148,7 @@ TEST_F(TuningOfReceivers, showsTheSignalAndCopiesIt)
 TEST_F(TuningOfReceivers, saysWhyNothingIsReceived)
 {
     kernel_.frontends[{}].receives = receivesNothing;
-    show(DriverDialog::Tuning, [](QDialog& dialog) {
+    show(DriverDialog::Tune, [](QDialog& dialog) {
         EXPECT_TRUE(tuneAndWait(dialog));
         EXPECT_EQ(textOf(dialog, "message"), "Enter the frequency.");
         set(dialog, "frequency", 12187);
@@ -163,7 +163,7 @@ TEST_F(TuningOfReceivers, saysWhyNothingIsReceived)
     });
     kernel_.frontends[{}].isGone = true;
     restart();
-    show(DriverDialog::Tuning, [](QDialog& dialog) {
+    show(DriverDialog::Tune, [](QDialog& dialog) {
         EXPECT_FALSE(the<QPushButton>(dialog, "tune").isEnabled());
         EXPECT_THAT(textOf(dialog, "message"), HasSubstr("no such device; plug it in"));
     });
@@ -172,7 +172,7 @@ TEST_F(TuningOfReceivers, saysWhyNothingIsReceived)
 TEST_F(TuningOfReceivers, isCancelledByEscape)
 {
     kernel_.isTimeStill = true; // it would wait for ever
-    show(DriverDialog::Tuning, [](QDialog& dialog) {
+    show(DriverDialog::Tune, [](QDialog& dialog) {
         set(dialog, "frequency", 12187);
         set(dialog, "symbolRate", 27500);
         press(dialog);

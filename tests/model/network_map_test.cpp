@@ -50,7 +50,7 @@ TEST(TransponderText, namesThePolarizationByItsLetter)
     for (const auto& [polarization, letter] :
          {std::pair(0, 'H'), {1, 'V'}, {2, 'L'}, {3, 'R'}, {4, 'U'}, {255, 'U'}}) {
         Transponder transponder = transponderOf(0xABC);
-        transponder.setSatelliteTuning(test::satelliteRecord(1218799, polarization, 275009, 3), "");
+        transponder.tuning = test::satelliteRecord(1218799, polarization, 275009, 3);
         EXPECT_EQ(transponderText(transponder),
                   std::string("0ABC - 12187") + letter + " 3/4 27500");
     }
@@ -59,20 +59,15 @@ TEST(TransponderText, namesThePolarizationByItsLetter)
 TEST(TransponderText, isWrittenForEveryKindOfTuningAndItsLargestNumbers)
 {
     Transponder transponder = transponderOf(0xFFFF);
-    EXPECT_EQ(transponder.deliverySystem(), DeliverySystem::Unknown);
     EXPECT_EQ(transponderText(transponder), "FFFF - Unknown");
 
-    transponder.setCableTuning(test::cableRecord(0xFFFFFFFF));
-    EXPECT_EQ(transponder.deliverySystem(), DeliverySystem::Cable);
+    transponder.tuning = test::cableRecord(0xFFFFFFFF);
     EXPECT_EQ(transponderText(transponder), "FFFF - 429496729");
 
-    transponder.setTerrestrialTuning(test::terrestrialRecord(0xFFFFFFFF));
-    EXPECT_EQ(transponder.deliverySystem(), DeliverySystem::Terrestrial);
+    transponder.tuning = test::terrestrialRecord(0xFFFFFFFF);
     EXPECT_EQ(transponderText(transponder), "FFFF - 42949672");
 
-    transponder.setSatelliteTuning(test::satelliteRecord(0xFFFFFFFF, 0, 0xFFFFFFFF, 255),
-                                   "Nowhere");
-    EXPECT_EQ(transponder.deliverySystem(), DeliverySystem::Satellite);
+    transponder.tuning = test::satelliteRecord(0xFFFFFFFF, 0, 0xFFFFFFFF, 255);
     EXPECT_EQ(transponderText(transponder), "FFFF - 42949672H reserved 429496729");
 }
 

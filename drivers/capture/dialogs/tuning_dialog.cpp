@@ -2,10 +2,10 @@
 
 #include "component/path_text.h"
 #include "drivers/capture/capture_tuner.h"
-#include "drivers/capture/status_text.h"
 #include "drivers/capture/stream_copy.h"
 #include "drivers/common/dialogs/qt_text.h"
 #include "platform/settings.h"
+#include "tuning/tuning_text.h"
 
 #include <algorithm>
 #include <memory>
@@ -58,8 +58,8 @@ QList<QStandardItem*> rowOf(const Capture& capture, const std::filesystem::path&
     const QString stream = capture.transport_stream_id
                                ? QString::asprintf("%04X", *capture.transport_stream_id)
                                : QString("no PAT");
-    auto row = rowOf(nameOf(capture.file, source),
-                     {stream, toQt(tuningText(capture.tuning)), toQt(sizeText(capture.size)), ""});
+    auto row = rowOf(nameOf(capture.file, source), {stream, toQt(parametersText(capture.tuning)),
+                                                    toQt(sizeText(capture.size)), ""});
     row[0]->setCheckable(true);
     row[0]->setCheckState(isCurrent ? Qt::Checked : Qt::Unchecked);
     row[0]->setData(toQt(pathText(capture.file)), kFileRole);

@@ -32,7 +32,7 @@ Status showDialogOf(Tuner* tuner, DriverDialog dialog, WindowHandle owner)
         }
         QWidget* const window = QWidget::find(reinterpret_cast<WId>(owner));
         switch (dialog) {
-        case DriverDialog::Tuning:
+        case DriverDialog::Tune:
             TuningDialog(*tuner, window).exec();
             return status::kOk;
         case DriverDialog::Settings:

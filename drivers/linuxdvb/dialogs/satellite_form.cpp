@@ -4,6 +4,7 @@
 #include "drivers/linuxdvb/dialogs/form_fields.h"
 #include "drivers/linuxdvb/dialogs/value_box.h"
 #include "drivers/linuxdvb/dvb_tuner.h"
+#include "tuning/tuning_text.h"
 
 #include <QComboBox>
 #include <QGridLayout>
@@ -13,32 +14,20 @@ namespace tessaview {
 
 namespace {
 
-// The modulation of a satellite delivery system descriptor as a tuning record has it.
-constexpr unsigned kModulationType = 0x03;
-constexpr unsigned kIsS2 = 0x04;
-constexpr unsigned kRollOffShift = 3;
-constexpr int kReservedRollOff = 3;
+constexpr unsigned kReservedRollOff = 3;
 
 /// What a tuning record itself tells of DVB-S2, where nothing else does.
 S2Hints describedIn(const SatelliteTuning& tuning)
 {
-    if ((tuning.modulation & kIsS2) == 0)
+    const auto described = SatelliteModulation::of(tuning);
+    if (!described.isS2)
         return {};
     S2Hints s2{.isS2 = true, .modulation = {}, .rollOff = {}, .pilot = {}, .streamId = {}};
-    if (const unsigned type = tuning.modulation & kModulationType; type > 0)
-        s2.modulation = static_cast<int>(type);
-    if (const int rollOff = tuning.modulation >> kRollOffShift; rollOff < kReservedRollOff)
-        s2.rollOff = rollOff;
+    if (described.type > 0)
+        s2.modulation = static_cast<int>(described.type);
+    if (described.rollOff < kReservedRollOff)
+        s2.rollOff = static_cast<int>(described.rollOff);
     return s2;
-}
-
-SatelliteTuning tuningOf(const TransponderEntry& entry)
-{
-    SatelliteTuning tuning{};
-    tuning.frequency = static_cast<std::uint32_t>(entry.frequency);
-    tuning.polarization = static_cast<std::uint8_t>(entry.polarization);
-    tuning.symbol_rate = static_cast<std::uint32_t>(entry.symbolRate);
-    return tuning;
 }
 
 template <class Value>
@@ -110,7 +99,7 @@ void SatelliteForm::listTransponders()
     for (const TransponderEntry& entry : tuner_.transponders(satellite())) {
         const SatelliteTuning tuning = tuningOf(entry);
         transponders_.push_back(tuning);
-        transponder_->addItem(toQt(channelSummary({.satellite = {}, .tuning = tuning, .s2 = {}})));
+        transponder_->addItem(toQt(tuningSummary(tuning)));
     }
     transponder_->setEnabled(!transponders_.empty());
 }

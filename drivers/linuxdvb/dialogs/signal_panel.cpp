@@ -3,6 +3,7 @@
 #include "drivers/common/dialogs/qt_text.h"
 #include "drivers/linuxdvb/dialogs/parts.h"
 #include "platform/format.h"
+#include "tuning/tuning_text.h"
 
 #include <algorithm>
 
@@ -62,7 +63,7 @@ QString channelText(const DvbState& state)
     if (!state.channel)
         return "none";
     QString text = state.system ? QString(systemName(*state.system)) + " " : QString();
-    text += toQt(channelSummary(*state.channel));
+    text += toQt(tuningSummary(state.channel->tuning));
     if (!state.channel->satellite.empty())
         text += ", " + toQt(state.channel->satellite);
     return state.system ? text : text + " (not received)";

@@ -4,6 +4,7 @@
 #include "drivers/linuxdvb/dialogs/channel_form.h"
 #include "drivers/linuxdvb/dialogs/parts.h"
 #include "drivers/linuxdvb/dialogs/signal_panel.h"
+#include "tuning/tuning_text.h"
 
 #include <system_error>
 
@@ -118,7 +119,7 @@ void TuningDialog::tune()
     tune_->setText("&Cancel");
     tune_->setAccessibleName("Cancel");
     tune_->setFocus();
-    setMessage(message_, "Tuning to " + toQt(channelName(form_->channel())) + "...");
+    setMessage(message_, "Tuning to " + toQt(tuningName(form_->channel().tuning)) + "...");
 }
 
 /// Tunes, on any thread.
@@ -126,7 +127,7 @@ QString TuningDialog::outcomeOf(const Channel& channel, const std::stop_token& s
 {
     try {
         tuner_.tune(channel, [&stop] { return stop.stop_requested(); });
-        return "Locked to " + toQt(channelName(channel)) + ".";
+        return "Locked to " + toQt(tuningName(channel.tuning)) + ".";
     } catch (const Interrupted&) {
         return "Cancelled.";
     } catch (const std::exception& e) {

@@ -2,6 +2,7 @@
 
 #include "platform/format.h"
 #include "satlist/transponder_text.h"
+#include "tuning/tuning.h"
 #include "ui/message.h"
 #include "ui/satlist/list_dialog_parts.h"
 #include "ui/text.h"
@@ -189,9 +190,10 @@ std::optional<TransponderEntry> TransponderListDialog::typedEntry()
         return std::nullopt;
     return TransponderEntry{.nid = *nid,
                             .tsid = *tsid,
-                            .frequency = static_cast<std::int32_t>(*frequency / 10),
+                            .frequency =
+                                static_cast<std::int32_t>(*frequency / (kSatelliteUnit / kKilo)),
                             .polarization = polarization_->currentIndex(),
-                            .symbolRate = static_cast<std::int32_t>(*symbolRate / 100),
+                            .symbolRate = static_cast<std::int32_t>(*symbolRate / kSymbolRateUnit),
                             .fec = fec_->currentIndex(),
                             .flag = 1};
 }

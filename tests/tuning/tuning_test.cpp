@@ -1,4 +1,4 @@
-#include "model/tuning.h"
+#include "tuning/tuning.h"
 
 #include "tests/support/bytes.h"
 

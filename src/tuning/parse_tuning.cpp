@@ -1,6 +1,7 @@
-#include "acquisition/tuning_text.h"
+#include "tuning/parse_tuning.h"
 
 #include "platform/format.h"
+#include "tuning/words.h"
 
 #include <array>
 #include <charconv>
@@ -18,40 +19,19 @@ namespace {
 struct Quantity {
     const char* name;
     const char* unit;
+    double perUnit; ///< Hz or symbols/s
     double least;
     double most;
 };
-constexpr Quantity kSatelliteFrequency{"frequency", "MHz", 500, 50'000};
-constexpr Quantity kGroundFrequency{"frequency", "MHz", 1, 5'000};
-constexpr Quantity kSymbolRate{"symbol rate", "kS/s", 100, 100'000};
-
-/// A word that stands for a code.
-struct Word {
-    const char* text;
-    std::uint8_t code;
-};
-constexpr std::array<Word, 4> kPolarizations{{{"H", 0}, {"V", 1}, {"L", 2}, {"R", 3}}};
-constexpr std::array<Word, 9> kCodeRates{{{"1/2", 1},
-                                          {"2/3", 2},
-                                          {"3/4", 3},
-                                          {"5/6", 4},
-                                          {"7/8", 5},
-                                          {"8/9", 6},
-                                          {"3/5", 7},
-                                          {"4/5", 8},
-                                          {"9/10", 9}}};
-constexpr std::array<Word, 2> kSystems{{{"S", 0}, {"S2", 1}}};
-constexpr std::array<Word, 2> kModulations{{{"QPSK", 1}, {"8PSK", 2}}};
-constexpr std::array<Word, 3> kRollOffs{{{"0.35", 0}, {"0.25", 1}, {"0.20", 2}}};
-constexpr std::array<Word, 5> kCableModulations{
-    {{"16QAM", 1}, {"32QAM", 2}, {"64QAM", 3}, {"128QAM", 4}, {"256QAM", 5}}};
-constexpr std::array<Word, 4> kBandwidths{{{"8", 0}, {"7", 1}, {"6", 2}, {"5", 3}}};
+constexpr Quantity kSatelliteFrequency{"frequency", "MHz", kMegahertz, 500, 50'000};
+constexpr Quantity kGroundFrequency{"frequency", "MHz", kMegahertz, 1, 5'000};
+constexpr Quantity kSymbolRate{"symbol rate", "kS/s", kKilo, 100, 100'000};
 
 /// A word that may be left out.
 struct Choice {
     const char* name;
     std::span<const Word> words;
-    std::optional<std::uint8_t> code = {};
+    std::optional<std::int32_t> code = {};
 };
 
 std::vector<std::string> wordsOf(std::string_view text)
@@ -64,14 +44,6 @@ std::vector<std::string> wordsOf(std::string_view text)
             words.back() += c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
     std::erase(words, "");
     return words;
-}
-
-std::optional<std::uint8_t> codeOf(const std::string& word, std::span<const Word> words)
-{
-    for (const Word& each : words)
-        if (word == each.text)
-            return each.code;
-    return std::nullopt;
 }
 
 std::string listOf(std::span<const Word> words)
@@ -87,8 +59,8 @@ class WordReader {
 public:
     explicit WordReader(std::string_view text) : words_(wordsOf(text)) {}
 
-    /// A number that has to be there, in units of which one of the quantity's holds `scale`.
-    std::uint32_t number(const Quantity& quantity, unsigned scale)
+    /// A number that has to be there, in a record's units.
+    std::uint32_t number(const Quantity& quantity, std::uint32_t unit)
     {
         const std::string word = next(quantity.name);
         double value = 0;
@@ -102,7 +74,7 @@ public:
                                  quantity.least, quantity.most, quantity.unit);
             return 0;
         }
-        return static_cast<std::uint32_t>(std::llround(value * scale));
+        return static_cast<std::uint32_t>(std::llround(value * (quantity.perUnit / unit)));
     }
 
     /// A word that has to be there.
@@ -112,7 +84,7 @@ public:
         const auto code = codeOf(word, words);
         if (!code && problem_.empty())
             problem_ = "'" + word + "' is no " + name + ": " + listOf(words);
-        return code.value_or(0);
+        return static_cast<std::uint8_t>(code.value_or(0));
     }
 
     /// The rest of the words, each of them one of another choice.
@@ -154,53 +126,60 @@ private:
     std::string problem_;
 };
 
+/// The code of a word that was given, else 0.
+std::uint8_t codeIn(const Choice& choice)
+{
+    return static_cast<std::uint8_t>(choice.code.value_or(0));
+}
+
 SatelliteTuning satelliteTuning(WordReader& reader)
 {
     SatelliteTuning tuning{};
-    tuning.frequency = reader.number(kSatelliteFrequency, 100);
-    tuning.polarization = reader.word("polarization", kPolarizations);
-    tuning.symbol_rate = reader.number(kSymbolRate, 10);
-    std::array<Choice, 4> choices{{{"code rate", kCodeRates},
-                                   {"system", kSystems},
-                                   {"modulation", kModulations},
-                                   {"roll-off", kRollOffs}}};
+    tuning.frequency = reader.number(kSatelliteFrequency, kSatelliteUnit);
+    tuning.polarization = reader.word("polarization", kPolarizationWords);
+    tuning.symbol_rate = reader.number(kSymbolRate, kSymbolRateUnit);
+    std::array<Choice, 4> choices{{{"code rate", kCodeRateWords},
+                                   {"system", kSystemWords},
+                                   {"modulation", kModulationWords},
+                                   {"roll-off", kRollOffWords}}};
     reader.rest(choices);
     const auto& [codeRate, system, modulation, rollOff] = choices;
-    tuning.FEC_inner = codeRate.code.value_or(0);
+    tuning.FEC_inner = codeIn(codeRate);
     const bool needsS2 = rollOff.code || modulation.code == 2;
-    tuning.modulation = static_cast<std::uint8_t>(rollOff.code.value_or(0) << 3U |
-                                                  system.code.value_or(needsS2 ? 1 : 0) << 2U |
-                                                  modulation.code.value_or(0));
+    tuning.modulation = SatelliteModulation{.type = codeIn(modulation),
+                                            .isS2 = system.code.value_or(needsS2 ? 1 : 0) != 0,
+                                            .rollOff = codeIn(rollOff)}
+                            .code();
     return tuning;
 }
 
 CableTuning cableTuning(WordReader& reader)
 {
     CableTuning tuning{};
-    tuning.frequency = reader.number(kGroundFrequency, 10'000);
-    tuning.symbol_rate = reader.number(kSymbolRate, 10);
-    std::array<Choice, 1> modulation{{{"modulation", kCableModulations}}};
+    tuning.frequency = reader.number(kGroundFrequency, kCableUnit);
+    tuning.symbol_rate = reader.number(kSymbolRate, kSymbolRateUnit);
+    std::array<Choice, 1> modulation{{{"modulation", kCableModulationWords}}};
     reader.rest(modulation);
-    tuning.modulation = modulation[0].code.value_or(0);
+    tuning.modulation = codeIn(modulation[0]);
     return tuning;
 }
 
 TerrestrialTuning terrestrialTuning(WordReader& reader)
 {
     TerrestrialTuning tuning{};
-    tuning.centre_frequency = reader.number(kGroundFrequency, 100'000);
-    std::array<Choice, 1> bandwidth{{{"bandwidth in MHz", kBandwidths}}};
+    tuning.centre_frequency = reader.number(kGroundFrequency, kTerrestrialUnit);
+    std::array<Choice, 1> bandwidth{{{"bandwidth in MHz", kBandwidthWords}}};
     reader.rest(bandwidth);
-    tuning.bandwidth = bandwidth[0].code.value_or(0);
+    tuning.bandwidth = codeIn(bandwidth[0]);
     return tuning;
 }
 
 } // namespace
 
-Transponder::Tuning parseTuning(TunerType type, std::string_view text, std::string& problem)
+Tuning parseTuning(TunerType type, std::string_view text, std::string& problem)
 {
     WordReader reader(text);
-    Transponder::Tuning tuning = std::monostate();
+    Tuning tuning;
     const char* form = "";
     switch (type) {
     case TunerType::Satellite:
@@ -224,7 +203,7 @@ Transponder::Tuning parseTuning(TunerType type, std::string_view text, std::stri
     if (problem.empty())
         return tuning;
     problem.append("\n").append(form);
-    return std::monostate();
+    return {};
 }
 
 } // namespace tessaview

@@ -1,4 +1,4 @@
-#include "acquisition/tuning_text.h"
+#include "tuning/parse_tuning.h"
 
 #include "platform/format.h"
 #include "tests/support/worked_cases.h"
@@ -10,7 +10,7 @@ namespace {
 using namespace tessaview; // NOLINT(google-build-using-namespace)
 
 /// The fields that people can give, in the order of the record.
-std::string fieldsOf(const Transponder::Tuning& tuning)
+std::string fieldsOf(const Tuning& tuning)
 {
     if (const auto* s = std::get_if<SatelliteTuning>(&tuning))
         return formatted("%u %d 0x%02X %u %d", s->frequency, s->polarization, s->modulation,
@@ -28,7 +28,7 @@ TEST(TuningText, givesTheCodesOfTheRecordsOrSaysWhatIsWrong)
                                                  {"cable", TunerType::Cable},
                                                  {"terrestrial", TunerType::Terrestrial},
                                                  {"unknown", static_cast<TunerType>(4)}};
-    test::expectWorked("acquisition/tunings.txt", [&](const std::string& input) {
+    test::expectWorked("tuning/tunings.txt", [&](const std::string& input) {
         const std::size_t colon = input.find(':');
         std::string problem = "old";
         const auto tuning =

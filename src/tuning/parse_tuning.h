@@ -1,7 +1,6 @@
 #pragma once
 
-#include "driver/tuner_driver.h"
-#include "model/transponder.h"
+#include "tuning/tuning.h"
 
 #include <string>
 #include <string_view>
@@ -22,6 +21,6 @@ namespace tessaview {
 /// Terrestrial: "474 8": frequency in MHz; bandwidth in MHz.
 ///
 /// Nothing is given for a text that is not understood; `problem` then says why, with an example.
-Transponder::Tuning parseTuning(TunerType type, std::string_view text, std::string& problem);
+Tuning parseTuning(TunerType type, std::string_view text, std::string& problem);
 
 } // namespace tessaview
