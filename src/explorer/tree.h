@@ -128,8 +128,8 @@ private:
         const NodeKind* kind = nullptr;
         const void* data = nullptr;
         NodeId parent = 0;
-        NodeId firstChild =
-            0; ///< where its children begin, which end where those of the next begin
+        /// Where its children begin, which end where those of the next begin.
+        NodeId firstChild = 0;
     };
 
     /// Begins with nothing but the root.
