@@ -4,8 +4,8 @@
 #include "ui/message.h"
 #include "ui/text.h"
 
+#include <algorithm>
 #include <utility>
-#include <vector>
 
 #include <QCheckBox>
 #include <QDialogButtonBox>
@@ -18,37 +18,38 @@ namespace tessaview {
 
 namespace {
 
-/// A frame with its label and its tables from the top, and its place in the dialog.
+using namespace si_table;
+
+/// A frame with its label and its tables from the top, 0 for none, and its place in the dialog.
 struct Group {
     const char* label;
-    std::vector<SiTableMask> tables;
+    std::array<SiTableMask, 4> tables;
     int row;
     int column;
     int columns = 1;
 };
 
 // clang-format off
-const std::vector<Group>& groups()
-{
-    using namespace si_table;
-    static const std::vector<Group> list{
-        {"PID 0x00, 0x01, 0x13 && PMT's", {kPat, kCat, kPmt, kRst}, 0, 0},
-        {"PID 0x11", {kSdtActual, kSdtOther, kBat}, 0, 1},
-        {"PID 0x14", {kTdt, kTot}, 1, 0},
-        {"PID 0x10", {kNitActual, kNitOther}, 1, 1},
-        {"PID 0x11", {kEitPfActual, kEitPfOther, kEitScheduleActual, kEitScheduleOther}, 2, 0, 2},
-    };
-    return list;
-}
+constexpr std::array kGroups{
+    Group{"PID 0x00, 0x01, 0x13 && PMT's", {kPat, kCat, kPmt, kRst}, 0, 0},
+    Group{"PID 0x11", {kSdtActual, kSdtOther, kBat}, 0, 1},
+    Group{"PID 0x14", {kTdt, kTot}, 1, 0},
+    Group{"PID 0x10", {kNitActual, kNitOther}, 1, 1},
+    Group{"PID 0x11", {kEitPfActual, kEitPfOther, kEitScheduleActual, kEitScheduleOther}, 2, 0, 2},
+};
 // clang-format on
 
-std::size_t indexOf(SiTableMask bit)
+constexpr std::ptrdiff_t groupsOf(const SelectableTable& table)
 {
-    std::size_t i = 0;
-    while (kSelectableTables[i].bit != bit)
-        ++i;
-    return i;
+    std::ptrdiff_t number = 0;
+    for (const Group& group : kGroups)
+        number += std::count(group.tables.begin(), group.tables.end(), table.bit);
+    return number;
 }
+// A table without a box could be neither shown nor stored.
+static_assert(std::all_of(kSelectableTables.begin(), kSelectableTables.end(),
+                          [](const SelectableTable& table) { return groupsOf(table) == 1; }),
+              "each table that can be selected needs its place in one group");
 
 } // namespace
 
@@ -58,15 +59,16 @@ CSiTablesDlg::CSiTablesDlg(std::filesystem::path settingsFile, QWidget* parent)
 {
     setWindowTitle(QStringLiteral("SI Tables"));
     auto* const grid = new QGridLayout;
-    for (const Group& group : groups()) {
+    for (const Group& group : kGroups) {
         auto* const frame = new QGroupBox(QString::fromUtf8(group.label));
         auto* const column = new QVBoxLayout(frame);
-        for (const SiTableMask bit : group.tables) {
-            const std::size_t index = indexOf(bit);
-            boxes_[index] = new QCheckBox(QString::fromUtf8(kSelectableTables[index].label));
-            boxes_[index]->setObjectName(QString::number(kSelectableTables[index].box));
-            column->addWidget(boxes_[index]);
-        }
+        for (const SiTableMask bit : group.tables)
+            for (std::size_t i = 0; i < boxes_.size(); ++i)
+                if (kSelectableTables[i].bit == bit) {
+                    boxes_[i] = new QCheckBox(QString::fromUtf8(kSelectableTables[i].label));
+                    boxes_[i]->setObjectName(QString::number(kSelectableTables[i].box));
+                    column->addWidget(boxes_[i]);
+                }
         column->addStretch();
         grid->addWidget(frame, group.row, group.column, 1, group.columns);
     }
