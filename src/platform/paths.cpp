@@ -49,7 +49,10 @@ std::filesystem::path userDataFolder()
 std::optional<std::filesystem::path> allUsersDataFolder(const std::filesystem::path& folder)
 {
     std::error_code failure;
-    if (!std::filesystem::is_directory(folder, failure) || ::access(folder.c_str(), W_OK) != 0)
+    const std::filesystem::file_type type = std::filesystem::status(folder, failure).type();
+    if (type == std::filesystem::file_type::not_found)
+        return userDataFolder();
+    if (type != std::filesystem::file_type::directory || ::access(folder.c_str(), W_OK) != 0)
         return std::nullopt;
     return folder;
 }

@@ -13,8 +13,8 @@ std::filesystem::path userBaseFolder(const char* variable, const char* belowHome
 /// for it.
 std::filesystem::path userDataFolder();
 
-/// The data folder that all users share; nothing unless an administrator has made it, writable
-/// for this user. Without one the user's own folder serves.
+/// The data folder that all users share: the one that an administrator has made, or the user's
+/// own where there is none. Nothing when there is one that this user cannot write.
 std::optional<std::filesystem::path>
 allUsersDataFolder(const std::filesystem::path& folder = "/var/lib/tessaview3");
 
