@@ -17,8 +17,7 @@ ParsedCommandLine parseCommandLine(int argc, const char* const* argv)
                    "Captured transport streams, or folders of them: the first is read at once, "
                    "through the driver for captures. The chosen driver stays chosen.")
         ->option_text(" ");
-    app.add_option("--log", options.log,
-                   "Write the log to this file instead of the one beside the program")
+    app.add_option("--log", options.log, "Write the log to this file instead of the usual one")
         ->option_text("FILE");
     app.footer("\nTessaview 3 shows a window. tessaview3-scan does the same work in a shell.");
     try {

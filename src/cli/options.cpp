@@ -125,8 +125,7 @@ ParsedOptions parseOptions(int argc, const char* const* argv)
     app.add_option("--export-db", options.exportDb,
                    "Export what was read into this new SQLite database, too")
         ->option_text("FILE");
-    app.add_option("--log", options.log,
-                   "Write the log to this file instead of the one beside the program")
+    app.add_option("--log", options.log, "Write the log to this file instead of the usual one")
         ->option_text("FILE");
     app.add_flag("--quiet", options.quiet, "No progress lines on standard error");
     app.add_option("--import-scan-table", options.scanTables,

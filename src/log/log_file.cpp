@@ -59,27 +59,22 @@ bool isWritable(const std::filesystem::path& file)
     return ::access(folder.empty() ? "." : folder.c_str(), W_OK) == 0;
 }
 
+/// Whether a program lies among those of others, as an installation puts it there: a log beside it
+/// is nobody's wish, even for those who could write it. The folder that it was built in is no
+/// installation.
+bool isInstalled(const std::filesystem::path& executable)
+{
+    const std::filesystem::path folder = executable.parent_path();
+    std::error_code failure;
+    return folder.filename() == "bin" &&
+           !std::filesystem::exists(folder.parent_path() / "CMakeCache.txt", failure);
+}
+
 /// The environment variable when it holds an absolute path, else null. Nothing here sets any.
 const char* absolutePath(const char* variable)
 {
     const char* const value = std::getenv(variable); // NOLINT(concurrency-mt-unsafe): only read
     return value && *value == '/' ? value : nullptr;
-}
-
-/// The program's folder below the user's folder for state; empty when there is no place for it.
-std::filesystem::path stateFolder()
-{
-    std::filesystem::path base;
-    if (const char* given = absolutePath("XDG_STATE_HOME"))
-        base = given;
-    else if (const char* home = absolutePath("HOME"))
-        base = std::filesystem::path(home) / ".local/state";
-    else
-        return {};
-    std::filesystem::path folder = base / "tessaview3";
-    std::error_code failure;
-    std::filesystem::create_directories(folder, failure);
-    return folder;
 }
 
 constexpr int kInUse = 3;
@@ -256,6 +251,21 @@ int LogPrint(CLogFile& log, std::int32_t level, const char* format, ...)
     return log.WriteLine(message.data(), level);
 }
 
+std::filesystem::path stateFolder()
+{
+    std::filesystem::path base;
+    if (const char* given = absolutePath("XDG_STATE_HOME"))
+        base = given;
+    else if (const char* home = absolutePath("HOME"))
+        base = std::filesystem::path(home) / ".local/state";
+    else
+        return {};
+    std::filesystem::path folder = base / "tessaview3";
+    std::error_code failure;
+    std::filesystem::create_directories(folder, failure);
+    return folder;
+}
+
 std::string logPathFor(const std::filesystem::path& executable)
 {
     std::string path = executable.string();
@@ -265,7 +275,7 @@ std::string logPathFor(const std::filesystem::path& executable)
         path.replace(path.size() - 3, 3, "txt");
     else
         path += ".txt";
-    if (isWritable(path))
+    if (isWritable(path) && !isInstalled(executable))
         return path;
     const std::filesystem::path folder = stateFolder();
     return folder.empty() ? path : (folder / std::filesystem::path(path).filename()).string();

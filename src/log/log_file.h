@@ -92,10 +92,14 @@ extern CLogFile g_log;
 [[gnu::format(printf, 3, 4)]] int LogPrint(CLogFile& log, std::int32_t level, const char* format,
                                            ...);
 
+/// The program's folder below the user's folder for state, which is created; empty when there is
+/// no place for it.
+std::filesystem::path stateFolder();
+
 /// Where a program keeps its log: beside the executable, with "txt" for a three-letter extension
-/// or added after a dot. Where that cannot be written, a file of the same name in the user's
-/// folder for state, which is created. A path of less than 5 characters gives "quorva.txt" in the
-/// current folder.
+/// or added after a dot. Where that cannot be written, and where the program is installed, a file
+/// of the same name in the user's folder for state, which is created. A path of less than 5
+/// characters gives "quorva.txt" in the current folder.
 std::string logPathFor(const std::filesystem::path& executable);
 
 /// Starts the program's log with its first line; returns the status of `CLogFile::Open`. While

@@ -194,10 +194,15 @@ TEST(LogPath, liesBesideTheExecutable)
     EXPECT_EQ(logPathFor(""), "quorva.txt");
 }
 
-TEST(LogPath, isTheUsersStateFolderWhereTheExecutablesCannotBeWritten)
+TEST(LogPath, isTheUsersStateFolderWhereTheExecutablesCannotBeWrittenOrIsInstalled)
 {
     const TemporaryFolder folder;
     const test::Environment state("XDG_STATE_HOME", folder.path().c_str());
+    const std::filesystem::path program = folder / "bin/tessaview3";
+    std::filesystem::create_directory(folder / "bin");
+    EXPECT_EQ(logPathFor(program), folder / "tessaview3/tessaview3.txt");
+    writeFile(folder / "CMakeCache.txt", "");
+    EXPECT_EQ(logPathFor(program), program.string() + ".txt");
     EXPECT_EQ(logPathFor("/proc/self/tessaview3"), folder / "tessaview3/tessaview3.txt");
     EXPECT_TRUE(std::filesystem::is_directory(folder / "tessaview3"));
     const test::Environment ignored("XDG_STATE_HOME", "relative");
