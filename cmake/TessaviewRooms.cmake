@@ -86,5 +86,6 @@ function(tessaview_tests folder)
     TESSAVIEW_SOURCE_DIR="${PROJECT_SOURCE_DIR}" TESSAVIEW_BUILD_DIR="${PROJECT_BINARY_DIR}")
   target_link_libraries(${folder}_tests PRIVATE
     tessaview_options ${tests_LINKS} GTest::gmock GTest::gtest_main)
-  gtest_discover_tests(${folder}_tests DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT ${tests_TIMEOUT})
+  # The values of cases without names would be shown as raw memory.
+  gtest_discover_tests(${folder}_tests NO_PRETTY_VALUES DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT ${tests_TIMEOUT})
 endfunction()

@@ -57,6 +57,7 @@ TEST(ClassRegistry, takesClassesByFolderThenNameAndKeepsTheFirstOfAClass)
 }
 
 struct BrokenManifest {
+    const char* name;
     const char* content;
     const char* complaint;
 };
@@ -78,18 +79,23 @@ TEST_P(Broken, manifestCostsOnlyItselfAndIsReported)
 INSTANTIATE_TEST_SUITE_P(
     ClassRegistry, Broken,
     testing::Values(
-        BrokenManifest{"", "parse error"}, BrokenManifest{"[1, 2]", "not a JSON object"},
-        BrokenManifest{"{\"clsid\": \"{1}\"", "parse error"},
-        BrokenManifest{R"({"clsid": 7})", "lacks the text 'clsid'"},
-        BrokenManifest{R"({"clsid": "{1}"})", "'{1}' is no identifier"},
-        BrokenManifest{R"({"clsid": "{00000000-0000-0000-0000-0000000000CA}", "name": "x"})",
+        BrokenManifest{"empty", "", "parse error"},
+        BrokenManifest{"list", "[1, 2]", "not a JSON object"},
+        BrokenManifest{"cutShort", "{\"clsid\": \"{1}\"", "parse error"},
+        BrokenManifest{"classThatIsNoText", R"({"clsid": 7})", "lacks the text 'clsid'"},
+        BrokenManifest{"classThatIsNoIdentifier", R"({"clsid": "{1}"})", "'{1}' is no identifier"},
+        BrokenManifest{"noCategories",
+                       R"({"clsid": "{00000000-0000-0000-0000-0000000000CA}", "name": "x"})",
                        "lacks the list 'categories'"},
-        BrokenManifest{R"({"clsid": "{00000000-0000-0000-0000-0000000000CA}", "name": "x",
+        BrokenManifest{"noLibrary",
+                       R"({"clsid": "{00000000-0000-0000-0000-0000000000CA}", "name": "x",
                           "categories": [], "library": ""})",
                        "lacks the text 'library'"},
-        BrokenManifest{R"({"clsid": "{00000000-0000-0000-0000-0000000000CA}", "name": "x",
+        BrokenManifest{"categoryThatIsNoText",
+                       R"({"clsid": "{00000000-0000-0000-0000-0000000000CA}", "name": "x",
                           "categories": [null], "library": "x"})",
-                       "must hold texts"}));
+                       "must hold texts"}),
+    [](const auto& each) { return each.param.name; });
 
 TEST(ClassRegistry, reportsManifestsThatAreNoFilesOrTooLarge)
 {

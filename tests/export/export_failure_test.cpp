@@ -4,6 +4,7 @@
 #include "tests/export/sample_model.h"
 #include "tests/support/temporary_folder.h"
 
+#include <array>
 #include <gmock/gmock.h>
 #include <thread>
 
@@ -105,9 +106,14 @@ TEST_P(BadDisk, costsNoMoreThanTheRowsAfterIt)
     EXPECT_GT(withRows, 5) << "hardly a fault hit the rows";
 }
 
+constexpr std::array kFaults{"diskFull", "brokenDisk", "oneWrite"}; // as FailingVfs::Fault has them
+
 INSTANTIATE_TEST_SUITE_P(Export, BadDisk,
                          testing::Values(FailingVfs::Fault::DiskFull, FailingVfs::Fault::BrokenDisk,
-                                         FailingVfs::Fault::OneWrite));
+                                         FailingVfs::Fault::OneWrite),
+                         [](const auto& each) {
+                             return kFaults.at(static_cast<std::size_t>(each.param));
+                         });
 
 TEST(ExportFailure, keepsTheRowsBeforeIt)
 {

@@ -172,6 +172,7 @@ INSTANTIATE_TEST_SUITE_P(Tuning, Tries, ::testing::ValuesIn(tuningCases()),
                          [](const auto& each) { return each.param.name; });
 
 struct DishCase {
+    const char* name;
     const char* stored;
     std::uint32_t frequency; ///< 10 kHz
     std::uint8_t polarization;
@@ -201,26 +202,35 @@ TEST_P(DishPlans, switchAsTheDishNeeds)
 
 INSTANTIATE_TEST_SUITE_P(
     Tuning, DishPlans,
-    ::testing::Values(
-        DishCase{"universal", 1169999, 1, 1949990, false, false, {}},
-        DishCase{"universal", 1170000, 0, 1100000, true, true, {}},
-        DishCase{
-            "universal; diseqc 4", 1169999, 0, 1949990, true, false, {{0xE0, 0x10, 0x38, 0xFE}}},
-        DishCase{"universal; diseqc 1; uncommitted 16",
-                 1170000,
-                 1,
-                 1100000,
-                 false,
-                 true,
-                 {{0xE0, 0x10, 0x39, 0xFF}, {0xE0, 0x10, 0x38, 0xF1}}},
-        DishCase{"single 5150", 384000, 3, 1310000, false, false, {}}, // C band
-        DishCase{"wide 10410; uncommitted 1",
-                 1275000,
-                 2,
-                 2340000,
-                 true,
-                 false,
-                 {{0xE0, 0x10, 0x39, 0xF0}}}));
+    ::testing::Values(DishCase{"lowBand", "universal", 1169999, 1, 1949990, false, false, {}},
+                      DishCase{"highBand", "universal", 1170000, 0, 1100000, true, true, {}},
+                      DishCase{"diseqc",
+                               "universal; diseqc 4",
+                               1169999,
+                               0,
+                               1949990,
+                               true,
+                               false,
+                               {{0xE0, 0x10, 0x38, 0xFE}}},
+                      DishCase{"twoSwitches",
+                               "universal; diseqc 1; uncommitted 16",
+                               1170000,
+                               1,
+                               1100000,
+                               false,
+                               true,
+                               {{0xE0, 0x10, 0x39, 0xFF}, {0xE0, 0x10, 0x38, 0xF1}}},
+                      DishCase{
+                          "cBand", "single 5150", 384000, 3, 1310000, false, false, {}}, // C band
+                      DishCase{"wideBand",
+                               "wide 10410; uncommitted 1",
+                               1275000,
+                               2,
+                               2340000,
+                               true,
+                               false,
+                               {{0xE0, 0x10, 0x39, 0xF0}}}),
+    [](const auto& each) { return each.param.name; });
 
 TEST(StoredTexts, areRefusedWhenTheyAreNone)
 {

@@ -155,29 +155,39 @@ TEST_F(ListFile, keepsWhatItDoesNotKnow)
     EXPECT_EQ(readFile(file_), saved);
 }
 
-class Broken : public ListFile, public testing::WithParamInterface<std::string> {};
+struct BrokenFile {
+    const char* name;
+    std::string content;
+};
+
+class Broken : public ListFile, public testing::WithParamInterface<BrokenFile> {};
 
 TEST_P(Broken, fileIsLeftAloneByLoadAndSetAsideBySave)
 {
-    write(GetParam());
+    write(GetParam().content);
     manager_.put("kept", {});
     EXPECT_EQ(manager_.load(file_), status::kInvalidData);
     EXPECT_THAT(manager_.names(), ElementsAre("kept"));
-    EXPECT_EQ(readFile(file_), GetParam());
+    EXPECT_EQ(readFile(file_), GetParam().content);
     EXPECT_EQ(manager_.save(file_), status::kOk);
-    EXPECT_EQ(readFile(file_.string() + ".broken-1"), GetParam());
+    EXPECT_EQ(readFile(file_.string() + ".broken-1"), GetParam().content);
     const LoadedManager again;
     EXPECT_EQ(again.load(file_), status::kOk);
     EXPECT_THAT(again.names(), ElementsAre("kept"));
 }
 
-INSTANTIATE_TEST_SUITE_P(SatelliteList, Broken,
-                         testing::Values("rubbish",
-                                         "<satellites version=\"1\"><satellite name=\"a\">",
-                                         "<satellites/>", "<satellites version=\"2\"/>",
-                                         "<list version=\"1\"/>", std::string("\0\xFF\xFE", 3),
-                                         "<satellites version=\"1\">" +
-                                             std::string((16U << 20U) + 1, ' ') + "</satellites>"));
+INSTANTIATE_TEST_SUITE_P(
+    SatelliteList, Broken,
+    testing::Values(BrokenFile{"noMarkup", "rubbish"},
+                    BrokenFile{"cutShort", "<satellites version=\"1\"><satellite name=\"a\">"},
+                    BrokenFile{"noVersion", "<satellites/>"},
+                    BrokenFile{"laterVersion", "<satellites version=\"2\"/>"},
+                    BrokenFile{"otherRoot", "<list version=\"1\"/>"},
+                    BrokenFile{"noText", std::string("\0\xFF\xFE", 3)},
+                    BrokenFile{"tooLarge", "<satellites version=\"1\">" +
+                                               std::string((16U << 20U) + 1, ' ') +
+                                               "</satellites>"}),
+    [](const auto& each) { return each.param.name; });
 
 TEST_F(ListFile, thatIsMissingOrEmptyIsNoList)
 {
