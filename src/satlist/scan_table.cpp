@@ -15,6 +15,7 @@ namespace {
 
 constexpr std::size_t kMostProblems = 100;
 constexpr std::size_t kLongestQuote = 60;
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF"; // of UTF-8
 
 struct Range {
     std::uint64_t least;
@@ -328,6 +329,8 @@ private:
 
 ScanTable parseScanTable(std::string_view content)
 {
+    if (content.starts_with(kByteOrderMark))
+        content.remove_prefix(kByteOrderMark.size());
     return Parser().parse(content);
 }
 

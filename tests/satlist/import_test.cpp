@@ -105,7 +105,7 @@ TEST_F(Imported, transpondersGetFreeKeysAndAreNotDoubled)
                  {{0, 2, 1071900, 1, 275000, 3, 0}, {0x13E, 1, 1093000, 0, 275000, 3, 0}}, false);
     const auto path = file("Hotbird-13.0E", "S 10719000 V 29900000 5/6\nS 10930000 V 27500000 3/4\n"
                                             "S 10992000 V 27500000\nS 10992000 V 1000000\n");
-    const auto other = file("New-1.0W.conf", "S 11000000 H 27500000\n");
+    const auto other = file("New-1.0W.conf", "\xEF\xBB\xBFS 11000000 H 27500000\n");
     EXPECT_EQ(import({path, other}).summary(),
               "Imported 3 transponders from 2 files; 2 more had the frequency and "
               "polarization of one in the list.");
