@@ -44,6 +44,7 @@ TEST_F(SettingsTest, giveBackWhatAnotherObjectWrote)
     const Settings reader(file_);
     EXPECT_FALSE(reader.canOpen(kKey));
     writer.setNumber(kKey, "sitables", 0xFFFFFFFF);
+    EXPECT_EQ(std::filesystem::status(file_).permissions(), std::filesystem::perms(0600));
     EXPECT_EQ(reader.number(kKey, "sitables"), 0xFFFFFFFF);
     writer.setText(kKey, "driverclsid", "{\"\\\xC3\xA9}");
     writer.setTexts(kKey + "\\drivers", "captures", {"/one", ""});
