@@ -1,6 +1,7 @@
 #include "components/satlist/list_xml.h"
 
 #include "component/bstr.h"
+#include "components/satlist/xml_text.h"
 #include "platform/format.h"
 #include "platform/number.h"
 
@@ -24,6 +25,9 @@ constexpr const char* kSatelliteElement = "satellite";
 constexpr const char* kNameAttribute = "name";
 constexpr const char* kTransponderElement = "transponder";
 constexpr std::size_t kMaxNameBytes = 1000;
+// Blanks and line ends within elements that are not known stay as they were written.
+constexpr unsigned kParsing =
+    pugi::parse_cdata | pugi::parse_escapes | pugi::parse_wconv_attribute | pugi::parse_ws_pcdata;
 
 /// A number that an attribute holds.
 template <class Record>
@@ -67,16 +71,13 @@ bool readFields(const pugi::xml_node& node, const std::array<Field<Record>, N>& 
 }
 
 template <class Record, std::size_t N>
-void writeFields(pugi::xml_node node, const std::array<Field<Record>, N>& fields,
-                 const Record& record)
+void writeFields(XmlText& xml, const std::array<Field<Record>, N>& fields, const Record& record)
 {
     for (const Field<Record>& field : fields) {
         const std::int32_t value = record.*field.member;
-        pugi::xml_attribute attribute = node.append_attribute(field.attribute);
-        if (field.isIdentifier)
-            attribute.set_value(formatted("0x%04X", static_cast<unsigned>(value)).c_str());
-        else
-            attribute.set_value(value);
+        xml.attributes(attributeText(
+            field.attribute, field.isIdentifier ? formatted("0x%04X", static_cast<unsigned>(value))
+                                                : std::to_string(value)));
     }
 }
 
@@ -88,53 +89,57 @@ bool isKnown(const char* attribute, const std::array<Field<Record>, N>& fields)
     });
 }
 
+/// Keeps the attributes that are not known; of several with one name the first.
 template <class IsKnown>
-void readForeignAttributes(const pugi::xml_node& node, IsKnown isKnownHere, ForeignParts& foreign)
+void keepAttributes(const pugi::xml_node& node, IsKnown isKnownHere, ForeignParts& foreign)
 {
+    std::unordered_set<std::string_view> names;
     for (const pugi::xml_attribute& attribute : node.attributes())
-        if (!isKnownHere(attribute.name()))
-            foreign.attributes.emplace_back(attribute.name(), attribute.value());
+        if (!isKnownHere(attribute) && names.insert(attribute.name()).second)
+            foreign.attributes += attributeText(attribute.name(), attribute.value());
 }
 
-void keepElement(const pugi::xml_node& node, ForeignParts& foreign)
+/// Keeps a child that is not known, but for blanks between elements.
+void keepChild(const pugi::xml_node& node, ForeignParts& foreign)
 {
+    const std::string_view value = node.value();
+    if (node.type() == pugi::node_pcdata &&
+        value.find_first_not_of(" \t\r\n") == std::string_view::npos)
+        return;
     std::ostringstream text;
     node.print(text, "", pugi::format_raw);
     foreign.elements += text.str();
 }
 
-void writeForeign(pugi::xml_node node, const ForeignParts& foreign)
-{
-    for (const auto& [name, value] : foreign.attributes)
-        if (!node.attribute(name.c_str())) // it was not understood, but has a value since
-            node.append_attribute(name.c_str()).set_value(value.c_str());
-    if (!foreign.elements.empty())
-        node.append_buffer(foreign.elements.data(), foreign.elements.size(), pugi::parse_default,
-                           pugi::encoding_utf8);
-}
-
-/// Whether an attribute holds a value of an optional field, which is then taken.
+/// Takes an attribute that is an optional field, its value or, when it is none, its text; whether
+/// it is one.
 bool takeOptional(const pugi::xml_attribute& attribute, StoredTransponder& transponder)
 {
     for (const OptionalField& field : kOptionalFields) {
         if (std::strcmp(field.attribute, attribute.name()) != 0)
             continue;
         const auto number = decimalOrHexadecimal<std::int32_t>(attribute.value());
-        if (!number || !field.takes(*number))
-            return false;
         std::int32_t& member = transponder.*field.member;
-        member = *number;
+        if (number && field.takes(*number))
+            member = *number;
+        else if (transponder.misread.size() < kOptionalFields.size())
+            transponder.misread.emplace_back(attribute.name(), attribute.value());
         return true;
     }
     return false;
 }
 
-void writeOptionals(pugi::xml_node node, const StoredTransponder& transponder)
+void writeOptionals(XmlText& xml, const StoredTransponder& transponder)
 {
     for (const OptionalField& field : kOptionalFields) {
         const std::int32_t value = transponder.*field.member;
+        const auto misread =
+            std::find_if(transponder.misread.begin(), transponder.misread.end(),
+                         [&](const auto& each) { return each.first == field.attribute; });
         if (value != ISatTransponderS2::kNotGiven)
-            node.append_attribute(field.attribute).set_value(value);
+            xml.attributes(attributeText(field.attribute, std::to_string(value)));
+        else if (misread != transponder.misread.end())
+            xml.attributes(attributeText(field.attribute, misread->second));
     }
 }
 
@@ -143,11 +148,15 @@ std::optional<StoredTransponder> readTransponder(const pugi::xml_node& node)
     StoredTransponder transponder;
     if (!readFields(node, kTransponderFields, transponder))
         return std::nullopt;
-    for (const pugi::xml_attribute& attribute : node.attributes())
-        if (!isKnown(attribute.name(), kTransponderFields) && !takeOptional(attribute, transponder))
-            transponder.foreign.attributes.emplace_back(attribute.name(), attribute.value());
+    keepAttributes(
+        node,
+        [&](const pugi::xml_attribute& attribute) {
+            return isKnown(attribute.name(), kTransponderFields) ||
+                   takeOptional(attribute, transponder);
+        },
+        transponder.foreign);
     for (const pugi::xml_node& child : node.children())
-        keepElement(child, transponder.foreign);
+        keepChild(child, transponder.foreign);
     return transponder;
 }
 
@@ -157,10 +166,11 @@ std::optional<StoredSatellite> readSatellite(const pugi::xml_node& node)
     satellite.name = node.attribute(kNameAttribute).value();
     if (!isSatelliteName(satellite.name) || !readFields(node, kSatelliteFields, satellite))
         return std::nullopt;
-    readForeignAttributes(
+    keepAttributes(
         node,
-        [](const char* name) {
-            return isKnown(name, kSatelliteFields) || std::strcmp(name, kNameAttribute) == 0;
+        [](const pugi::xml_attribute& attribute) {
+            return isKnown(attribute.name(), kSatelliteFields) ||
+                   std::strcmp(attribute.name(), kNameAttribute) == 0;
         },
         satellite.foreign);
     std::set<std::pair<std::int32_t, std::int32_t>> keys;
@@ -171,23 +181,27 @@ std::optional<StoredSatellite> readSatellite(const pugi::xml_node& node)
         if (transponder && keys.emplace(transponder->nid, transponder->tsid).second)
             satellite.transponders.push_back(std::move(*transponder));
         else
-            keepElement(child, satellite.foreign);
+            keepChild(child, satellite.foreign);
     }
     return satellite;
 }
 
-void writeSatellite(pugi::xml_node list, const StoredSatellite& satellite)
+void writeSatellite(XmlText& xml, const StoredSatellite& satellite)
 {
-    pugi::xml_node node = list.append_child(kSatelliteElement);
-    node.append_attribute(kNameAttribute).set_value(satellite.name.c_str());
-    writeFields(node, kSatelliteFields, satellite);
+    xml.open(kSatelliteElement);
+    xml.attributes(attributeText(kNameAttribute, satellite.name));
+    writeFields(xml, kSatelliteFields, satellite);
+    xml.attributes(satellite.foreign.attributes);
     for (const StoredTransponder& transponder : satellite.transponders) {
-        pugi::xml_node child = node.append_child(kTransponderElement);
-        writeFields(child, kTransponderFields, transponder);
-        writeOptionals(child, transponder);
-        writeForeign(child, transponder.foreign);
+        xml.open(kTransponderElement);
+        writeFields(xml, kTransponderFields, transponder);
+        writeOptionals(xml, transponder);
+        xml.attributes(transponder.foreign.attributes);
+        xml.content(transponder.foreign.elements);
+        xml.close();
     }
-    writeForeign(node, satellite.foreign);
+    xml.content(satellite.foreign.elements);
+    xml.close();
 }
 
 } // namespace
@@ -207,7 +221,7 @@ std::optional<StoredList> parseList(std::string_view xml)
     if (xml.size() > kMaxListBytes)
         return std::nullopt;
     pugi::xml_document document;
-    const pugi::xml_parse_result result = document.load_buffer(xml.data(), xml.size());
+    const pugi::xml_parse_result result = document.load_buffer(xml.data(), xml.size(), kParsing);
     if (result.status == pugi::status_out_of_memory)
         throw std::bad_alloc();
     const pugi::xml_node root = document.child(kListElement);
@@ -216,8 +230,11 @@ std::optional<StoredList> parseList(std::string_view xml)
         return std::nullopt;
 
     StoredList list;
-    readForeignAttributes(
-        root, [](const char* name) { return std::strcmp(name, kVersionAttribute) == 0; },
+    keepAttributes(
+        root,
+        [](const pugi::xml_attribute& attribute) {
+            return std::strcmp(attribute.name(), kVersionAttribute) == 0;
+        },
         list.foreign);
     std::unordered_set<std::string> names;
     for (const pugi::xml_node& child : root.children()) {
@@ -227,25 +244,22 @@ std::optional<StoredList> parseList(std::string_view xml)
         if (satellite && names.insert(satellite->name).second)
             list.satellites.push_back(std::move(*satellite));
         else
-            keepElement(child, list.foreign);
+            keepChild(child, list.foreign);
     }
     return list;
 }
 
 std::string toXml(const StoredList& list)
 {
-    pugi::xml_document document;
-    pugi::xml_node declaration = document.append_child(pugi::node_declaration);
-    declaration.append_attribute("version").set_value("1.0");
-    declaration.append_attribute("encoding").set_value("UTF-8");
-    pugi::xml_node root = document.append_child(kListElement);
-    root.append_attribute(kVersionAttribute).set_value(kVersion);
+    XmlText xml;
+    xml.open(kListElement);
+    xml.attributes(attributeText(kVersionAttribute, std::to_string(kVersion)));
+    xml.attributes(list.foreign.attributes);
     for (const StoredSatellite& satellite : list.satellites)
-        writeSatellite(root, satellite);
-    writeForeign(root, list.foreign);
-    std::ostringstream text;
-    document.save(text, "  ", pugi::format_default, pugi::encoding_utf8);
-    return text.str();
+        writeSatellite(xml, satellite);
+    xml.content(list.foreign.elements);
+    xml.close();
+    return xml.take();
 }
 
 } // namespace tessaview

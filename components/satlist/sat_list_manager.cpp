@@ -73,7 +73,8 @@ Status SatListManager::Save(const char16_t* path) noexcept
         }
         StoredList written;
         const StoredList base = file == baseFile_ ? base_ : StoredList{};
-        const Status result = writeListFile(file, base, mine, written);
+        problem_.clear();
+        const Status result = writeListFile(file, base, mine, written, problem_);
         if (failed(result))
             return result;
         const std::lock_guard lock(mutex_);
@@ -92,7 +93,8 @@ Status SatListManager::Load(const char16_t* path) noexcept
             return status::kInvalidArgument;
         const std::lock_guard fileLock(fileMutex_);
         StoredList loaded;
-        const Status result = readListFile(file, loaded);
+        problem_.clear();
+        const Status result = readListFile(file, loaded, problem_);
         if (failed(result))
             return result;
         StoredList base = loaded;
@@ -162,6 +164,32 @@ Status SatListManager::GetSatelliteCount(std::uint32_t* count) noexcept
         *count = static_cast<std::uint32_t>(
             std::count_if(list_.satellites.begin(), list_.satellites.end(),
                           [](const auto& each) { return each.selected != 0; }));
+        return status::kOk;
+    });
+}
+
+Status SatListManager::TakeAsBase(const char16_t* path) noexcept
+{
+    return guarded([&] {
+        const std::string file = bstrToUtf8(path);
+        if (file.empty())
+            return status::kInvalidArgument;
+        const std::lock_guard fileLock(fileMutex_);
+        const std::lock_guard lock(mutex_);
+        base_ = list_;
+        baseFile_ = file;
+        return status::kOk;
+    });
+}
+
+Status SatListManager::get_Problem(char16_t** text) noexcept
+{
+    if (!text)
+        return status::kNullPointer;
+    *text = nullptr;
+    return guarded([&] {
+        const std::lock_guard fileLock(fileMutex_);
+        *text = Bstr(problem_).release();
         return status::kOk;
     });
 }

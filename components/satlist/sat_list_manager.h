@@ -10,7 +10,7 @@ namespace tessaview {
 
 /// The satellite list. Satellites go in and out as copies; every operation may be called from
 /// every thread. Names are compared as they are written, case included.
-class SatListManager final : public Implements<SatListManager, ISatListManager> {
+class SatListManager final : public Implements<SatListManager, ISatListManager, ISatListFile> {
 public:
     SatListManager() = default;
 
@@ -32,13 +32,18 @@ public:
     /// The number of selected satellites.
     Status GetSatelliteCount(std::uint32_t* count) noexcept override;
 
+    Status TakeAsBase(const char16_t* path) noexcept override;
+    Status get_Problem(char16_t** text) noexcept override;
+
 private:
-    friend class Implements<SatListManager, ISatListManager>;
+    friend Implements;
     ~SatListManager() = default;
 
     std::mutex fileMutex_; ///< held while a file is read or written; taken before `mutex_`
-    std::string baseFile_; ///< the file last read or written; guarded by `fileMutex_`
-    StoredList base_;      ///< what it held then; guarded by `fileMutex_`
+    // Guarded by `fileMutex_`:
+    std::string baseFile_; ///< the file last read or written
+    StoredList base_;      ///< what it held then, or what was taken for it
+    std::string problem_;  ///< of the last call that read or wrote a file
 
     std::mutex mutex_; ///< guards `list_`, for moments only
     StoredList list_;

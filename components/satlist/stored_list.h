@@ -10,10 +10,10 @@
 
 namespace tessaview {
 
-/// What a file holds beyond what this version knows; kept for who wrote it.
+/// What a file holds beyond what this version knows; kept for who wrote it, as XML text.
 struct ForeignParts {
-    std::vector<std::pair<std::string, std::string>> attributes;
-    std::string elements; ///< child elements as XML text
+    std::string attributes; ///< a blank before each
+    std::string elements;   ///< child elements and texts
 
     friend bool operator==(const ForeignParts&, const ForeignParts&) = default;
 };
@@ -32,6 +32,8 @@ struct StoredTransponder {
     std::int32_t rollOff = ISatTransponderS2::kNotGiven;
     std::int32_t pilot = ISatTransponderS2::kNotGiven;
     std::int32_t streamId = ISatTransponderS2::kNotGiven;
+    /// Optional fields whose value was not understood, kept until they have one.
+    std::vector<std::pair<std::string, std::string>> misread = {};
     ForeignParts foreign;
 
     bool isFor(std::int32_t aNid, std::int32_t aTsid) const { return nid == aNid && tsid == aTsid; }

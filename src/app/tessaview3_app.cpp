@@ -4,6 +4,7 @@
 #include "component/bstr.h"
 #include "driver/source_files.h"
 #include "log/log_file.h"
+#include "log/output.h"
 #include "platform/build_info.h"
 #include "platform/format.h"
 #include "platform/settings.h"
@@ -61,6 +62,8 @@ bool CTessaview3App::InitInstance()
         return false;
     if (!host_.processShellCommand(*this))
         return false;
+    if (!satelliteProblem_.empty())
+        OutputProblem("%s", satelliteProblem_.c_str());
     host_.showMainWindow();
     if (!captures_.empty() && announce(captured))
         host_.readCurrentTransponder();
@@ -102,7 +105,10 @@ bool CTessaview3App::loadSatellites()
                           why);
         return false;
     }
-    loadSatelliteList(*satellites_.get(), satelliteFile());
+    if (failed(loadSatelliteList(*satellites_.get(), satelliteFile(), &why)) && !why.empty()) {
+        satelliteProblem_ = "The built-in satellite list is used: " + why;
+        LogPrint(g_log, log_level::kError, "%s", satelliteProblem_.c_str());
+    }
     return true;
 }
 
@@ -110,10 +116,11 @@ void CTessaview3App::saveSatellites()
 {
     if (!satellites_)
         return;
-    const Status saved = saveSatelliteList(*satellites_.get(), satelliteFile());
+    std::string why;
+    const Status saved = saveSatelliteList(*satellites_.get(), satelliteFile(), &why);
     if (failed(saved))
         host_.showMessage(formatted("Failed to save sat list: %08X", statusCode(saved)),
-                          satelliteFile().string());
+                          why.empty() ? satelliteFile().string() : why);
 }
 
 /// Empty, a name that nothing can be loaded from or saved to, when there is no folder.

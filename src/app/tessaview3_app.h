@@ -73,6 +73,7 @@ private:
     std::filesystem::path allUsersFolder_;
     std::filesystem::path userFolder_;
     ComPtr<ISatListManager> satellites_;
+    std::string satelliteProblem_; ///< why the stored list is not used
     /// The last one is in use; those before it gave way to captures.
     std::vector<std::shared_ptr<DriverSession>> drivers_;
     int buildNumber_ = 0;

@@ -25,10 +25,11 @@ int importScanTables(const Options& options)
     if (report.filesUsed == 0)
         return kExitWrongUsage;
     const std::filesystem::path file = satelliteListFile();
-    const Status saved = saveSatelliteList(*manager.get(), file);
+    std::string why;
+    const Status saved = saveSatelliteList(*manager.get(), file, &why);
     if (failed(saved)) {
         complain(formatted("Failed to save sat list: %08X", statusCode(saved)) + " (" +
-                 file.string() + ")");
+                 (why.empty() ? file.string() : why) + ")");
         return kExitWrongUsage;
     }
     if (!options.quiet)

@@ -35,9 +35,10 @@ ComPtr<ISatListManager> openSatelliteList(const ClassRegistry& registry)
         return nullptr;
     }
     const std::filesystem::path file = satelliteListFile();
-    const Status loaded = loadSatelliteList(*manager.get(), file);
+    const Status loaded = loadSatelliteList(*manager.get(), file, &why);
     if (failed(loaded) && loaded != status::kNotFound)
-        complain(file.string() + " cannot be read; the built-in satellite list is used");
+        complain((why.empty() ? file.string() + " cannot be read" : why) +
+                 "; the built-in satellite list is used");
     return manager;
 }
 

@@ -130,4 +130,18 @@ protected:
     ~ISatListManager() = default;
 };
 
+/// Optional, answered to by the manager: what it knows of the file besides.
+struct ISatListFile : IUnknown {
+    static constexpr Guid kId = "{E5821E03-42C0-49FA-8D75-5E1705699A88}"_guid;
+
+    /// Takes the list as it is for what that file held when it was last read, so that only what is
+    /// changed from now on counts as a change when `Save` joins both.
+    virtual Status TakeAsBase(const char16_t* path) noexcept = 0;
+    /// Why the last `Load` or `Save` failed, for a person to read; empty when it did not.
+    virtual Status get_Problem(char16_t** text) noexcept = 0;
+
+protected:
+    ~ISatListFile() = default;
+};
+
 } // namespace tessaview

@@ -158,6 +158,12 @@ const std::vector<Case> kCases{
          s.choose(test::scripted::kWorks);
          s.places.allUsersFolder.reset();
      }},
+    {"satelliteListThatIsNone",
+     [](OneStart& s) {
+         s.choose(test::scripted::kWorks);
+         std::filesystem::create_directories(s.home / "all/satlist.xml.lock");
+         writeFile(s.home / "all/satlist.xml", "rubbish");
+     }},
     {"noFoldersAndNoProgramName",
      [](OneStart& s) {
          s.choose(test::scripted::kWorks);

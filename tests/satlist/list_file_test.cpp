@@ -4,6 +4,7 @@
 
 #include <gmock/gmock.h>
 #include <limits>
+#include <sys/stat.h>
 #include <thread>
 
 #include <gtest/gtest.h>
@@ -55,7 +56,10 @@ TEST_F(ListFile, bringsBackWhatWasSaved)
         {2, 0xFFFF, -1, 0, 0, 0, 0, {.streamId = 7}}};
     for (const std::string& name : odd)
         manager_.put(name, extremes, name.size() % 2 == 0);
+    const mode_t mask = umask(0);
     ASSERT_EQ(manager_.save(file_), status::kOk);
+    umask(mask);
+    EXPECT_EQ(std::filesystem::status(file_).permissions(), std::filesystem::perms(0666));
 
     const LoadedManager again;
     ASSERT_EQ(again.load(file_), status::kOk);
@@ -146,7 +150,7 @@ TEST_F(ListFile, keepsWhatItDoesNotKnow)
     for (const char* part :
          {R"(by="hand")", R"(position="13.0E")", R"(modulation="8PSK")", R"(on &amp; off)",
           R"(frequency="4")", R"(tsid="65536")", R"(<transponder tsid="3")", "<note", R"("maybe")",
-          R"(nid="9")", "<satellite />", R"(<multiplex x="1")", R"(selected="1")"})
+          R"(nid="9")", "<satellite/>", R"(<multiplex x="1")", R"(selected="1")"})
         EXPECT_THAT(saved, HasSubstr(part));
     // What is kept stays the same from one save to the next.
     const LoadedManager again;
@@ -203,7 +207,55 @@ TEST_F(ListFile, thatCannotBeReadOrWrittenIsAFailure)
     std::filesystem::create_directories(file_);
     EXPECT_EQ(manager_.load(file_), status::kAccessDenied);
     EXPECT_EQ(manager_.save(file_), status::kAccessDenied);
-    EXPECT_EQ(manager_.save("/proc/none/satlist.xml"), status::kAccessDenied);
+    std::string why;
+    EXPECT_EQ(saveSatelliteList(manager_.get(), "/proc/none/satlist.xml", &why),
+              status::kAccessDenied);
+    EXPECT_THAT(why, HasSubstr("No such file or directory"));
+    // It may hold a list, so it is not set aside for another.
+    std::filesystem::remove(file_);
+    ASSERT_EQ(mkfifo(file_.c_str(), 0600), 0);
+    EXPECT_EQ(manager_.save(file_), status::kAccessDenied);
+    EXPECT_TRUE(std::filesystem::is_fifo(file_));
+}
+
+TEST_F(ListFile, growsOnlyByWhatIsAdded)
+{
+    std::string content = "<satellites version=\"1\"";
+    for (int i = 0; i < 200'000; ++i)
+        content += " a" + std::to_string(i) + "=\"\"";
+    content += ">";
+    for (int i = 0; i < 50'000; ++i)
+        content += "<x>";
+    content += " text\n";
+    for (int i = 0; i < 50'000; ++i)
+        content += "</x>";
+    write(content + "</satellites>");
+    ASSERT_EQ(manager_.load(file_), status::kOk);
+    ASSERT_EQ(manager_.save(file_), status::kOk);
+    const std::string saved = readFile(file_);
+    EXPECT_LT(saved.size(), content.size() + 100);
+    EXPECT_THAT(saved, HasSubstr("<x> text\n</x>"));
+}
+
+TEST_F(ListFile, isRefusedWhenItCouldNotBeSaved)
+{
+    std::string large = "<satellites version=\"1\">";
+    for (int i = 0; i < 200'000; ++i) {
+        if (i % 50'000 == 0)
+            large += (i > 0 ? "</satellite>" : "") + std::string("<satellite name=\"") +
+                     std::to_string(i) + "\">";
+        large += "<transponder nid=\"1\" tsid=\"" + std::to_string(i % 50'000) + "\"/>";
+    }
+    write(large + "</satellite></satellites>");
+    std::string why;
+    EXPECT_EQ(loadSatelliteList(manager_.get(), file_, &why), status::kInvalidData);
+    EXPECT_THAT(why, HasSubstr("more than can be saved again"));
+    std::filesystem::remove(file_);
+    for (int i = 1000; i < 4500; ++i)
+        manager_.put(std::to_string(i) + std::string(990, '&'), {});
+    EXPECT_EQ(saveSatelliteList(manager_.get(), file_, &why), status::kInvalidArgument);
+    EXPECT_THAT(why, HasSubstr("would become larger than 16 MiB"));
+    EXPECT_FALSE(std::filesystem::exists(file_));
 }
 
 TEST_F(ListFile, thatALinkLeadsToStaysWhereItIs)
@@ -294,6 +346,29 @@ TEST_F(ListFile, isFilledWithTheBuiltInListAtTheFirstStart)
     again.put("gone", {});
     EXPECT_EQ(loadSatelliteList(again.get(), file_), status::kOk);
     EXPECT_EQ(again.names(), manager_.names());
+}
+
+TEST_F(ListFile, keepsWhatOthersDidToBuiltInSatellitesWhenItWasNotRead)
+{
+    for (const bool isThere : {false, true}) { // when it is loaded, but cannot be read then
+        const LoadedManager manager;
+        const LoadedManager other;
+        std::filesystem::remove_all(file_);
+        if (isThere)
+            std::filesystem::create_directories(file_);
+        loadSatelliteList(manager.get(), file_);
+        std::filesystem::remove(file_);
+        loadSatelliteList(other.get(), file_);
+        other.put("Astra 19E", {{.tsid = 7}});
+        other->RemoveSatellite(
+            Bstr(std::string_view("Sirius Satellite System European Coverage")).get());
+        ASSERT_EQ(other.save(file_), status::kOk);
+        manager.put("Hotbird 13E", {{.tsid = 8}});
+        ASSERT_EQ(manager.save(file_), status::kOk);
+        EXPECT_EQ(manager.names().size(), 8U);
+        EXPECT_EQ(manager.transponders("Astra 19E").front().tsid, 7);
+        EXPECT_EQ(manager.transponders("Hotbird 13E").front().tsid, 8);
+    }
 }
 
 } // namespace
