@@ -18,6 +18,20 @@ std::string transponderLine(const TransponderEntry& entry)
                      letter == kNoPolarization ? 'R' : letter);
 }
 
+std::string symbolRateText(std::int32_t symbolRate)
+{
+    const auto units = static_cast<std::uint32_t>(symbolRate);
+    return formatted("%u.%u", units / 10, units % 10);
+}
+
+std::string transponderRate(const TransponderEntry& entry)
+{
+    const bool isFecKnown = entry.fec >= 0 && entry.fec < static_cast<int>(kFecTexts.size());
+    return formatted("Symbol rate %s kS/s, FEC %s", symbolRateText(entry.symbolRate).c_str(),
+                     isFecKnown ? kFecTexts[static_cast<std::size_t>(entry.fec)]
+                                : std::to_string(entry.fec).c_str());
+}
+
 std::optional<std::pair<std::int32_t, std::int32_t>> keyOfLine(const std::string& line)
 {
     unsigned nid = 0;

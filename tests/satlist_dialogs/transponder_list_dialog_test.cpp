@@ -94,6 +94,25 @@ TEST_F(TransponderListDialogTest, addsWhatWasTyped)
     EXPECT_TRUE(dialog_->isVisible());
 }
 
+TEST_F(TransponderListDialogTest, asksAboutARateInTheUnitOfTheLabel)
+{
+    open({});
+    typeGoodEntry();
+    type(Dialog::kSymbolRate, "99999");
+    press(*dialog_, Dialog::kAdd);
+    EXPECT_THAT(messages_, ElementsAre(HasSubstr("would be stored as 99.9 kS/s")));
+    EXPECT_THAT(list(), IsEmpty());
+    EXPECT_EQ(dialog_->focusWidget(), &control<QLineEdit>(*dialog_, Dialog::kSymbolRate));
+    reader_.answer = QMessageBox::Yes;
+    press(*dialog_, Dialog::kAdd);
+    EXPECT_EQ(control<QListWidget>(*dialog_, Dialog::kList).item(0)->toolTip(),
+              "Symbol rate 99.9 kS/s, FEC no coding");
+    type(Dialog::kTsid, "1");
+    type(Dialog::kSymbolRate, "100000");
+    press(*dialog_, Dialog::kAdd);
+    EXPECT_EQ(messages_.size(), 2U) << "that rate is one";
+}
+
 TEST_F(TransponderListDialogTest, refusesWhatItCannotRead)
 {
     open({});

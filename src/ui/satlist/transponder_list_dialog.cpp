@@ -152,6 +152,8 @@ void TransponderListDialog::fill()
     for (const TransponderEntry& entry : entries)
         lines << QString::fromStdString(transponderLine(entry));
     refill(*list_, lines);
+    for (std::size_t i = 0; i < entries.size(); ++i)
+        list_->item(static_cast<int>(i))->setToolTip(toQString(transponderRate(entries[i])));
     if (failed(result))
         complain(this, QStringLiteral("The transponders cannot be read"), result);
 }
@@ -198,10 +200,29 @@ std::optional<TransponderEntry> TransponderListDialog::typedEntry()
                             .flag = 1};
 }
 
+/// The label of the field has a unit that people know, but a thousandth of it is stored: a rate
+/// typed in that unit is asked about.
+bool TransponderListDialog::isRateMeant(const TransponderEntry& entry)
+{
+    if (entry.symbolRate >= kLeastSymbolRate)
+        return true;
+    const QString rate = toQString(symbolRateText(entry.symbolRate));
+    if (ask(this, QMessageBox::Question,
+            QStringLiteral("The symbol rate would be stored as %1 kS/s, which no satellite uses: "
+                           "the field takes symbols per second, so 27500 kS/s is typed as "
+                           "27500000.\nDo you want to add the transponder with %1 kS/s ?")
+                .arg(rate),
+            QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes)
+        return true;
+    symbolRate_->setFocus();
+    symbolRate_->selectAll();
+    return false;
+}
+
 void TransponderListDialog::add()
 {
     const auto entry = typedEntry();
-    if (!entry)
+    if (!entry || !isRateMeant(*entry))
         return;
     Status result = addTransponder(*satellite_.get(), *entry);
     if (result == status::kAlreadyExists)

@@ -42,6 +42,7 @@ private:
     void deleteSelected();
     void add();
     std::optional<TransponderEntry> typedEntry();
+    bool isRateMeant(const TransponderEntry& entry);
 
     ISatListManager& manager_;
     ComPtr<ISatellite> satellite_;
