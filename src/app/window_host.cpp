@@ -8,6 +8,8 @@
 #include "ui/message.h"
 #include "ui/text.h"
 
+#include <utility>
+
 #include <QApplication>
 
 namespace tessaview {
@@ -100,9 +102,11 @@ void WindowHost::openDropped(const std::vector<std::string>& captures)
 {
     frame_->raise();
     frame_->activateWindow();
-    if (!application_->openCaptures(captures))
+    const auto answer = document_->askKeepData();
+    if (answer == CTessaview3Doc::KeepData::Cancel || !application_->openCaptures(captures))
         return;
     document_->setDriver(application_->driver());
+    dropAnswer_ = answer;
     readCurrentTransponder();
 }
 
@@ -116,16 +120,19 @@ void WindowHost::readCurrentTransponder()
 
 void WindowHost::readWhenLocked()
 {
-    if (QApplication::activeModalWidget())
-        return; // the user is quicker: one thing after the other
+    if (QApplication::activeModalWidget()) {
+        dropAnswer_.reset(); // the user is quicker: one thing after the other, on other data then
+        return;
+    }
     const bool isReady = document_->isEnabled(Command::ScanTransponder);
     if (!isReady && ++lockTurns_ < kMaxLockTurns)
         return;
     lockTimer_.stop();
+    const auto answer = std::exchange(dropAnswer_, std::nullopt);
     if (!isReady)
         return;
     dialogs_->setReadsAtOnce(true);
-    document_->run(Command::ScanTransponder);
+    document_->scan(ScanMode::CurrentTransponder, answer ? *answer : document_->askKeepData());
     dialogs_->setReadsAtOnce(false);
 }
 

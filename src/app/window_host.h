@@ -7,6 +7,7 @@
 
 #include <chrono>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -45,6 +46,7 @@ private:
     std::unique_ptr<ApplicationDialogs> dialogs_;
     std::unique_ptr<CTessaview3Doc> document_;
     std::unique_ptr<CMainFrame> frame_;
+    std::optional<CTessaview3Doc::KeepData> dropAnswer_; ///< given before the driver was changed
     QTimer lockTimer_;
     int lockTurns_ = 0;
 };

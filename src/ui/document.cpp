@@ -64,16 +64,16 @@ bool CTessaview3Doc::run(Command command)
         return true;
     switch (command) {
     case Command::ScanTransponder:
-        scan(ScanMode::CurrentTransponder);
+        scan(ScanMode::CurrentTransponder, askKeepData());
         break;
     case Command::ScanNit:
-        scan(ScanMode::CurrentNit);
+        scan(ScanMode::CurrentNit, askKeepData());
         break;
     case Command::ScanSatellite:
-        scan(ScanMode::SingleSatellite);
+        scan(ScanMode::SingleSatellite, askKeepData());
         break;
     case Command::ScanAllSatellites:
-        scan(ScanMode::AllSatellites);
+        scan(ScanMode::AllSatellites, askKeepData());
         break;
     case Command::IncompleteStreams:
         dialogs_.setShowsIncomplete(view_->widget(), !dialogs_.showsIncomplete());
@@ -110,6 +110,8 @@ bool CTessaview3Doc::run(Command command)
 
 CTessaview3Doc::KeepData CTessaview3Doc::askKeepData()
 {
+    if (model_.empty())
+        return KeepData::Keep;
     switch (ask(view_->widget(), QMessageBox::Question,
                 QStringLiteral("Data is already loaded.\n"
                                "Do you want to keep existing data ?"),
@@ -123,9 +125,8 @@ CTessaview3Doc::KeepData CTessaview3Doc::askKeepData()
     }
 }
 
-void CTessaview3Doc::scan(ScanMode mode)
+void CTessaview3Doc::scan(ScanMode mode, KeepData answer)
 {
-    const KeepData answer = model_.empty() ? KeepData::Keep : askKeepData();
     if (answer == KeepData::Cancel)
         return;
     view_->ClearTree();

@@ -59,6 +59,13 @@ public:
     bool showsIncomplete() const { return dialogs_.showsIncomplete(); }
     bool isEnabled(Command command) const;
 
+    /// What becomes of what earlier scans have read.
+    enum class KeepData { Keep, Discard, Cancel };
+    /// Asks the user, if there is anything.
+    KeepData askKeepData();
+    /// Scans as the command of the mode does, with an answer that was given before.
+    void scan(ScanMode mode, KeepData answer);
+
     /// Carries out a command of the document, unless it has become disabled; false for a command
     /// that is not the document's.
     bool run(Command command);
@@ -75,11 +82,7 @@ public:
     void setPath(const QString& path) { path_ = path; }
 
 private:
-    enum class KeepData { Keep, Discard, Cancel };
-
     void useDriver(IUnknown* driver);
-    KeepData askKeepData();
-    void scan(ScanMode mode);
     void showDriverDialog(Status (IDeviceDialogs::*show)(WindowHandle) noexcept);
 
     ComPtr<IUnknown> driver_;

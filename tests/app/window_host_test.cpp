@@ -1,5 +1,6 @@
 #include "app/window_host.h"
 
+#include "acquisition/driver_access.h"
 #include "app/tessaview3_app.h"
 #include "log/log_file.h"
 #include "platform/settings.h"
@@ -7,10 +8,12 @@
 #include "tests/support/windows.h"
 #include "ui/tree_pane.h"
 
+#include <gmock/gmock.h>
 #include <optional>
 
 #include <QAction>
 #include <QComboBox>
+#include <QSignalSpy>
 #include <gtest/gtest.h>
 
 using namespace tessaview;
@@ -67,14 +70,24 @@ TEST_F(Window, readsADroppedCaptureAtOnceInPlaceOfTheDriver)
     ASSERT_TRUE(QTest::qWaitFor([] { return treeRows() > 0; }, 20'000));
     EXPECT_EQ(Settings(settings_).text(kSettingsKey, kDriverClassValue),
               toText(test::scripted::kWorks));
-    // The second time there is data to be kept or not.
-    const auto shown = whenShown({[](QWidget& box) {
-        EXPECT_EQ(test::messageOf(box),
-                  "Data is already loaded.\nDo you want to keep existing data ?");
-        QTest::keyClick(&box, Qt::Key_Escape);
-    }});
-    EXPECT_TRUE(test::drop(frame(), {kSample}));
-    ASSERT_TRUE(QTest::qWaitFor([&] { return shown->left() == 0; }, 20'000));
+    // The second time there is data to be kept or not, which is asked before the driver is told.
+    const std::string other = home_ / "other.ts";
+    std::filesystem::copy_file(kSample, other);
+    test::MessageReader boxes;
+    boxes.answer = QMessageBox::Cancel;
+    EXPECT_TRUE(test::drop(frame(), {other}));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return boxes.texts.size() == 1; }, 20'000));
+    EXPECT_EQ(boxes.texts.back(), "Data is already loaded.\nDo you want to keep existing data ?");
+    QCoreApplication::processEvents();
+    EXPECT_GT(treeRows(), 0);
+    const auto source = [this] { return DriverAccess(application_->driver()).sourceName(0); };
+    EXPECT_THAT(source(), testing::EndsWith("sample.ts"));
+    boxes.answer = QMessageBox::No;
+    QSignalSpy resets(frame().treePane().model(), &QAbstractItemModel::modelReset);
+    EXPECT_TRUE(test::drop(frame(), {other}));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return resets.size() == 3; }, 20'000)) << "read anew";
+    EXPECT_EQ(boxes.texts.size(), 2U) << "asked once only";
+    EXPECT_THAT(source(), testing::EndsWith("other.ts"));
     EXPECT_GT(treeRows(), 0);
 }
 

@@ -66,13 +66,17 @@ public:
         connect(&timer_, &QTimer::timeout, this, [this] {
             if (auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
                 texts.push_back(box->text().toStdString());
-                box->accept();
+                if (QAbstractButton* const button = box->button(answer))
+                    button->click();
+                else
+                    box->accept();
             }
         });
         timer_.start(1);
     }
 
     std::vector<std::string> texts;
+    QMessageBox::StandardButton answer = QMessageBox::NoButton; ///< to boxes that have it
 
 private:
     QTimer timer_;
