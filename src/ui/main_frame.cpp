@@ -336,6 +336,13 @@ void CMainFrame::save(const QString& path)
     document_.setPath(path);
     recent_files::add(path);
     updateTitle();
+    if (!document_.model().empty())
+        ask(this, QMessageBox::Information,
+            QStringLiteral("%1 is saved as an empty file: what was read is not in it, but can be "
+                           "kept with \"Database export...\" in the menu File, or read again "
+                           "from captures.")
+                .arg(path),
+            QMessageBox::Ok);
 }
 
 void CMainFrame::openAddress(const QString& address)

@@ -164,6 +164,10 @@ TEST_F(MainFrame, savesAnEmptyFileAndRemembersIt)
     frame->action(Command::FileSave)->trigger();
     EXPECT_EQ(QFile(file).size(), 0) << yes.text().toStdString();
     EXPECT_EQ(recent_files::list().front(), file);
+    scan();
+    const BoxAnswer told(Qt::Key_Return);
+    frame->action(Command::FileSave)->trigger();
+    EXPECT_TRUE(told.text().contains("what was read is not in it")) << told.text().toStdString();
 }
 
 TEST_F(MainFrame, listsTheFourFilesUsedLast)
