@@ -56,56 +56,34 @@ TEST(ClassRegistry, takesClassesByFolderThenNameAndKeepsTheFirstOfAClass)
     EXPECT_TRUE(registry.classesOf(kThrows).empty());
 }
 
-struct BrokenManifest {
-    const char* name;
-    const char* content;
-    const char* complaint;
-};
-
-class Broken : public testing::TestWithParam<BrokenManifest> {};
-
-TEST_P(Broken, manifestCostsOnlyItselfAndIsReported)
+TEST(ClassRegistry, takesABrokenManifestForItselfAndReportsIt)
 {
-    const TemporaryFolder folder;
-    writeFile(folder / "broken.component", GetParam().content);
-    writeFile(folder / "good.component", manifest(kThrows, "good", "good.so"));
-    const ClassRegistry registry({folder.path()});
-    EXPECT_THAT(namesOf(registry), ElementsAre("good"));
-    EXPECT_THAT(registry.problems(),
-                ElementsAre(testing::AllOf(HasSubstr((folder / "broken.component").string()),
-                                           HasSubstr(GetParam().complaint))));
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    ClassRegistry, Broken,
-    testing::Values(
-        BrokenManifest{"empty", "", "parse error"},
-        BrokenManifest{"list", "[1, 2]", "not a JSON object"},
-        BrokenManifest{"cutShort", "{\"clsid\": \"{1}\"", "parse error"},
-        BrokenManifest{"classThatIsNoText", R"({"clsid": 7})", "lacks the text 'clsid'"},
-        BrokenManifest{"classThatIsNoIdentifier", R"({"clsid": "{1}"})", "'{1}' is no identifier"},
-        BrokenManifest{"noCategories",
-                       R"({"clsid": "{00000000-0000-0000-0000-0000000000CA}", "name": "x"})",
-                       "lacks the list 'categories'"},
-        BrokenManifest{"noLibrary",
-                       R"({"clsid": "{00000000-0000-0000-0000-0000000000CA}", "name": "x",
-                          "categories": [], "library": ""})",
-                       "lacks the text 'library'"},
-        BrokenManifest{"categoryThatIsNoText",
-                       R"({"clsid": "{00000000-0000-0000-0000-0000000000CA}", "name": "x",
-                          "categories": [null], "library": "x"})",
-                       "must hold texts"}),
-    [](const auto& each) { return each.param.name; });
-
-TEST(ClassRegistry, reportsManifestsThatAreNoFilesOrTooLarge)
-{
-    const TemporaryFolder folder;
-    std::filesystem::create_directory(folder / "a.component");
-    writeFile(folder / "b.component", std::string(70'000, ' ') + "{}");
-    writeFile(folder / "c.component", std::string(60'000, '['));
-    const ClassRegistry registry({folder.path()});
-    EXPECT_THAT(registry.problems(), ElementsAre(HasSubstr("not a regular file"),
-                                                 HasSubstr("too large"), HasSubstr("parse error")));
+    const std::string category = R"({"clsid": "{00000000-0000-0000-0000-0000000000CA}", )";
+    const std::pair<std::string, const char*> cases[] = {
+        {"", "parse error"},
+        {"[1, 2]", "not a JSON object"},
+        {"{\"clsid\": \"{1}\"", "parse error"},
+        {R"({"clsid": 7})", "lacks the text 'clsid'"},
+        {R"({"clsid": "{1}"})", "'{1}' is no identifier"},
+        {category + R"("name": "x"})", "lacks the list 'categories'"},
+        {category + R"("name": "x", "categories": [], "library": ""})", "lacks the text 'library'"},
+        {category + R"("name": "x", "categories": [null], "library": "x"})", "must hold texts"},
+        {std::string(70'000, ' ') + "{}", "too large"},
+        {std::string(60'000, '['), "parse error"},
+    };
+    for (const auto& [content, complaint] : cases) {
+        SCOPED_TRACE(complaint);
+        const TemporaryFolder folder;
+        std::filesystem::create_directory(folder / "a.component");
+        writeFile(folder / "broken.component", content);
+        writeFile(folder / "good.component", manifest(kThrows, "good", "good.so"));
+        const ClassRegistry registry({folder.path()});
+        EXPECT_THAT(namesOf(registry), ElementsAre("good"));
+        EXPECT_THAT(registry.problems(),
+                    ElementsAre(HasSubstr("not a regular file"),
+                                testing::AllOf(HasSubstr((folder / "broken.component").string()),
+                                               HasSubstr(complaint))));
+    }
 }
 
 struct Failure {
@@ -170,20 +148,19 @@ TEST(ClassRegistry, createsObjectsOnSeveralThreadsAtOnce)
 
 TEST(ComponentSearchPath, hasTheGivenFoldersThenTheUsersThenTheInstallations)
 {
-    const test::Environment given("TESSAVIEW_COMPONENT_PATH", "/one::/two:");
-    const test::Environment data("XDG_DATA_HOME", "/data");
-    EXPECT_THAT(componentSearchPath(), ElementsAre("/one", "/two", "/data/Tessaview 3/components",
-                                                   std::filesystem::path(TESSAVIEW_BUILD_DIR) /
-                                                       "lib/tessaview3/components"));
-}
-
-TEST(ComponentSearchPath, doesWithoutWhatTheEnvironmentLacks)
-{
+    const std::filesystem::path own =
+        std::filesystem::path(TESSAVIEW_BUILD_DIR) / "lib/tessaview3/components";
+    const test::Environment home("HOME", "/home/of/mine");
+    {
+        const test::Environment given("TESSAVIEW_COMPONENT_PATH", "/one::/two:");
+        const test::Environment data("XDG_DATA_HOME", "/data");
+        EXPECT_THAT(componentSearchPath(),
+                    ElementsAre("/one", "/two", "/data/Tessaview 3/components", own));
+    }
     const test::Environment given("TESSAVIEW_COMPONENT_PATH", nullptr);
     const test::Environment data("XDG_DATA_HOME", "relative");
-    const test::Environment home("HOME", "/home/of/mine");
-    ASSERT_EQ(componentSearchPath().size(), 2U);
-    EXPECT_EQ(componentSearchPath()[0], "/home/of/mine/.local/share/Tessaview 3/components");
+    EXPECT_THAT(componentSearchPath(),
+                ElementsAre("/home/of/mine/.local/share/Tessaview 3/components", own));
 }
 
 } // namespace

@@ -31,11 +31,6 @@ TEST(Paths, dataOfAllUsersAreTheUsersWithoutAFolderAndNeedOneThatIsWritable)
     EXPECT_EQ(allUsersDataFolder(folder / "file"), std::nullopt);
 }
 
-TEST(Paths, knowTheRunningProgram)
-{
-    EXPECT_EQ(executablePath(), TESSAVIEW_BUILD_DIR "/tests/platform_tests");
-}
-
 TEST(BuildInfo, numberIsTheFourthOfTheVersion)
 {
     const std::string version = kVersionText;
