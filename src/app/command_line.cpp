@@ -1,8 +1,11 @@
 #include "app/command_line.h"
 
+#include "log/log_line.h"
 #include "platform/build_info.h"
 
 #include <CLI/CLI.hpp>
+#include <iostream>
+#include <sstream>
 
 namespace tessaview {
 
@@ -24,7 +27,9 @@ ParsedCommandLine parseCommandLine(int argc, const char* const* argv)
         app.parse(argc, argv);
     } catch (const CLI::ParseError& problem) {
         const bool isAnswer = problem.get_exit_code() == 0;
-        app.exit(problem);
+        std::ostringstream complaint; // it repeats what it does not know
+        app.exit(problem, std::cout, complaint);
+        std::cerr << asLines(complaint.str());
         return {.options = std::nullopt, .exitStatus = isAnswer ? 0 : kExitWrongUsage};
     }
     return {.options = options};

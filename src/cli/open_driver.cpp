@@ -2,6 +2,7 @@
 
 #include "acquisition/driver_start.h"
 #include "cli/complain.h"
+#include "log/log_line.h"
 #include "platform/paths.h"
 #include "platform/settings.h"
 
@@ -94,7 +95,7 @@ std::optional<std::string> chosenClass(const Options& options, const ClassRegist
 void printDrivers(const ClassRegistry& registry)
 {
     for (const DriverChoice& driver : namedDrivers(registry).drivers)
-        std::cout << driver.name << "  " << toText(driver.clsid) << '\n';
+        std::cout << asOneLine(driver.name) << "  " << toText(driver.clsid) << '\n';
     for (const ComponentClass& each : registry.classes())
         if (!each.categories.empty() && std::find(each.categories.begin(), each.categories.end(),
                                                   kDriverCategory) == each.categories.end())

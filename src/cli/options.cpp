@@ -2,10 +2,13 @@
 
 #include "acquisition/table_selection.h"
 #include "cli/complain.h"
+#include "log/log_line.h"
 #include "platform/build_info.h"
 
 #include <CLI/CLI.hpp>
+#include <iostream>
 #include <map>
+#include <sstream>
 
 namespace tessaview {
 
@@ -137,7 +140,9 @@ ParsedOptions parseOptions(int argc, const char* const* argv)
         app.parse(argc, argv);
     } catch (const CLI::ParseError& e) {
         const bool isAnswer = e.get_exit_code() == 0;
-        app.exit(e);
+        std::ostringstream complaint; // it repeats what it does not know
+        app.exit(e, std::cout, complaint);
+        std::cerr << asLines(complaint.str());
         return {.options = std::nullopt, .exitStatus = isAnswer ? kExitStored : kExitWrongUsage};
     }
     options.format = kFormats.at(format);

@@ -300,7 +300,7 @@ int openApplicationLog(const std::string& path)
     if (status == 0 && file != path) {
         constexpr const char* kSaying = "another explorer writes the log %s; this one writes %s";
         LogPrint(g_log, log_level::kInformation, kSaying, path.c_str(), file.c_str());
-        std::fprintf(stderr, kSaying, path.c_str(), file.c_str());
+        std::fprintf(stderr, kSaying, asOneLine(path).c_str(), asOneLine(file).c_str());
         std::fputc('\n', stderr);
     }
     return status;

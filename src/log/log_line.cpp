@@ -55,4 +55,12 @@ std::string asOneLine(std::string_view text)
     return line;
 }
 
+std::string asLines(std::string_view text)
+{
+    std::string lines;
+    for (std::size_t end = 0; (end = text.find('\n')) != text.npos; text.remove_prefix(end + 1))
+        lines += asOneLine(text.substr(0, end)) + '\n';
+    return lines + asOneLine(text);
+}
+
 } // namespace tessaview

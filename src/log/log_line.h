@@ -15,4 +15,7 @@ std::string_view cutAtCharacter(std::string_view text, std::size_t limit);
 /// forge a line of the log or disturb a terminal.
 std::string asOneLine(std::string_view text);
 
+/// The same with its line ends kept.
+std::string asLines(std::string_view text);
+
 } // namespace tessaview

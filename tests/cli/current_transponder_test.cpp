@@ -208,6 +208,8 @@ TEST(ShellTool, listsItsDriversAndTellsItsVersion)
     const Outcome drivers = tool.run({"--list-drivers"});
     EXPECT_EQ(drivers.status, 0);
     EXPECT_THAT(drivers.out, HasSubstr("Captured transport streams  {8F6E0A52-"));
+    EXPECT_THAT(tool.run({"--x\x1B[2J"}).err, HasSubstr("--x\u241B[2J"));
+    EXPECT_THAT(tool.run({"\x1B[2J.ts"}).err, HasSubstr("\u241B[2J.ts"));
     EXPECT_THAT(tool.run({"--version"}).out, HasSubstr("3.0"));
     EXPECT_THAT(tool.run({"--help"}).out, HasSubstr("--tables all|default|LIST|MASK"));
 }

@@ -133,9 +133,10 @@ TEST_F(Log, hasAtMost1023BytesInALineAndCutsBetweenCharacters)
 TEST_F(Log, keepsAMessageOnOneLine)
 {
     ASSERT_EQ(open(0), 0);
-    log_.WriteLine("a\r\n   9 - forged\t\x1B[2J\x7F\xC2\x85 caf\xC3\xA9", 1);
+    log_.WriteLine("a\r\n   9 - forged\t\x1B[2J\x7F\xC2\x85 caf\xC3\xA9\xE2\x80\xAE\xE2\x81\xA6",
+                   1);
     EXPECT_EQ(written(), "a\xE2\x90\x8D\xE2\x90\x8A   9 - forged\xE2\x90\x89\xE2\x90\x9B[2J"
-                         "\xE2\x90\xA1\xEF\xBF\xBD caf\xC3\xA9\r\n");
+                         "\xE2\x90\xA1\xEF\xBF\xBD caf\xC3\xA9\xEF\xBF\xBD\xEF\xBF\xBD\r\n");
 }
 
 TEST_F(Log, mirrorsItsLinesOnStandardErrorForDebugging)
