@@ -58,6 +58,11 @@ const std::vector<ScanCase> kCases{
     {"networkTunerTypeFails", kNit, failing("GetTunerType")},
     {"networkTunerOfUnknownKind", kNit, [](Scanning& s) { s.driver->tunerType = 4; }},
     {"networkSetFailsOnce", kNit, failing("SetSatelliteTuning")},
+    {"networkOtherStreamsThanTheNitSays", kNit,
+     [](Scanning& s) {
+         s.driver->streams[1110000] = streamAir(0x64);
+         s.driver->streams[1120099][{0x0011, 0x42}] = {test::sdt(0x42, 2, 0x3001, {})};
+     }},
     {"networkCurrentTuningFails", kNit, failing("GetSatelliteTuning")},
     {"networkCurrentTuningSucceedsButNotExactly", kNit,
      [](Scanning& s) { s.driver->failAt("GetSatelliteTuning", status::kFalse); }},

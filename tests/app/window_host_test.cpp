@@ -13,6 +13,7 @@
 
 #include <QAction>
 #include <QComboBox>
+#include <QPushButton>
 #include <QSignalSpy>
 #include <gtest/gtest.h>
 
@@ -89,6 +90,22 @@ TEST_F(Window, readsADroppedCaptureAtOnceInPlaceOfTheDriver)
     EXPECT_EQ(boxes.texts.size(), 2U) << "asked once only";
     EXPECT_THAT(source(), testing::EndsWith("other.ts"));
     EXPECT_GT(treeRows(), 0);
+}
+
+TEST_F(Window, readsNothingAtOnceByTheCommandAfterADrop)
+{
+    EXPECT_TRUE(test::drop(frame(), {kSample}));
+    ASSERT_TRUE(QTest::qWaitFor([] { return treeRows() > 0; }, 20'000));
+    const auto started =
+        whenShown({[](QWidget& box) { QTest::keyClick(&box, Qt::Key_Return); },
+                   [](QWidget& dialog) {
+                       const auto& start = test::control<QPushButton>(dialog, 1011);
+                       EXPECT_TRUE(test::waitFor([&] { return start.isEnabled(); }));
+                       EXPECT_EQ(start.text(), "Start");
+                       QTest::keyClick(&dialog, Qt::Key_Escape);
+                   }});
+    frame().action(Command::ScanTransponder)->trigger();
+    EXPECT_EQ(started->left(), 0U);
 }
 
 TEST_F(Window, tellsWhatCannotBeReadOfADropAndStaysAsItWas)

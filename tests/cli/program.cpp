@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <csignal>
 #include <fcntl.h>
+#include <poll.h>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <system_error>
@@ -27,14 +28,14 @@ std::vector<char*> pointersTo(std::vector<std::string>& texts)
     return pointers;
 }
 
-/// Waits for a program to end; -1 when a signal ended it.
+/// Waits for a program to end: its exit status, or the signal that ended it, negated.
 int exitStatusOf(pid_t child)
 {
     int status = 0;
     while (waitpid(child, &status, 0) < 0)
         if (errno != EINTR)
             throw std::system_error(errno, std::generic_category(), "waitpid");
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
 }
 
 /// Standard streams of a program that is to be started.
@@ -111,8 +112,10 @@ Outcome ShellTool::runInto(const std::string& output,
 }
 
 Outcome ShellTool::runInterrupted(const std::string& text,
-                                  const std::vector<std::string>& arguments) const
+                                  const std::vector<std::string>& arguments, bool again) const
 {
+    constexpr int kMostPresses = 100;
+    constexpr int kPause = 50; // ms
     const std::string out = folder_ / "standard-output";
     std::array<int, 2> ends{};
     if (pipe2(ends.data(), O_CLOEXEC) != 0)
@@ -120,12 +123,19 @@ Outcome ShellTool::runInterrupted(const std::string& text,
     const pid_t child = start(out, ends[1], arguments);
     close(ends[1]);
     Outcome run;
-    bool isPressed = false;
+    int presses = 0;
     std::array<char, 256> part{};
-    for (ssize_t size = 0; (size = read(ends[0], part.data(), part.size())) > 0;) {
+    for (pollfd file{.fd = ends[0], .events = POLLIN, .revents = 0};;) {
+        if (poll(&file, 1, presses > 0 && again ? kPause : -1) == 0) {
+            kill(child, ++presses < kMostPresses ? SIGINT : SIGKILL);
+            continue;
+        }
+        const ssize_t size = read(ends[0], part.data(), part.size());
+        if (size <= 0)
+            break;
         run.err.append(part.data(), static_cast<std::size_t>(size));
-        if (!isPressed && run.err.find(text) != std::string::npos)
-            isPressed = kill(child, SIGINT) == 0;
+        if (presses == 0 && run.err.find(text) != std::string::npos)
+            presses += kill(child, SIGINT) == 0 ? 1 : 0;
     }
     close(ends[0]);
     run.status = exitStatusOf(child);

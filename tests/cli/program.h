@@ -12,7 +12,7 @@ namespace test {
 
 /// What a run of the shell tool left behind.
 struct Outcome {
-    int status = -1; ///< the exit status; -1 when a signal ended it
+    int status = -1; ///< the exit status, or the signal that ended it, negated
     std::string out;
     std::string err;
 };
@@ -26,9 +26,9 @@ public:
     /// The same with standard output going to a file or device.
     Outcome runInto(const std::string& output, const std::vector<std::string>& arguments) const;
     /// Presses Ctrl+C as soon as a text has come on standard error, of which no more than a pipe
-    /// holds is written before that.
-    Outcome runInterrupted(const std::string& text,
-                           const std::vector<std::string>& arguments) const;
+    /// holds is written before that, and then again and again if asked to.
+    Outcome runInterrupted(const std::string& text, const std::vector<std::string>& arguments,
+                           bool again = false) const;
 
     /// Writes a file into the current folder of the runs and gives its path.
     std::string file(const std::string& name, const Bytes& content) const;

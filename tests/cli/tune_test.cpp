@@ -1,6 +1,7 @@
 #include "tests/cli/program.h"
 #include "tools/multiplex/air.h"
 
+#include <csignal>
 #include <gmock/gmock.h>
 
 #include <gtest/gtest.h>
@@ -127,6 +128,12 @@ TEST_F(ShellTuning, interruptsADriverThatWaits)
                                        "tessaview3-scan: nothing was stored: cancelled\n"));
         EXPECT_THAT(run.err, Not(HasSubstr("in use"))) << "that is not why";
     }
+}
+
+TEST_F(ShellTuning, endsAtTheSecondInterruptionWhateverTheDriverDoes)
+{
+    const Outcome run = tool.runInterrupted("Scanning current", deaf("B3", {}), true);
+    EXPECT_EQ(run.status, -SIGINT);
 }
 
 } // namespace

@@ -91,6 +91,9 @@ int FakeFrontend::control(unsigned long request, std::uintptr_t argument, millis
     case FE_READ_SIGNAL_STRENGTH:
         recordAt<std::uint16_t>(argument) = 0x8000;
         return 0;
+    case FE_READ_SNR:
+        recordAt<std::uint16_t>(argument) = 0x4000;
+        return 0;
     case FE_SET_TONE:
         lineCalls.emplace_back(argument == SEC_TONE_ON ? "tone on" : "tone off");
         return 0;

@@ -72,7 +72,11 @@ int FakeKernel::open(const std::string& path, int flags)
         return path == "/dev/dvb/" + each.first.name();
     });
     if (path.ends_with("/demux0") && !isDemuxGone) {
-        result = -demuxOpenProblem;
+        const auto open = std::count_if(files_.begin(), files_.end(), [](const auto& each) {
+            return each.second.frontend == nullptr;
+        });
+        const bool isFull = static_cast<std::size_t>(open) >= demuxLimit;
+        result = isFull ? -EMFILE : -demuxOpenProblem;
     } else if (found != frontends.end()) {
         file.frontend = &found->second;
         result = file.frontend->open(file.isWriter);

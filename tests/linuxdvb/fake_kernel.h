@@ -36,6 +36,7 @@ public:
 
     std::vector<Broadcast> air;
     std::size_t filterLimit = 32; ///< how many section filters there are
+    std::size_t demuxLimit = 32;  ///< how often the demultiplexers can be open at a time
     std::size_t mostFilters = 0;  ///< how many there were at the same time
 
     /// What reading packets answers, in turn: a size, or a negative error number; then nothing

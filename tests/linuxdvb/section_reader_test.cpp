@@ -140,9 +140,12 @@ TEST_P(ReadingEnds, whenNothingMoreIsToBeExpected)
 INSTANTIATE_TEST_SUITE_P(SectionReading, ReadingEnds, ::testing::ValuesIn(endCases()),
                          [](const auto& each) { return each.param.name; });
 
-TEST_F(SectionReading, takesTurnsWhereFiltersAreFew)
+class FewFilters : public SectionReading,
+                   public ::testing::WithParamInterface<std::size_t FakeKernel::*> {};
+
+TEST_P(FewFilters, takeTurns)
 {
-    kernel_.filterLimit = 2;
+    kernel_.*GetParam() = 2;
     std::vector<TableRequest> requests;
     for (unsigned program = 1; program <= 7; ++program) {
         requests.push_back(pmtRequest(0x100, program));
@@ -156,6 +159,9 @@ TEST_F(SectionReading, takesTurnsWhereFiltersAreFew)
     EXPECT_LE(kernel_.elapsed(), 31s);
     EXPECT_EQ(answers.problem, "");
 }
+
+INSTANTIATE_TEST_SUITE_P(SectionReading, FewFilters,
+                         ::testing::Values(&FakeKernel::filterLimit, &FakeKernel::demuxLimit));
 
 TEST_F(SectionReading, keepsWhatCameBeforeTheDeviceWasRemoved)
 {

@@ -171,6 +171,93 @@ TEST_P(Tries, inThisOrder)
 INSTANTIATE_TEST_SUITE_P(Tuning, Tries, ::testing::ValuesIn(tuningCases()),
                          [](const auto& each) { return each.param.name; });
 
+/// A channel with one code of its description, and what the receiver is told for it.
+struct CodeTable {
+    const char* name;
+    fe_delivery_system system;
+    std::uint32_t property;
+    Channel (*described)(std::uint8_t code);
+    std::vector<std::uint32_t> values; ///< by their codes, up to the first reserved one
+};
+
+template <std::uint8_t TerrestrialTuning::*field>
+Channel terrestrialWith(std::uint8_t code)
+{
+    TerrestrialTuning tuning{};
+    tuning.guard_interval = tuning.transmission_mode = 1; // so that it is described
+    tuning.*field = code;
+    return onAir(tuning);
+}
+
+const std::vector<CodeTable> kCodeTables{
+    {"innerFec",
+     SYS_DVBS2,
+     DTV_INNER_FEC,
+     [](std::uint8_t code) { return onAir(satellite(0x06, code)); },
+     {FEC_AUTO, FEC_1_2, FEC_2_3, FEC_3_4, FEC_5_6, FEC_7_8, FEC_8_9, FEC_3_5, FEC_4_5, FEC_9_10,
+      FEC_AUTO}},
+    {"rollOff",
+     SYS_DVBS2,
+     DTV_ROLLOFF,
+     [](std::uint8_t code) { return onAir(satellite(static_cast<std::uint8_t>(code << 3 | 4))); },
+     {ROLLOFF_35, ROLLOFF_25, ROLLOFF_20, ROLLOFF_AUTO}},
+    {"listedModulation",
+     SYS_DVBS2,
+     DTV_MODULATION,
+     [](std::uint8_t code) {
+         return onAir(satellite(0), {true, code, {}, {}, {}});
+     },
+     {PSK_8, QPSK, PSK_8, APSK_16, APSK_32}},
+    {"cableModulation",
+     SYS_DVBC_ANNEX_A,
+     DTV_MODULATION,
+     [](std::uint8_t code) {
+         return onAir(CableTuning{0, 0, code, {}, 0, 0, {}});
+     },
+     {QAM_256, QAM_16, QAM_32, QAM_64, QAM_128, QAM_256, QAM_256}}, // the first of the usual ones
+    {"bandwidth",
+     SYS_DVBT,
+     DTV_BANDWIDTH_HZ,
+     terrestrialWith<&TerrestrialTuning::bandwidth>,
+     {8000000, 7000000, 6000000, 5000000, 8000000}},
+    {"constellation",
+     SYS_DVBT,
+     DTV_MODULATION,
+     terrestrialWith<&TerrestrialTuning::constellation>,
+     {QPSK, QAM_16, QAM_64, QAM_AUTO}},
+    {"hierarchy",
+     SYS_DVBT,
+     DTV_HIERARCHY,
+     terrestrialWith<&TerrestrialTuning::hierarchy_information>,
+     {HIERARCHY_NONE, HIERARCHY_1, HIERARCHY_2, HIERARCHY_4, HIERARCHY_NONE}}, // interleaved
+    {"codeRate",
+     SYS_DVBT,
+     DTV_CODE_RATE_HP,
+     terrestrialWith<&TerrestrialTuning::code_rate_HP_stream>,
+     {FEC_1_2, FEC_2_3, FEC_3_4, FEC_5_6, FEC_7_8, FEC_AUTO}},
+    {"guardInterval",
+     SYS_DVBT,
+     DTV_GUARD_INTERVAL,
+     terrestrialWith<&TerrestrialTuning::guard_interval>,
+     {GUARD_INTERVAL_1_32, GUARD_INTERVAL_1_16, GUARD_INTERVAL_1_8, GUARD_INTERVAL_1_4,
+      GUARD_INTERVAL_AUTO}},
+    {"transmissionMode",
+     SYS_DVBT,
+     DTV_TRANSMISSION_MODE,
+     terrestrialWith<&TerrestrialTuning::transmission_mode>,
+     {TRANSMISSION_MODE_2K, TRANSMISSION_MODE_8K, TRANSMISSION_MODE_4K, TRANSMISSION_MODE_AUTO}},
+};
+
+TEST(Codes, areToldAsTheReceiverHasThem)
+{
+    for (const CodeTable& table : kCodeTables)
+        for (std::uint8_t code = 0; code < table.values.size(); ++code)
+            EXPECT_THAT(
+                attemptsFor(table.described(code), receiver({table.system})).at(0).properties,
+                ::testing::Contains(std::pair(table.property, table.values[code])))
+                << table.name << ' ' << int{code};
+}
+
 struct DishCase {
     const char* name;
     const char* stored;

@@ -340,7 +340,14 @@ TEST_F(ListFile, losesNothingWhenManagersSaveAtOnce)
 TEST_F(ListFile, isFilledWithTheBuiltInListAtTheFirstStart)
 {
     EXPECT_EQ(loadSatelliteList(manager_.get(), file_), status::kNotFound);
-    EXPECT_EQ(manager_.names().size(), 9U);
+    std::string list;
+    for (const std::string& name : manager_.names()) {
+        list += name + '\n';
+        for (const TransponderEntry& entry : manager_.transponders(name))
+            list += "  " + testing::PrintToString(entry) + '\n';
+    }
+    EXPECT_EQ(list, test::readFile(TESSAVIEW_SOURCE_DIR "/tests/satlist/built_in.txt"));
+    EXPECT_EQ(manager_.names(true), manager_.names());
     ASSERT_EQ(saveSatelliteList(manager_.get(), file_), status::kOk);
     const LoadedManager again;
     again.put("gone", {});

@@ -29,6 +29,7 @@ enum Script : std::uint32_t {
     SetWaits = 0xB0,
     ReadWaits = 0xB1,
     SetAndReadFail = 0xB2,
+    ReadHangs = 0xB3,
 };
 
 // NOLINTBEGIN(concurrency-mt-unsafe): only read
@@ -84,6 +85,9 @@ public:
             break;
         case ReadWaits:
             actIn("ReadTables", [this] { waitForInterrupt(); });
+            break;
+        case ReadHangs:
+            actIn("ReadTables", hang);
             break;
         default:
             break;
