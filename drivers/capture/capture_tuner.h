@@ -33,6 +33,9 @@ public:
     /// capture that has gone is no error: the tuner just lacks it. Throws Interrupted.
     void open(std::string settingsKey);
 
+    void close() {}
+    void setSatelliteList(ISatListManager*) {} // captures say themselves where they come from
+
     TunerState state() const;
 
     /// Sets the tuner to a capture of another set, or to the first where there is none such.

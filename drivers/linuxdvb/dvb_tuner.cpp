@@ -293,8 +293,8 @@ std::string DvbTuner::lossOfSignal()
     return now && now->isLocked() ? "" : state().settings.device.name() + ": the signal was lost";
 }
 
-ReadAnswers DvbTuner::read(std::span<const TableRequest> requests, std::chrono::seconds waitLimit,
-                           const StopRequested& stop)
+Answers DvbTuner::read(std::span<const TableRequest> requests, std::chrono::seconds waitLimit,
+                       const StopRequested& stop)
 {
     const StopRequested ends = stopFor(stop);
     while (isResuming_)
@@ -305,7 +305,7 @@ ReadAnswers DvbTuner::read(std::span<const TableRequest> requests, std::chrono::
             throw Interrupted();
         awaitLock(ends);
         const auto ceiling = std::max(state().settings.readCeiling, waitLimit);
-        ReadAnswers answers =
+        Answers answers =
             readTables(kernel_, demultiplexer(), requests, {waitLimit, ceiling}, ends);
         if (answers.problem.empty())
             answers.problem = lossOfSignal();

@@ -66,8 +66,8 @@ public:
     void tune(Channel channel, const StopRequested& stop = {});
     /// Reads from what the receiver is tuned to; what went wrong is reported. Throws Interrupted,
     /// and DeviceError when nothing could be read.
-    ReadAnswers read(std::span<const TableRequest> requests, std::chrono::seconds waitLimit,
-                     const StopRequested& stop = {});
+    Answers read(std::span<const TableRequest> requests, std::chrono::seconds waitLimit,
+                 const StopRequested& stop = {});
     /// While interrupted, tuning and reading end soon, and new ones at once.
     void setInterrupted(bool interrupted) { isInterrupted_ = interrupted; }
 

@@ -66,7 +66,7 @@ public:
         }
     }
 
-    ReadAnswers read();
+    Answers read();
 
 private:
     struct Running {
@@ -195,7 +195,7 @@ void BatchReader::run()
     }
 }
 
-ReadAnswers BatchReader::read()
+Answers BatchReader::read()
 {
     const auto isEmpty = [&] {
         return std::all_of(collectors_.begin(), collectors_.end(),
@@ -211,7 +211,7 @@ ReadAnswers BatchReader::read()
     running_.clear();
     if (isEmpty() && !problem_.empty())
         throw DeviceError(problem_, 0);
-    ReadAnswers answers{.lists = {}, .problem = std::move(problem_)};
+    Answers answers{.lists = {}, .problem = std::move(problem_)};
     answers.lists.reserve(collectors_.size());
     for (SectionCollector& collector : collectors_)
         answers.lists.push_back(collector.answer());
@@ -220,9 +220,9 @@ ReadAnswers BatchReader::read()
 
 } // namespace
 
-ReadAnswers readTables(Kernel& kernel, const std::string& demultiplexer,
-                       std::span<const TableRequest> requests, ReadTimes times,
-                       const StopRequested& stop)
+Answers readTables(Kernel& kernel, const std::string& demultiplexer,
+                   std::span<const TableRequest> requests, ReadTimes times,
+                   const StopRequested& stop)
 {
     return BatchReader(kernel, demultiplexer, requests, times, stop).read();
 }

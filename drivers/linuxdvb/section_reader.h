@@ -1,11 +1,10 @@
 #pragma once
 
-#include "drivers/common/section_collector.h"
+#include "drivers/common/answers.h"
 #include "drivers/linuxdvb/kernel.h"
 
 #include <span>
 #include <string>
-#include <vector>
 
 namespace tessaview {
 
@@ -15,11 +14,6 @@ struct ReadTimes {
     std::chrono::milliseconds wait;
     /// For a table that goes on bringing new sections.
     std::chrono::milliseconds ceiling;
-};
-
-struct ReadAnswers {
-    std::vector<std::vector<RawSection>> lists; ///< one per request
-    std::string problem; ///< why something may be missing; empty when nothing is known to be
 };
 
 /// Collects the tables of a batch from a demultiplexer ("adapter0/demux0") through the kernel's
@@ -32,8 +26,8 @@ struct ReadAnswers {
 ///
 /// A device that fails in mid-course ends the reading there: what had come is answered. Throws
 /// DeviceError when nothing could be read, and Interrupted.
-ReadAnswers readTables(Kernel& kernel, const std::string& demultiplexer,
-                       std::span<const TableRequest> requests, ReadTimes times,
-                       const StopRequested& stop);
+Answers readTables(Kernel& kernel, const std::string& demultiplexer,
+                   std::span<const TableRequest> requests, ReadTimes times,
+                   const StopRequested& stop);
 
 } // namespace tessaview

@@ -12,9 +12,9 @@ namespace {
 
 using namespace test;
 using namespace std::chrono_literals;
+using tessaview::Answers;
 using tessaview::CollectionMode;
 using tessaview::DeviceError;
-using tessaview::ReadAnswers;
 using tessaview::TableRequest;
 using ::testing::HasSubstr;
 
@@ -50,8 +50,8 @@ Bytes schedulePart(unsigned number, unsigned lastTable = 0x50, unsigned table = 
 
 class SectionReading : public ::testing::Test {
 protected:
-    ReadAnswers read(const std::vector<TableRequest>& requests, milliseconds ceiling = 120s,
-                     const tessaview::StopRequested& stop = {})
+    Answers read(const std::vector<TableRequest>& requests, milliseconds ceiling = 120s,
+                 const tessaview::StopRequested& stop = {})
     {
         return tessaview::readTables(kernel_, "adapter0/demux0", requests, {30s, ceiling}, stop);
     }
@@ -129,7 +129,7 @@ class ReadingEnds : public SectionReading, public ::testing::WithParamInterface<
 TEST_P(ReadingEnds, whenNothingMoreIsToBeExpected)
 {
     kernel_.air = GetParam().air;
-    const ReadAnswers answers = read({GetParam().wanted});
+    const Answers answers = read({GetParam().wanted});
     EXPECT_EQ(answers.lists.at(0).size(), GetParam().sections);
     EXPECT_GE(kernel_.elapsed(), GetParam().earliest);
     EXPECT_LE(kernel_.elapsed(), GetParam().latest);
@@ -152,7 +152,7 @@ TEST_P(FewFilters, takeTurns)
         if (program != 3) // this one is not on air
             kernel_.air.push_back({0x100, pmt(program, 0x1FFF, {}), 400ms});
     }
-    const ReadAnswers answers = read(requests);
+    const Answers answers = read(requests);
     for (std::size_t i = 0; i < requests.size(); ++i)
         EXPECT_EQ(answers.lists.at(i).size(), i == 2 ? 0U : 1U) << i;
     EXPECT_EQ(kernel_.mostFilters, 2U);
@@ -167,7 +167,7 @@ TEST_F(SectionReading, keepsWhatCameBeforeTheDeviceWasRemoved)
 {
     kernel_.air = {{0x00, pat(1, {}), 100ms}};
     kernel_.at(3s, [this] { kernel_.isDemuxGone = true; });
-    const ReadAnswers answers = read({request(0, 0), request(1, 1)});
+    const Answers answers = read({request(0, 0), request(1, 1)});
     EXPECT_EQ(answers.lists.at(0).size(), 1U);
     EXPECT_THAT(answers.problem, HasSubstr("adapter0/demux0: the device was removed"));
     EXPECT_LE(kernel_.elapsed(), 4s);
@@ -196,7 +196,7 @@ TEST_F(SectionReading, saysWhenSectionsWereLost)
 {
     for (unsigned i = 0; i < 3000; ++i) // more than a filter holds between two looks
         kernel_.air.push_back({0x10, otherNit(i), 10s, 50ms});
-    const ReadAnswers answers = read({request(0x10, kNitOther, CollectionMode::OtherNetworks)});
+    const Answers answers = read({request(0x10, kNitOther, CollectionMode::OtherNetworks)});
     EXPECT_THAT(answers.problem, HasSubstr("came too fast"));
 }
 
