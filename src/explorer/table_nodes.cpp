@@ -5,10 +5,10 @@
 #include "explorer/fields/table_fields.h"
 #include "explorer/list_nodes.h"
 #include "explorer/node_text.h"
-#include "explorer/service_names.h"
 #include "explorer/stream_type_names.h"
 #include "explorer/tree.h"
 #include "model/network_map.h"
+#include "model/service_entry.h"
 #include "platform/format.h"
 #include "si/texts/registries.h"
 
@@ -134,13 +134,16 @@ NodeView transportStreamOf(NodeView node)
     return node;
 }
 
+/// As the SDT actual of the transport stream that was read has it.
 std::string serviceName(const NodeView& node, std::uint32_t original_network_id,
                         std::uint32_t transport_stream_id, std::uint32_t service_id)
 {
-    const auto name = lookupServiceName(transportStreamOf(node).data<Transponder>(),
-                                        original_network_id, transport_stream_id, service_id);
-    return name ? displayText(BroadcastText{.text = *name}, charsetRuleOf(node))
-                : "<service not in SDT>";
+    const auto described = serviceDescriptorOf(
+        findService(transportStreamOf(node).data<Transponder>().sdtActual, original_network_id,
+                    transport_stream_id, service_id, true));
+    return described
+               ? displayText(BroadcastText{.text = described->service_name}, charsetRuleOf(node))
+               : "<service not in SDT>";
 }
 
 // Kinds stand below the kinds of their children.

@@ -2,6 +2,7 @@
 
 #include "charset/display_text.h"
 #include "export/database_export.h"
+#include "model/service_entry.h"
 #include "si/texts/registries.h"
 
 #include <algorithm>
@@ -15,26 +16,10 @@ namespace tessaview {
 namespace {
 
 using lib13818::DescriptorCA;
-using lib13818::DescriptorService;
 
 /// What stands for a service that the SDT does not describe.
 constexpr std::string_view kNotInSdt = "<service not in sdt>";
 constexpr int kUnknownValue = -1;
-
-/// The first entry of a service in the SDT of its transport stream; null without one.
-const lib13818::SdtService* findEntry(const Transponder& transponder, int service_id)
-{
-    for (const auto& [network, streams] : transponder.sdtActual) {
-        const auto sections = streams.find(transponder.transport_stream_id);
-        if (sections == streams.end())
-            continue;
-        for (const auto& [number, sdt] : sections->second)
-            for (const lib13818::SdtService& service : sdt.services)
-                if (service.service_id == service_id)
-                    return &service;
-    }
-    return nullptr;
-}
 
 /// Rounded; 0 where the frequency is not known.
 std::int32_t megahertzOf(const Tuning& tuning)
@@ -58,11 +43,6 @@ const lib13818::Pmt* findPmt(const Transponder& transponder, int program_number)
         if (pmt.table_id_extension == program_number)
             return &pmt;
     return nullptr;
-}
-
-std::optional<DescriptorService> serviceDescriptorOf(const lib13818::SdtService* entry)
-{
-    return entry ? entry->descriptors.all<DescriptorService>().first() : std::nullopt;
 }
 
 /// A row for each CA descriptor, under the row that `owner` names.
@@ -108,7 +88,10 @@ void TransponderExport::write(const Network& network, const Transponder& transpo
     std::set<int> written; // a PAT that lists a program again means nothing by it
     for (const lib13818::PatProgram& program : transponder.pat.programs)
         if (program.program_number != 0 && written.insert(program.program_number).second)
-            writeService(id, charset, program, findEntry(transponder, program.program_number),
+            writeService(id, charset, program,
+                         findService(transponder.sdtActual, std::nullopt,
+                                     transponder.transport_stream_id,
+                                     static_cast<std::uint32_t>(program.program_number)),
                          findPmt(transponder, program.program_number));
 }
 
@@ -116,7 +99,7 @@ void TransponderExport::writeService(std::int64_t transponderId, const CharsetRu
                                      const lib13818::PatProgram& program,
                                      const lib13818::SdtService* entry, const lib13818::Pmt* pmt)
 {
-    const std::optional<DescriptorService> described = serviceDescriptorOf(entry);
+    const std::optional<lib13818::DescriptorService> described = serviceDescriptorOf(entry);
     const auto shown = [&](std::string_view text) {
         return displayText(BroadcastText{.text = text}, charset);
     };
