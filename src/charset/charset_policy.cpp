@@ -1,8 +1,7 @@
 #include "charset/charset_policy.h"
 
-#include <array>
-#include <charconv>
-#include <cstdio>
+#include "platform/format.h"
+#include "platform/number.h"
 
 namespace tessaview {
 
@@ -13,15 +12,8 @@ constexpr std::string_view kAlways = ",always";
 
 std::optional<std::uint32_t> parseNetwork(std::string_view text)
 {
-    const bool isHexadecimal = text.starts_with("0x") || text.starts_with("0X");
-    if (isHexadecimal)
-        text.remove_prefix(2);
-    std::uint32_t id = 0;
-    const char* const end = text.data() + text.size();
-    const auto [stop, failure] = std::from_chars(text.data(), end, id, isHexadecimal ? 16 : 10);
-    if (failure != std::errc() || stop != end || id > 0xFFFF)
-        return std::nullopt;
-    return id;
+    const auto id = decimalOrHexadecimal<std::uint32_t>(text);
+    return id && *id <= 0xFFFF ? id : std::nullopt;
 }
 
 } // namespace
@@ -54,11 +46,8 @@ std::optional<CharsetRule> parseCharsetRule(std::string_view text, std::string& 
 std::string toText(const CharsetRule& rule)
 {
     std::string text;
-    if (rule.original_network_id) {
-        std::array<char, 16> network{};
-        std::snprintf(network.data(), network.size(), "0x%04X=", *rule.original_network_id);
-        text = network.data();
-    }
+    if (rule.original_network_id)
+        text = formatted("0x%04X=", *rule.original_network_id);
     text += rule.table ? std::string_view(rule.table->key) : kAutomatic;
     if (rule.beatsSelector)
         text += kAlways;

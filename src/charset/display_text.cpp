@@ -1,32 +1,13 @@
 #include "charset/display_text.h"
 
+#include "platform/format.h"
+#include "platform/utf8.h"
+
 #include <algorithm>
-#include <array>
-#include <cstdio>
 
 namespace tessaview {
 
 namespace {
-
-void appendUtf8(std::string& out, char32_t c)
-{
-    const auto put = [&](char32_t byte) { out.push_back(static_cast<char>(byte)); };
-    if (c < 0x80) {
-        put(c);
-    } else if (c < 0x800) {
-        put(0xC0 | c >> 6);
-        put(0x80 | (c & 0x3F));
-    } else if (c < 0x10000) {
-        put(0xE0 | c >> 12);
-        put(0x80 | (c >> 6 & 0x3F));
-        put(0x80 | (c & 0x3F));
-    } else {
-        put(0xF0 | c >> 18);
-        put(0x80 | (c >> 12 & 0x3F));
-        put(0x80 | (c >> 6 & 0x3F));
-        put(0x80 | (c & 0x3F));
-    }
-}
 
 /// Characters that move the text around them or break lines without being seen.
 bool isInvisibleControl(char32_t c)
@@ -108,13 +89,6 @@ std::u32string asciiOf(std::string_view text)
     return out;
 }
 
-std::string numbered(const char* format, unsigned number)
-{
-    std::array<char, 64> text{};
-    std::snprintf(text.data(), text.size(), format, number);
-    return text.data();
-}
-
 } // namespace
 
 std::string displayText(const BroadcastText& broadcast, const CharsetRule& rule)
@@ -138,7 +112,7 @@ std::string charsetRemark(const BroadcastText& broadcast, const CharsetRule& rul
     if (reading.isByRule) {
         std::string why = rule.beatsSelector ? ", set to beat the selector" : ", set";
         if (rule.original_network_id)
-            why += numbered(" for network 0x%04X", *rule.original_network_id);
+            why += formatted(" for network 0x%04X", *rule.original_network_id);
         else if (!rule.beatsSelector)
             why += " for texts without a selector";
         return table + why;
@@ -148,7 +122,7 @@ std::string charsetRemark(const BroadcastText& broadcast, const CharsetRule& rul
     const unsigned selector = broadcast.selector
                                   ? *broadcast.selector
                                   : static_cast<unsigned char>(broadcast.text.front());
-    return table + numbered(", by the text's selector 0x%02X", selector);
+    return table + formatted(", by the text's selector 0x%02X", selector);
 }
 
 std::string codeText(std::string_view code)

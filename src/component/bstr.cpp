@@ -1,6 +1,7 @@
 #include "component/bstr.h"
 
 #include "component/task_memory.h"
+#include "platform/utf8.h"
 
 #include <cstdint>
 #include <cstring>
@@ -59,26 +60,6 @@ std::size_t TessaviewBstrLength(const char16_t* bstr)
 namespace tessaview {
 
 namespace {
-
-void appendUtf8(std::string& out, char32_t c)
-{
-    const auto put = [&](char32_t byte) { out.push_back(static_cast<char>(byte)); };
-    if (c < 0x80) {
-        put(c);
-    } else if (c < 0x800) {
-        put(0xC0 | c >> 6);
-        put(0x80 | (c & 0x3F));
-    } else if (c < 0x10000) {
-        put(0xE0 | c >> 12);
-        put(0x80 | (c >> 6 & 0x3F));
-        put(0x80 | (c & 0x3F));
-    } else {
-        put(0xF0 | c >> 18);
-        put(0x80 | (c >> 12 & 0x3F));
-        put(0x80 | (c >> 6 & 0x3F));
-        put(0x80 | (c & 0x3F));
-    }
-}
 
 /// Takes one character off the front of a UTF-8 text; a byte that starts none is taken alone.
 char32_t nextCharacter(std::string_view& text)

@@ -1,36 +1,21 @@
 #include "component/path_text.h"
 
 #include "component/bstr.h"
+#include "platform/format.h"
+#include "platform/number.h"
 
-#include <optional>
+#include <cstdint>
 
 namespace tessaview {
 
 namespace {
 
 constexpr std::string_view kScheme = "file://";
-constexpr std::string_view kDigits = "0123456789ABCDEF";
 
 bool standsForItself(char c)
 {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
            std::string_view("/-._~").find(c) != std::string_view::npos;
-}
-
-/// The byte that two hexadecimal digits at the start of a text mean.
-std::optional<char> byteAt(std::string_view digits)
-{
-    if (digits.size() < 2)
-        return std::nullopt;
-    unsigned value = 0;
-    for (char c : digits.substr(0, 2)) {
-        const std::size_t digit =
-            kDigits.find(c >= 'a' && c <= 'f' ? static_cast<char>(c - 'a' + 'A') : c);
-        if (digit == std::string_view::npos)
-            return std::nullopt;
-        value = value * 16 + static_cast<unsigned>(digit);
-    }
-    return static_cast<char>(value);
 }
 
 } // namespace
@@ -43,11 +28,10 @@ std::string pathText(const std::filesystem::path& path)
         return bytes;
     std::string text(kScheme);
     for (const char c : bytes) {
-        const auto value = static_cast<unsigned char>(c);
         if (standsForItself(c))
             text += c;
         else
-            text.append({'%', kDigits[value >> 4U], kDigits[value & 0xFU]});
+            text += formatted("%%%02X", unsigned{static_cast<unsigned char>(c)});
     }
     return text;
 }
@@ -62,10 +46,11 @@ std::filesystem::path pathFromText(std::string_view text)
             bytes += text[i];
             continue;
         }
-        const auto byte = byteAt(text.substr(i + 1));
-        if (!byte)
+        const std::string_view digits = text.substr(i + 1, 2);
+        const auto byte = wholeNumber<std::uint8_t>(digits, 16);
+        if (!byte || digits.size() < 2)
             return text;
-        bytes += *byte;
+        bytes += static_cast<char>(*byte);
         i += 2;
     }
     return bytes;

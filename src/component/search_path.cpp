@@ -1,9 +1,9 @@
 #include "component/class_registry.h"
+#include "platform/paths.h"
 
 #include <algorithm>
 #include <cstdlib>
 #include <string_view>
-#include <system_error>
 
 namespace tessaview {
 
@@ -20,13 +20,6 @@ void appendPathList(std::vector<std::filesystem::path>& folders, std::string_vie
     }
 }
 
-/// The environment variable when it holds an absolute path, else null. Nothing here sets any.
-const char* absolutePath(const char* variable)
-{
-    const char* const value = std::getenv(variable); // NOLINT(concurrency-mt-unsafe): only read
-    return value && *value == '/' ? value : nullptr;
-}
-
 } // namespace
 
 std::vector<std::filesystem::path> componentSearchPath()
@@ -36,15 +29,9 @@ std::vector<std::filesystem::path> componentSearchPath()
     if (const char* list = std::getenv("TESSAVIEW_COMPONENT_PATH"))
         appendPathList(folders, list);
 
-    const std::filesystem::path below = "Tessaview 3/components";
-    if (const char* data = absolutePath("XDG_DATA_HOME"))
-        folders.push_back(data / below);
-    else if (const char* home = absolutePath("HOME"))
-        folders.push_back(std::filesystem::path(home) / ".local/share" / below);
-
-    std::error_code failure;
-    const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", failure);
-    if (!failure)
+    if (const std::filesystem::path own = userDataFolder(); !own.empty())
+        folders.push_back(own / "components");
+    if (const std::filesystem::path program = executablePath(); !program.empty())
         folders.push_back(program.parent_path().parent_path() / "lib/tessaview3/components");
     return folders;
 }

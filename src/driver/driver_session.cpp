@@ -2,21 +2,13 @@
 
 #include "component/received_text.h"
 #include "driver/source_files.h"
+#include "platform/format.h"
 
-#include <array>
-#include <cstdio>
 #include <utility>
 
 namespace tessaview {
 
 namespace {
-
-std::string withCode(const char* format, Status status)
-{
-    std::array<char, 64> text{};
-    std::snprintf(text.data(), text.size(), format, statusCode(status));
-    return text.data();
-}
 
 void tell(const CallObserver& observer, const char* operation)
 {
@@ -44,7 +36,7 @@ Status DriverSession::open(const ClassRegistry& registry, const Guid& clsid,
     tell(observer, "QueryInterface");
     result = query(info, control);
     if (failed(result)) {
-        why = withCode("the driver lacks its control interface: %#x", result);
+        why = formatted("the driver lacks its control interface: %#x", statusCode(result));
         return result;
     }
     const Bstr key(toUtf16(places.settingsKey + "\\drivers"));
@@ -53,13 +45,13 @@ Status DriverSession::open(const ClassRegistry& registry, const Guid& clsid,
     tell(observer, "Initialize");
     result = control->Initialize(key.get(), user.get(), common.get());
     if (failed(result)) {
-        why = withCode("Initialize failed: %#x", result);
+        why = formatted("Initialize failed: %#x", statusCode(result));
         return result;
     }
     tell(observer, "SetSatListManager");
     result = control->SetSatListManager(satellites);
     if (failed(result)) {
-        why = withCode("SetSatListManager failed: %#x", result);
+        why = formatted("SetSatListManager failed: %#x", statusCode(result));
         return result;
     }
     info_ = std::move(info);
@@ -85,8 +77,9 @@ void DriverSession::close()
 
 std::string DriverProblem::message() const
 {
-    return step == Step::Create ? withCode("Failed to create driver instance: %08X", status)
-                                : withCode("Failed to get driver name: %08X", status);
+    return step == Step::Create
+               ? formatted("Failed to create driver instance: %08X", statusCode(status))
+               : formatted("Failed to get driver name: %08X", statusCode(status));
 }
 
 void listDriver(const ClassRegistry& registry, const ComponentClass& driver, DriverList& list,

@@ -1,11 +1,11 @@
 #include "driver/pending_call.h"
 
+#include "platform/number.h"
+
 #include <atomic>
-#include <charconv>
 #include <condition_variable>
 #include <cstdlib>
 #include <mutex>
-#include <string_view>
 
 namespace tessaview {
 
@@ -18,13 +18,9 @@ std::atomic<int> unfinishedCalls = 0;
 std::chrono::milliseconds driverPatience()
 {
     // NOLINTNEXTLINE(concurrency-mt-unsafe): only read
-    if (const char* const given = std::getenv("TESSAVIEW_DRIVER_PATIENCE")) {
-        const std::string_view text(given);
-        int seconds = 0;
-        const auto [end, error] = std::from_chars(text.begin(), text.end(), seconds);
-        if (error == std::errc() && end == text.end() && seconds > 0)
+    if (const char* const given = std::getenv("TESSAVIEW_DRIVER_PATIENCE"))
+        if (const int seconds = wholeNumber<int>(given).value_or(0); seconds > 0)
             return std::chrono::seconds(seconds);
-    }
     return std::chrono::seconds(5);
 }
 

@@ -1,6 +1,8 @@
 #include "log/log_file.h"
 
 #include "log/log_line.h"
+#include "platform/format.h"
+#include "platform/paths.h"
 
 #include <array>
 #include <cctype>
@@ -37,10 +39,7 @@ std::string formattedSeconds(long long milliseconds)
     const unsigned long long size = milliseconds < 0
                                         ? 0ULL - static_cast<unsigned long long>(milliseconds)
                                         : static_cast<unsigned long long>(milliseconds);
-    std::array<char, 32> text{};
-    std::snprintf(text.data(), text.size(), "%s%llu.%03llu", milliseconds < 0 ? "-" : "",
-                  size / 1000, size % 1000);
-    return text.data();
+    return formatted("%s%llu.%03llu", milliseconds < 0 ? "-" : "", size / 1000, size % 1000);
 }
 
 bool hasThreeLetterExtension(const std::string& path)
@@ -68,13 +67,6 @@ bool isInstalled(const std::filesystem::path& executable)
     std::error_code failure;
     return folder.filename() == "bin" &&
            !std::filesystem::exists(folder.parent_path() / "CMakeCache.txt", failure);
-}
-
-/// The environment variable when it holds an absolute path, else null. Nothing here sets any.
-const char* absolutePath(const char* variable)
-{
-    const char* const value = std::getenv(variable); // NOLINT(concurrency-mt-unsafe): only read
-    return value && *value == '/' ? value : nullptr;
 }
 
 constexpr int kInUse = 3;
@@ -129,14 +121,6 @@ std::string numbered(const std::string& path, int number)
     name += std::to_string(number);
     name += file.extension();
     return (file.parent_path() / name).string();
-}
-
-template <class... Arguments>
-void append(std::string& line, const char* format, Arguments... arguments)
-{
-    std::array<char, 64> text{};
-    std::snprintf(text.data(), text.size(), format, arguments...);
-    line += text.data();
 }
 
 } // namespace
@@ -197,16 +181,16 @@ std::string CLogFile::prefixes(std::int32_t level) const
     const LogTime now = clock_();
     std::string line;
     if (prefixFlags_ & log_prefix::kLineNumber)
-        append(line, "%4ld - ", static_cast<long>(lineNumber_));
+        line += formatted("%4ld - ", static_cast<long>(lineNumber_));
     if (prefixFlags_ & log_prefix::kTime)
-        append(line, "%.15s.%3hu - ", formattedTime(now).c_str(), now.milliseconds);
+        line += formatted("%.15s.%3hu - ", formattedTime(now).c_str(), now.milliseconds);
     if (prefixFlags_ & log_prefix::kElapsed) {
         const long long elapsed = (static_cast<long long>(now.seconds) - start_.seconds) * 1000 +
                                   now.milliseconds - start_.milliseconds;
-        append(line, "(%s) - ", formattedSeconds(elapsed).c_str());
+        line += formatted("(%s) - ", formattedSeconds(elapsed).c_str());
     }
     if (prefixFlags_ & log_prefix::kLevel)
-        append(line, "<%ld> - ", static_cast<long>(level));
+        line += formatted("<%ld> - ", static_cast<long>(level));
     return line;
 }
 
@@ -243,23 +227,18 @@ int LogPrint(CLogFile& log, std::int32_t level, const char* format, ...)
 {
     if (!log.accepts(level))
         return 0;
-    std::array<char, kBufferBytes> message{};
     std::va_list arguments;
     va_start(arguments, format);
-    std::vsnprintf(message.data(), message.size(), format, arguments);
+    const std::string message = formattedList(format, arguments);
     va_end(arguments);
-    return log.WriteLine(message.data(), level);
+    return log.WriteLine(message, level);
 }
 
 std::filesystem::path stateFolder()
 {
-    std::filesystem::path base;
-    if (const char* given = absolutePath("XDG_STATE_HOME"))
-        base = given;
-    else if (const char* home = absolutePath("HOME"))
-        base = std::filesystem::path(home) / ".local/state";
-    else
-        return {};
+    const std::filesystem::path base = userBaseFolder("XDG_STATE_HOME", ".local/state");
+    if (base.empty())
+        return base;
     std::filesystem::path folder = base / "tessaview3";
     std::error_code failure;
     std::filesystem::create_directories(folder, failure);

@@ -1,11 +1,11 @@
 #include "log/output.h"
 
+#include "platform/format.h"
+
 #include <condition_variable>
 #include <cstdarg>
-#include <cstdio>
 #include <memory>
 #include <mutex>
-#include <string>
 #include <utility>
 
 namespace tessaview {
@@ -49,23 +49,12 @@ private:
     std::shared_ptr<Installation> installation_;
 };
 
-} // namespace
-
-namespace {
-
 /// Hands a line to the sink, if there is one, by one of its functions.
 void hand(void (OutputSink::*show)(std::string_view), const char* format, std::va_list arguments)
 {
     const Call call;
-    if (!call.sink())
-        return;
-    std::va_list again;
-    va_copy(again, arguments);
-    const int length = std::vsnprintf(nullptr, 0, format, arguments);
-    std::string line(length > 0 ? static_cast<std::size_t>(length) : 0, '\0');
-    std::vsnprintf(line.data(), line.size() + 1, format, again);
-    va_end(again);
-    (call.sink()->*show)(line);
+    if (call.sink())
+        (call.sink()->*show)(formattedList(format, arguments));
 }
 
 } // namespace
