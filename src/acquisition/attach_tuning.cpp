@@ -1,7 +1,6 @@
 #include "acquisition/attach_tuning.h"
 
-#include "log/log_file.h"
-#include "log/output.h"
+#include "acquisition/scan_report.h"
 
 #include <utility>
 
@@ -34,9 +33,8 @@ Status attachTuning(Transponder& transponder, const DriverAccess& driver)
     if (const auto* entry = findStream(transponder.nitActual, transponder.transport_stream_id))
         setting.tuning = tuningIn(entry->descriptors, type);
     if (!setting.isGiven()) {
-        constexpr const char* text = "current TS not found in NIT - using tuner parameters";
-        OutputPrint(text);
-        LogPrint(g_log, log_level::kInformation, text);
+        printAndLog(log_level::kInformation,
+                    "current TS not found in NIT - using tuner parameters");
         static_cast<void>(driver.currentSetting(type, setting));
     }
     transponder.tuning = setting.tuning;

@@ -53,6 +53,16 @@ void logFirstBytes(Bytes section)
     LogPrint(g_log, log_level::kDetail, "%s", hexList(section, 4).c_str());
 }
 
+template <class Table, class Store>
+void takeSection(const TableRequest& request, const lib13818::SectionBytes& section,
+                 const char* table, Store store)
+{
+    if (const auto fault = decodeSection<Table>(section, store)) {
+        OutputPrint("Error parsing %s section", table);
+        reportFault(request, section.get(), *fault);
+    }
+}
+
 /// The reading of one transport stream, step by step.
 class TransponderRead {
 public:
@@ -207,10 +217,8 @@ template <class Table, class Store>
 void TransponderRead::takeEach(SiTable table, std::size_t answer, Store store)
 {
     for (std::size_t i = 0; i < batch_.usable(answer); ++i)
-        if (const auto fault = decodeSection<Table>(batch_.section(answer, i), store)) {
-            OutputPrint("Error parsing %s section", siTableName(table));
-            reportFault(tables_.requests()[answer], batch_.section(answer, i).get(), *fault);
-        }
+        takeSection<Table>(tables_.requests()[answer], batch_.section(answer, i),
+                           siTableName(table), store);
     batch_.release(answer);
 }
 
@@ -268,10 +276,8 @@ void TransponderRead::takeFirst(SiTable table, Table& place)
         return;
     const auto store = [&place](Table&& decoded) { place = std::move(decoded); };
     if (batch_.usable(*answer) > 0)
-        if (const auto fault = decodeSection<Table>(batch_.section(*answer, 0), store)) {
-            OutputPrint("Error parsing %s section", siTableName(table));
-            reportFault(tables_.requests()[*answer], batch_.section(*answer, 0).get(), *fault);
-        }
+        takeSection<Table>(tables_.requests()[*answer], batch_.section(*answer, 0),
+                           siTableName(table), store);
     batch_.release(*answer);
 }
 
@@ -320,10 +326,7 @@ void TransponderRead::takePmt(std::size_t answer, const TableRequest& request)
                 sectionKey(request.table_id_extension));
     const auto store = [this](Pmt&& pmt) { transponder_.pmts.push_back(std::move(pmt)); };
     if (batch_.usable(answer) > 0)
-        if (const auto fault = decodeSection<Pmt>(batch_.section(answer, 0), store)) {
-            OutputPrint("Error parsing PMT section");
-            reportFault(request, batch_.section(answer, 0).get(), *fault);
-        }
+        takeSection<Pmt>(request, batch_.section(answer, 0), "PMT", store);
     batch_.release(answer);
 }
 

@@ -44,9 +44,10 @@ void announceTuning(const Tuning& tuning)
 void reportTuningFailure(TunerType type)
 {
     constexpr const char* text = "Failed to set tuner";
-    OutputPrint(text);
     if (type == TunerType::Satellite)
-        LogPrint(g_log, log_level::kError, text);
+        printAndLog(log_level::kError, text);
+    else
+        OutputPrint(text);
 }
 
 } // namespace

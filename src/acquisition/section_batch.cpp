@@ -1,21 +1,13 @@
 #include "acquisition/section_batch.h"
 
+#include "acquisition/scan_report.h"
 #include "component/task_memory.h"
-#include "log/log_file.h"
-#include "log/output.h"
 
 namespace tessaview {
 
 namespace {
 
 constexpr std::uint32_t kWaitLimit = 30;
-
-void report(std::int32_t count)
-{
-    constexpr const char* text = "Ignoring an answer of the driver: it claims %d sections";
-    OutputPrint(text, count);
-    LogPrint(g_log, log_level::kError, text, count);
-}
 
 } // namespace
 
@@ -63,7 +55,8 @@ void SectionBatch::checkAnswers()
         if (list.count > kMaxSections)
             list.sections = nullptr;
         if (list.count > 0 && !list.sections)
-            report(list.count);
+            printAndLog(log_level::kError,
+                        "Ignoring an answer of the driver: it claims %d sections", list.count);
     }
 }
 
