@@ -62,19 +62,24 @@ Attempt dvbS(const SatelliteTuning& tuning, const FrontendFacts& facts, std::uin
              {DTV_MODULATION, QPSK}}};
 }
 
+std::uint32_t streamIdOf(const S2Parameters& s2)
+{
+    return s2.streamId >= 0 ? static_cast<std::uint32_t>(s2.streamId) : NO_STREAM_ID_FILTER;
+}
+
 /// `isDescribed`: the description is one of DVB-S2, so that its codes mean what they say.
 Attempt dvbS2(const Channel& channel, const SatelliteTuning& tuning, const FrontendFacts& facts,
               std::uint32_t frequency, bool isDescribed)
 {
-    const S2Hints& s2 = channel.s2;
+    const S2Parameters& s2 = channel.s2;
     const auto described = SatelliteModulation::of(tuning);
-    const std::size_t modulation = s2.modulation ? static_cast<std::size_t>(*s2.modulation)
-                                   : isDescribed ? described.type
-                                                 : 0U;
-    const std::size_t rollOff = s2.rollOff    ? static_cast<std::size_t>(*s2.rollOff)
-                                : isDescribed ? described.rollOff
-                                              : kRollOffs.size();
-    const fe_pilot pilot = !s2.pilot ? PILOT_AUTO : *s2.pilot ? PILOT_ON : PILOT_OFF;
+    const std::size_t modulation = s2.modulation >= 0 ? static_cast<std::size_t>(s2.modulation)
+                                   : isDescribed      ? described.type
+                                                      : 0U;
+    const std::size_t rollOff = s2.rollOff >= 0 ? static_cast<std::size_t>(s2.rollOff)
+                                : isDescribed   ? described.rollOff
+                                                : kRollOffs.size();
+    const fe_pilot pilot = s2.pilot < 0 ? PILOT_AUTO : s2.pilot > 0 ? PILOT_ON : PILOT_OFF;
     return {SYS_DVBS2,
             {{DTV_FREQUENCY, frequency},
              {DTV_SYMBOL_RATE, narrowed(symbolRateOf(tuning))},
@@ -83,8 +88,7 @@ Attempt dvbS2(const Channel& channel, const SatelliteTuning& tuning, const Front
              {DTV_MODULATION, valueOf(kS2Modulations, modulation, PSK_8)},
              {DTV_ROLLOFF, valueOf(kRollOffs, rollOff, ROLLOFF_AUTO)},
              {DTV_PILOT, pilot},
-             {DTV_STREAM_ID,
-              s2.streamId ? static_cast<std::uint32_t>(*s2.streamId) : NO_STREAM_ID_FILTER}}};
+             {DTV_STREAM_ID, streamIdOf(s2)}}};
 }
 
 std::vector<Attempt> attempts(const Channel& /*channel*/, std::monostate /*none*/,
@@ -96,7 +100,8 @@ std::vector<Attempt> attempts(const Channel& /*channel*/, std::monostate /*none*
 std::vector<Attempt> attempts(const Channel& channel, const SatelliteTuning& tuning,
                               const FrontendFacts& facts, std::uint32_t frequency)
 {
-    const bool isS2 = channel.s2.isS2.value_or(SatelliteModulation::of(tuning).isS2);
+    const bool isS2 =
+        channel.s2.system >= 0 ? channel.s2.system > 0 : SatelliteModulation::of(tuning).isS2;
     std::vector<Attempt> both{dvbS(tuning, facts, frequency),
                               dvbS2(channel, tuning, facts, frequency, isS2)};
     if (isS2)
@@ -175,8 +180,7 @@ Attempt dvbT2(const Channel& channel, std::uint32_t frequency, std::uint32_t ban
              {DTV_INNER_FEC, FEC_AUTO},
              {DTV_GUARD_INTERVAL, GUARD_INTERVAL_AUTO},
              {DTV_TRANSMISSION_MODE, TRANSMISSION_MODE_AUTO},
-             {DTV_STREAM_ID, channel.s2.streamId ? static_cast<std::uint32_t>(*channel.s2.streamId)
-                                                 : NO_STREAM_ID_FILTER}}};
+             {DTV_STREAM_ID, streamIdOf(channel.s2)}}};
 }
 
 std::vector<Attempt> attempts(const Channel& channel, const TerrestrialTuning& tuning,

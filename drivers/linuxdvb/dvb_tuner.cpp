@@ -190,7 +190,7 @@ Channel DvbTuner::completed(Channel channel) const
             channel.satellite = state_.channel->satellite;
         list = list_;
     }
-    if (channel.s2 == S2Hints())
+    if (channel.s2 == S2Parameters())
         channel.s2 = listedParameters(list.get(), channel);
     return channel;
 }

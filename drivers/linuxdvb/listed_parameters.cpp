@@ -1,35 +1,27 @@
 #include "drivers/linuxdvb/listed_parameters.h"
 
-#include "satlist/list_access.h"
-
 namespace tessaview {
 
 namespace {
 
-/// A value that is given and in its range.
-std::optional<int> given(std::int32_t value, int most)
+/// The value, unless it is out of its range.
+std::int32_t given(std::int32_t value, std::int32_t most)
 {
-    return value < 0 || value > most ? std::nullopt : std::optional(value);
+    return value < 0 || value > most ? ISatTransponderS2::kNotGiven : value;
 }
 
-std::optional<bool> givenFlag(std::int32_t value)
+S2Parameters sound(const S2Parameters& s2)
 {
-    const auto flag = given(value, 1);
-    return flag ? std::optional(*flag != 0) : std::nullopt;
-}
-
-S2Hints hintsOf(const S2Parameters& s2)
-{
-    return {.isS2 = givenFlag(s2.system),
+    return {.system = given(s2.system, 1),
             .modulation = given(s2.modulation, 4),
             .rollOff = given(s2.rollOff, 2),
-            .pilot = givenFlag(s2.pilot),
+            .pilot = given(s2.pilot, 1),
             .streamId = given(s2.streamId, 255)};
 }
 
 } // namespace
 
-S2Hints listedParameters(ISatListManager* list, const Channel& channel)
+S2Parameters listedParameters(ISatListManager* list, const Channel& channel)
 {
     if (!list || typeOf(channel.tuning) != TunerType::Satellite || channel.satellite.empty())
         return {};
@@ -40,7 +32,7 @@ S2Hints listedParameters(ISatListManager* list, const Channel& channel)
     static_cast<void>(readTransponders(*satellite.get(), entries)); // as far as they can be read
     for (const TransponderEntry& entry : entries)
         if (distanceOf(tuningOf(entry), channel.tuning) == 0)
-            return hintsOf(entry.s2);
+            return sound(entry.s2);
     return {};
 }
 

@@ -25,7 +25,7 @@ SatelliteTuning satellite(std::uint8_t modulation, std::uint8_t fec = 3)
     return tuning;
 }
 
-Channel onAir(const Tuning& tuning, const S2Hints& s2 = {})
+Channel onAir(const Tuning& tuning, const S2Parameters& s2 = {})
 {
     Channel channel;
     channel.tuning = tuning;
@@ -66,8 +66,8 @@ std::vector<TuningCase> tuningCases()
     reserved.centre_frequency = 0xFFFFFFFF;
     reserved.bandwidth = reserved.constellation = reserved.code_rate_HP_stream = 7;
     reserved.transmission_mode = 3;
-    const S2Hints multistream{
-        .isS2 = true, .modulation = 4, .rollOff = 1, .pilot = true, .streamId = 255};
+    const S2Parameters multistream{
+        .system = 1, .modulation = 4, .rollOff = 1, .pilot = 1, .streamId = 255};
     return {
         {"dvbSFirstWhereNothingSaysOtherwise",
          onAir(satellite(0x01)),

@@ -27,7 +27,7 @@ public:
         CableTuning tuning{};
         tuning.frequency = frequency_->units();
         tuning.symbol_rate = symbolRate_->units();
-        tuning.modulation = static_cast<std::uint8_t>(chosen(modulation_).value_or(0));
+        tuning.modulation = static_cast<std::uint8_t>(chosen(modulation_));
         return {.satellite = {}, .tuning = tuning, .s2 = {}};
     }
 
@@ -47,7 +47,7 @@ private:
     ValueBox* const frequency_ = new ValueBox(4, 9999, "MHz");
     ValueBox* const symbolRate_ = new ValueBox(1, 99999, "kS/s");
     QComboBox* const modulation_ =
-        choiceOf({"16-QAM", "32-QAM", "64-QAM", "128-QAM", "256-QAM"}, 1);
+        choiceOf({"16-QAM", "32-QAM", "64-QAM", "128-QAM", "256-QAM"}, 1, 0);
 };
 
 class TerrestrialForm : public ChannelForm {
@@ -69,8 +69,8 @@ public:
         TerrestrialTuning tuning{};
         tuning.centre_frequency = frequency_->units();
         tuning.bandwidth = static_cast<std::uint8_t>(bandwidth_->currentIndex());
-        S2Hints more;
-        more.streamId = streamId(*streamId_);
+        S2Parameters more;
+        more.streamId = streamId_->value();
         return {.satellite = {}, .tuning = tuning, .s2 = more};
     }
 
@@ -82,7 +82,7 @@ public:
         frequency_->setUnits(tuning->centre_frequency);
         bandwidth_->setCurrentIndex(tuning->bandwidth < bandwidth_->count() ? tuning->bandwidth
                                                                             : 0);
-        setStreamId(*streamId_, channel.s2.streamId);
+        streamId_->setValue(channel.s2.streamId);
     }
 
     QWidget* missingField() const override { return firstEmpty({frequency_}); }

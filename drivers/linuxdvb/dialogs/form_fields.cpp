@@ -3,6 +3,8 @@
 #include "drivers/linuxdvb/dialogs/parts.h"
 #include "drivers/linuxdvb/dialogs/value_box.h"
 
+#include <algorithm>
+
 #include <QComboBox>
 #include <QGridLayout>
 #include <QLabel>
@@ -13,48 +15,35 @@ namespace tessaview {
 namespace {
 
 constexpr int kHighestStreamId = 255;
-constexpr int kNoStreamId = -1;
 
 } // namespace
 
-QComboBox* choiceOf(const QStringList& texts, int first)
+QComboBox* choiceOf(const QStringList& texts, int first, int automatic)
 {
     auto* const choice = new QComboBox;
-    choice->addItem("automatic");
+    choice->addItem("automatic", automatic);
     for (const QString& text : texts)
         choice->addItem(text, first++);
     return choice;
 }
 
-std::optional<int> chosen(const QComboBox* choice)
+int chosen(const QComboBox* choice)
 {
-    const QVariant code = choice->currentData();
-    return code.isValid() ? std::optional(code.toInt()) : std::nullopt;
+    return choice->currentData().toInt();
 }
 
-void choose(QComboBox* choice, std::optional<int> code)
+void choose(QComboBox* choice, int code)
 {
-    const int found = code ? choice->findData(*code) : 0;
-    choice->setCurrentIndex(found < 0 ? 0 : found);
+    choice->setCurrentIndex(std::max(choice->findData(code), 0));
 }
 
 QSpinBox* streamIdBox()
 {
     auto* const box = new QSpinBox;
-    box->setRange(kNoStreamId, kHighestStreamId);
+    box->setRange(ISatTransponderS2::kNotGiven, kHighestStreamId);
     box->setSpecialValueText("none");
-    box->setValue(kNoStreamId);
+    box->setValue(ISatTransponderS2::kNotGiven);
     return box;
-}
-
-std::optional<int> streamId(const QSpinBox& box)
-{
-    return box.value() == kNoStreamId ? std::nullopt : std::optional(box.value());
-}
-
-void setStreamId(QSpinBox& box, std::optional<int> id)
-{
-    box.setValue(id.value_or(kNoStreamId));
 }
 
 QWidget* firstEmpty(std::initializer_list<ValueBox*> boxes)

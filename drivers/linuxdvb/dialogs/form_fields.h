@@ -1,7 +1,8 @@
 #pragma once
 
+#include "satlist/satellite_list.h"
+
 #include <initializer_list>
-#include <optional>
 
 #include <QStringList>
 
@@ -16,16 +17,17 @@ namespace tessaview {
 
 class ValueBox;
 
-/// A choice that begins with "automatic"; the codes of the others begin with `first`.
-QComboBox* choiceOf(const QStringList& texts, int first);
-/// The code that is chosen; none for "automatic".
-std::optional<int> chosen(const QComboBox* choice);
-void choose(QComboBox* choice, std::optional<int> code);
+/// A choice that begins with "automatic", which has a code of its own; those of the others begin
+/// with `first`.
+QComboBox* choiceOf(const QStringList& texts, int first,
+                    int automatic = ISatTransponderS2::kNotGiven);
+/// The code that is chosen.
+int chosen(const QComboBox* choice);
+/// Chooses a code, or "automatic" for one that is none of the choices.
+void choose(QComboBox* choice, int code);
 
 /// A number from 0 to 255, or none.
 QSpinBox* streamIdBox();
-std::optional<int> streamId(const QSpinBox& box);
-void setStreamId(QSpinBox& box, std::optional<int> id);
 
 /// The first that is 0; null when none is.
 QWidget* firstEmpty(std::initializer_list<ValueBox*> boxes);

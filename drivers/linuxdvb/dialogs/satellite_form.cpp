@@ -17,28 +17,18 @@ namespace {
 constexpr unsigned kReservedRollOff = 3;
 
 /// What a tuning record itself tells of DVB-S2, where nothing else does.
-S2Hints describedIn(const SatelliteTuning& tuning)
+S2Parameters describedIn(const SatelliteTuning& tuning)
 {
     const auto described = SatelliteModulation::of(tuning);
     if (!described.isS2)
         return {};
-    S2Hints s2{.isS2 = true, .modulation = {}, .rollOff = {}, .pilot = {}, .streamId = {}};
+    S2Parameters s2;
+    s2.system = 1;
     if (described.type > 0)
         s2.modulation = static_cast<int>(described.type);
     if (described.rollOff < kReservedRollOff)
         s2.rollOff = static_cast<int>(described.rollOff);
     return s2;
-}
-
-template <class Value>
-std::optional<int> number(const std::optional<Value>& value)
-{
-    return value ? std::optional(static_cast<int>(*value)) : std::nullopt;
-}
-
-std::optional<bool> flag(const std::optional<int>& value)
-{
-    return value ? std::optional(*value != 0) : std::nullopt;
 }
 
 } // namespace
@@ -111,22 +101,22 @@ void SatelliteForm::takeTransponder()
         setTuning(transponders_[static_cast<std::size_t>(transponder_->currentIndex()) - 1], {});
 }
 
-S2Hints SatelliteForm::s2() const
+S2Parameters SatelliteForm::s2() const
 {
-    return {.isS2 = flag(chosen(system_)),
+    return {.system = chosen(system_),
             .modulation = chosen(modulation_),
             .rollOff = chosen(rollOff_),
-            .pilot = flag(chosen(pilot_)),
-            .streamId = streamId(*streamId_)};
+            .pilot = chosen(pilot_),
+            .streamId = streamId_->value()};
 }
 
-void SatelliteForm::setS2(const S2Hints& s2)
+void SatelliteForm::setS2(const S2Parameters& s2)
 {
-    choose(system_, number(s2.isS2));
+    choose(system_, s2.system);
     choose(modulation_, s2.modulation);
     choose(rollOff_, s2.rollOff);
-    choose(pilot_, number(s2.pilot));
-    setStreamId(*streamId_, s2.streamId);
+    choose(pilot_, s2.pilot);
+    streamId_->setValue(s2.streamId);
 }
 
 Channel SatelliteForm::channel() const
@@ -152,10 +142,10 @@ void SatelliteForm::setChannel(const Channel& channel)
     if (!tuning)
         return;
     showSatellite(toQt(channel.satellite));
-    setTuning(*tuning, channel.s2 == S2Hints() ? describedIn(*tuning) : channel.s2);
+    setTuning(*tuning, channel.s2 == S2Parameters() ? describedIn(*tuning) : channel.s2);
 }
 
-void SatelliteForm::setTuning(const SatelliteTuning& tuning, const S2Hints& s2)
+void SatelliteForm::setTuning(const SatelliteTuning& tuning, const S2Parameters& s2)
 {
     frequency_->setUnits(tuning.frequency);
     polarization_->setCurrentIndex(tuning.polarization & 3);

@@ -27,9 +27,9 @@ private:
     std::string satellite() const;
     void listTransponders();
     void takeTransponder();
-    void setTuning(const SatelliteTuning& tuning, const S2Hints& s2);
-    S2Hints s2() const;
-    void setS2(const S2Hints& s2);
+    void setTuning(const SatelliteTuning& tuning, const S2Parameters& s2);
+    S2Parameters s2() const;
+    void setS2(const S2Parameters& s2);
 
     const DvbTuner& tuner_;
     std::vector<SatelliteTuning> transponders_; // of the satellite, as they are listed
