@@ -9,12 +9,9 @@
 #include <cmath>
 #include <system_error>
 
-#include <QDir>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLineEdit>
-#include <QMessageBox>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QScreen>
@@ -36,8 +33,11 @@ QString elapsedText(double seconds)
 
 StreamingDialog::StreamingDialog(CaptureTuner& tuner, QWidget* owner)
     : QDialog(owner)
-    , destination_(new QLineEdit(this))
-    , browse_(new QPushButton("&Browse...", this))
+    , destination_(new StreamFileField(this,
+                                       [this](const QString& free) {
+                                           progress_->setText(
+                                               free.isEmpty() ? free : free + " free there");
+                                       }))
     , start_(new QPushButton("&Start", this))
     , close_(new QPushButton("Close", this))
     , bar_(new QProgressBar(this))
@@ -54,8 +54,6 @@ StreamingDialog::StreamingDialog(CaptureTuner& tuner, QWidget* owner)
     start_->setEnabled(!source_.empty());
     arrange(source);
 
-    connect(browse_, &QPushButton::clicked, this, &StreamingDialog::browse);
-    connect(destination_, &QLineEdit::editingFinished, this, &StreamingDialog::showFreeSpace);
     connect(start_, &QPushButton::clicked, this, &StreamingDialog::startOrCancel);
     connect(close_, &QPushButton::clicked, this, &StreamingDialog::reject);
     connect(&timer_, &QTimer::timeout, this, &StreamingDialog::showProgress);
@@ -71,8 +69,6 @@ void StreamingDialog::arrange(const QString& source)
         label->setTextFormat(Qt::PlainText); // they show names of files
     sourceLabel->setText(source);
     sourceLabel->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    destination_->setObjectName("destination");
-    destination_->setPlaceholderText("the file to write");
     start_->setObjectName("start");
     start_->setDefault(true);
     bar_->setRange(0, kBarSteps);
@@ -81,9 +77,6 @@ void StreamingDialog::arrange(const QString& source)
     message_->setWordWrap(true);
     message_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
 
-    auto* const destinationRow = new QHBoxLayout;
-    destinationRow->addWidget(destination_);
-    destinationRow->addWidget(browse_);
     auto* const destinationLabel = new QLabel("&File:", this);
     destinationLabel->setBuddy(destination_);
     auto* const buttons = new QHBoxLayout;
@@ -92,31 +85,12 @@ void StreamingDialog::arrange(const QString& source)
     buttons->addWidget(close_);
     auto* const layout = new QFormLayout(this);
     layout->addRow("Stream:", sourceLabel);
-    layout->addRow(destinationLabel, destinationRow);
+    layout->addRow(destinationLabel, destination_);
     layout->addRow(bar_);
     layout->addRow(progress_);
     layout->addRow(message_);
     layout->addRow(buttons);
     resize(std::min(560, screen()->availableSize().width()), sizeHint().height());
-}
-
-void StreamingDialog::browse()
-{
-    const QString chosen = chooseStreamFile(this, destination_->text());
-    if (chosen.isEmpty())
-        return;
-    destination_->setText(chosen);
-    showFreeSpace();
-}
-
-void StreamingDialog::showFreeSpace()
-{
-    try {
-        const auto folder = std::filesystem::absolute(toPath(destination_->text())).parent_path();
-        progress_->setText(toQt(sizeText(freeSpace(folder))) + " free there");
-    } catch (const std::exception&) {
-        progress_->clear(); // the start tells what is wrong
-    }
 }
 
 void StreamingDialog::startOrCancel()
@@ -129,45 +103,28 @@ void StreamingDialog::startOrCancel()
     start_->setEnabled(false);
 }
 
-bool StreamingDialog::mayReplace(const std::filesystem::path& destination)
-{
-    std::error_code unknown;
-    if (!std::filesystem::is_regular_file(destination, unknown))
-        return true;
-    QMessageBox box(QMessageBox::Question, windowTitle(),
-                    toQt(destination) + " is there already. Replace it?",
-                    QMessageBox::Yes | QMessageBox::No, this);
-    box.setTextFormat(Qt::PlainText);
-    box.setDefaultButton(QMessageBox::No);
-    return box.exec() == QMessageBox::Yes;
-}
-
 void StreamingDialog::start()
 {
     message_->clear();
-    if (destination_->text().isEmpty()) {
+    if (destination_->isEmpty()) {
         message_->setText("Name the file to write.");
         destination_->setFocus();
         return;
     }
-    const std::filesystem::path destination =
-        toPath(QDir::current().absoluteFilePath(destination_->text()));
-    if (!mayReplace(destination))
+    const std::filesystem::path destination = destination_->file();
+    std::error_code unknown;
+    if (std::filesystem::is_regular_file(destination, unknown) && !destination_->mayReplace())
         return;
     copy_ = std::make_unique<StreamCopy>(source_, destination);
     try {
-        worker_ = std::jthread([this, copy = copy_.get()](const std::stop_token& stop) {
-            auto result = std::make_shared<StreamCopy::Result>(copy->run(stop));
-            QMetaObject::invokeMethod(
-                this, [this, result] { finish(*result); }, Qt::QueuedConnection);
-        });
+        worker_ =
+            startJob(*copy_, this, [this](const StreamCopy::Result& result) { finish(result); });
     } catch (const std::system_error& e) {
         copy_.reset();
         message_->setText(QString("Not copied: no thread to do it on (%1).").arg(e.what()));
         return;
     }
     destination_->setEnabled(false);
-    browse_->setEnabled(false);
     close_->setEnabled(false);
     start_->setText("&Cancel");
     elapsed_.start();
@@ -197,7 +154,6 @@ void StreamingDialog::finish(const StreamCopy::Result& result)
     copy_.reset();
     message_->setText(toQt(result.text));
     destination_->setEnabled(true);
-    browse_->setEnabled(true);
     close_->setEnabled(true);
     start_->setText("&Start");
     start_->setEnabled(true);

@@ -10,13 +10,13 @@
 #include <QTimer>
 
 class QLabel;
-class QLineEdit;
 class QProgressBar;
 class QPushButton;
 
 namespace tessaview {
 
 class CaptureTuner;
+class StreamFileField;
 
 /// "Streaming to file...": writes the capture the tuner is set to to another file.
 class StreamingDialog : public QDialog {
@@ -29,17 +29,13 @@ public:
 
 private:
     void arrange(const QString& source);
-    void browse();
-    void showFreeSpace();
     void startOrCancel();
     void start();
     void showProgress();
     void finish(const StreamCopy::Result& result);
-    bool mayReplace(const std::filesystem::path& destination);
 
     std::filesystem::path source_;
-    QLineEdit* destination_;
-    QPushButton* browse_;
+    StreamFileField* destination_;
     QPushButton* start_;
     QPushButton* close_;
     QProgressBar* bar_;

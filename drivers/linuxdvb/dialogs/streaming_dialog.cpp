@@ -10,7 +10,6 @@
 #include <stdexcept>
 #include <system_error>
 
-#include <QDir>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -26,11 +25,6 @@ namespace {
 
 constexpr int kUpdateInterval = 500; // ms
 
-std::filesystem::path absolutePath(const QString& typed)
-{
-    return toPath(QDir::cleanPath(QDir::current().absoluteFilePath(typed)));
-}
-
 } // namespace
 
 StreamingDialog::StreamingDialog(DvbTuner& tuner, QWidget* owner)
@@ -40,8 +34,8 @@ StreamingDialog::StreamingDialog(DvbTuner& tuner, QWidget* owner)
     , whole_(new QRadioButton("&Whole stream", this))
     , chosen_(new QRadioButton("Only these &PIDs:", this))
     , pids_(new QLineEdit(this))
-    , destination_(new QLineEdit(this))
-    , browse_(new QPushButton("&Browse...", this))
+    , destination_(
+          new StreamFileField(this, [this](const QString& free) { panel_->showFree(free); }))
     , panel_(new RecordingPanel(this))
     , message_(messageLabel(this))
     , start_(new QPushButton("&Start", this))
@@ -52,8 +46,6 @@ StreamingDialog::StreamingDialog(DvbTuner& tuner, QWidget* owner)
     showTuner({tuner.state(), std::nullopt});
     connect(chosen_, &QRadioButton::toggled, pids_, &QLineEdit::setEnabled);
     connect(chosen_, &QRadioButton::clicked, pids_, [this] { pids_->setFocus(); });
-    connect(browse_, &QPushButton::clicked, this, &StreamingDialog::browse);
-    connect(destination_, &QLineEdit::editingFinished, this, &StreamingDialog::showFreeSpace);
     connect(start_, &QPushButton::clicked, this, &StreamingDialog::startOrStop);
     connect(close_, &QPushButton::clicked, this, &StreamingDialog::reject);
     connect(&timer_, &QTimer::timeout, this, [this] { panel_->show(*recorder_); });
@@ -66,13 +58,15 @@ void StreamingDialog::arrange()
 {
     name(start_, "start", "Start");
     start_->setDefault(true);
-    browse_->setAutoDefault(false);
     auto* const grid = new QGridLayout;
     grid->setColumnStretch(1, 1);
     grid->addWidget(new QLabel("Stream:", this), 0, 0);
     grid->addWidget(channel_, 0, 1, 1, 2);
     arrangeChoice(*grid);
-    arrangeDestination(*grid);
+    auto* const label = new QLabel("&File:", this);
+    label->setBuddy(destination_);
+    grid->addWidget(label, 3, 0);
+    grid->addWidget(destination_, 3, 1, 1, 2);
     auto* const buttons = new QHBoxLayout;
     buttons->addStretch();
     buttons->addWidget(start_);
@@ -103,17 +97,6 @@ void StreamingDialog::arrangeChoice(QGridLayout& grid)
     grid.addWidget(pids_, 2, 1, 1, 2);
 }
 
-void StreamingDialog::arrangeDestination(QGridLayout& grid)
-{
-    name(destination_, "destination", "File");
-    destination_->setPlaceholderText("the file to write");
-    auto* const label = new QLabel("&File:", this);
-    label->setBuddy(destination_);
-    grid.addWidget(label, 3, 0);
-    grid.addWidget(destination_, 3, 1);
-    grid.addWidget(browse_, 3, 2);
-}
-
 void StreamingDialog::startWatching()
 {
     try {
@@ -135,25 +118,6 @@ void StreamingDialog::showTuner(const TunerLook& look)
     setValue(channel_, "Stream", text);
     if (!recorder_)
         start_->setEnabled(isTuned_);
-}
-
-void StreamingDialog::browse()
-{
-    const QString chosen = chooseStreamFile(this, destination_->text());
-    if (chosen.isEmpty())
-        return;
-    destination_->setText(chosen);
-    showFreeSpace();
-}
-
-void StreamingDialog::showFreeSpace()
-{
-    try {
-        panel_->showFree(
-            toQt(sizeText(freeSpace(absolutePath(destination_->text()).parent_path()))));
-    } catch (const std::exception&) {
-        panel_->showFree({}); // the start tells what is wrong
-    }
 }
 
 /// Says what has to be mended first.
@@ -188,12 +152,12 @@ std::optional<Recording> StreamingDialog::wanted()
             return std::nullopt;
         }
     }
-    if (destination_->text().isEmpty()) {
+    if (destination_->isEmpty()) {
         complain("Name the file to write.", destination_);
         return std::nullopt;
     }
     recording.demultiplexer = tuner_.demultiplexer();
-    recording.destination = absolutePath(destination_->text());
+    recording.destination = destination_->file();
     return recording;
 }
 
@@ -202,10 +166,7 @@ bool StreamingDialog::mayRecordTo(Recording& recording)
     std::error_code unknown;
     if (!is_regular_file(symlink_status(recording.destination, unknown)))
         return true;
-    recording.mayReplace =
-        QMessageBox::question(
-            this, windowTitle(), toQt(recording.destination) + " is there already. Replace it?",
-            QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
+    recording.mayReplace = destination_->mayReplace();
     return recording.mayReplace;
 }
 
@@ -213,11 +174,8 @@ void StreamingDialog::start(Recording recording)
 {
     recorder_ = std::make_unique<StreamRecorder>(tuner_.kernel(), std::move(recording));
     try {
-        worker_ = std::jthread([this, recorder = recorder_.get()](const std::stop_token& stop) {
-            auto result = std::make_shared<StreamRecorder::Result>(recorder->run(stop));
-            QMetaObject::invokeMethod(
-                this, [this, result] { finish(*result); }, Qt::QueuedConnection);
-        });
+        worker_ = startJob(*recorder_, this,
+                           [this](const StreamRecorder::Result& result) { finish(result); });
     } catch (const std::system_error& e) {
         recorder_.reset();
         setMessage(message_, QString("Not recorded: no thread to do it on (%1).").arg(e.what()));
@@ -231,8 +189,7 @@ void StreamingDialog::start(Recording recording)
 
 void StreamingDialog::setRecording(bool isRecording)
 {
-    for (QWidget* const each :
-         std::initializer_list<QWidget*>{whole_, chosen_, destination_, browse_})
+    for (QWidget* const each : std::initializer_list<QWidget*>{whole_, chosen_, destination_})
         each->setEnabled(!isRecording);
     pids_->setEnabled(!isRecording && chosen_->isChecked());
     start_->setText(isRecording ? "&Stop" : "&Start");

@@ -19,6 +19,7 @@ class QRadioButton;
 namespace tessaview {
 
 class RecordingPanel;
+class StreamFileField;
 
 /// "Streaming to file...": records what the receiver is tuned to.
 class StreamingDialog : public QDialog {
@@ -32,11 +33,8 @@ public:
 private:
     void arrange();
     void arrangeChoice(QGridLayout& grid);
-    void arrangeDestination(QGridLayout& grid);
     void startWatching();
     void showTuner(const TunerLook& look);
-    void browse();
-    void showFreeSpace();
     void startOrStop();
     std::optional<Recording> wanted();
     bool mayRecordTo(Recording& recording);
@@ -51,8 +49,7 @@ private:
     QRadioButton* whole_;
     QRadioButton* chosen_;
     QLineEdit* pids_;
-    QLineEdit* destination_;
-    QPushButton* browse_;
+    StreamFileField* destination_;
     RecordingPanel* panel_;
     QLabel* message_;
     QPushButton* start_;
