@@ -29,6 +29,7 @@ function driverOf(path,    parts, count) {
 function problemOfOurs(file, included,    from, to) {
     from = roomOf(file)
     to = roomOf(included)
+    includes[from, to] = 1
     if (index("/" included "/", "/../"))
         return "names a folder with '..'"
     if (!(to in isRoom))
@@ -105,6 +106,11 @@ END {
         for (room in seen)
             if (!(room in isRoom))
                 complain(room " has no row among the rooms")
+        for (pair in mayInclude)
+            if (!(pair in includes)) {
+                split(pair, rooms, SUBSEP)
+                complain("the row of " rooms[1] " allows " rooms[2] ", which it does not include")
+            }
     }
     exit failed
 }

@@ -14,5 +14,6 @@ complaint() {
 complaint '| `b` | `a` | |\n| `a` | | |\n' 'the row of b names a room that does not stand above it: a'
 complaint '| `a` | `a` | |\n' 'the row of a names a room that does not stand above it: a'
 complaint '| `a` | | |\n| `a` | | |\n' 'a has two rows'
+complaint '| `log` | | |\n| `si` | `log` | |\n' 'the row of si allows log, which it does not include'
 complaint 'no table\n' 'si has no row among the rooms'
 complaint '| `attic` | | |\n' 'no file was seen of the room attic'
