@@ -1,5 +1,6 @@
 #include "acquisition/scan_controller.h"
 
+#include "acquisition/read_watch.h"
 #include "log/log_file.h"
 #include "log/output.h"
 
@@ -80,6 +81,7 @@ void ScanController::start(std::optional<std::string> satellite)
         OutputClear();
         {
             const Cancellation::Work work(cancellation_);
+            const ReadWatch watch(driver_.get(), events_);
             summary_ = Scanner(context_, events_, cancellation_.flag()).run(mode_);
             tellOutcome();
         }

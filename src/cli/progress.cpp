@@ -15,9 +15,32 @@ constexpr std::string_view kEraseLine = "\r\x1B[K";
 
 } // namespace
 
+StatusLine::~StatusLine()
+{
+    erase();
+    out_.flush();
+}
+
+void StatusLine::show(const std::string& text)
+{
+    if (!isTerminal())
+        return;
+    erase();
+    // A line that fills the terminal would be continued on the next, where it cannot be erased.
+    out_ << text.substr(0, columns_ - 1) << std::flush;
+    isShown_ = true;
+}
+
+void StatusLine::erase()
+{
+    if (isShown_)
+        out_ << kEraseLine;
+    isShown_ = false;
+}
+
 ProgressDisplay::ProgressDisplay(std::ostream& out, std::size_t columns)
     : out_(out)
-    , columns_(columns)
+    , status_(out, columns)
 {
     installOutputSink(this);
 }
@@ -25,14 +48,18 @@ ProgressDisplay::ProgressDisplay(std::ostream& out, std::size_t columns)
 ProgressDisplay::~ProgressDisplay()
 {
     installOutputSink(nullptr);
-    eraseStatus();
-    out_.flush();
 }
 
 void ProgressDisplay::print(std::string_view line)
 {
-    const bool wasShown = isStatusShown_;
-    eraseStatus();
+    const std::lock_guard lock(mutex_);
+    printLine(line);
+}
+
+void ProgressDisplay::printLine(std::string_view line)
+{
+    const bool wasShown = status_.isShown();
+    status_.erase();
     out_ << asOneLine(line) << '\n';
     if (wasShown)
         drawStatus();
@@ -40,15 +67,21 @@ void ProgressDisplay::print(std::string_view line)
 
 void ProgressDisplay::reached(ScanLevel level, std::size_t number, std::size_t total)
 {
+    const std::lock_guard lock(mutex_);
     const auto index = static_cast<std::size_t>(level);
     levels_[index] = std::string(kLevelNames[index]).append(" ") + scanProgressText(number, total);
     for (std::size_t inner = index + 1; inner < levels_.size(); ++inner)
         levels_[inner].clear();
-    if (columns_ == 0) {
-        print(levels_[index]);
-        return;
-    }
-    eraseStatus();
+    if (status_.isTerminal())
+        drawStatus();
+    else
+        printLine(levels_[index]);
+}
+
+void ProgressDisplay::hasRead(std::optional<unsigned> percent)
+{
+    const std::lock_guard lock(mutex_);
+    read_ = percent ? std::to_string(*percent) + " % read" : "";
     drawStatus();
 }
 
@@ -60,19 +93,14 @@ void ProgressDisplay::askForSatellite()
 void ProgressDisplay::drawStatus()
 {
     std::string status;
+    const auto add = [&](const std::string& part) {
+        if (!part.empty())
+            status += (status.empty() ? "" : ", ") + part;
+    };
     for (const std::string& level : levels_)
-        if (!level.empty())
-            status += (status.empty() ? "" : ", ") + level;
-    // A line that fills the terminal would be continued on the next, where it cannot be erased.
-    out_ << status.substr(0, columns_ - 1) << std::flush;
-    isStatusShown_ = true;
-}
-
-void ProgressDisplay::eraseStatus()
-{
-    if (isStatusShown_)
-        out_ << kEraseLine;
-    isStatusShown_ = false;
+        add(level);
+    add(read_);
+    status_.show(status);
 }
 
 ProblemsOnly::ProblemsOnly(std::ostream& out) : out_(out)

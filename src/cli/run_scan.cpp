@@ -1,5 +1,6 @@
 #include "cli/run_scan.h"
 
+#include "acquisition/read_watch.h"
 #include "acquisition/scanner.h"
 #include "cli/complain.h"
 #include "cli/interrupt_key.h"
@@ -80,6 +81,7 @@ std::optional<ScanSummary> scanInto(NetworkMap& model, const Options& options,
         display.emplace(std::cerr, standardErrorColumns());
     ScanProgress& progress = display ? static_cast<ScanProgress&>(*display) : *quiet;
     const DriverAccess driver(session.driver());
+    const ReadWatch watch(session.driver(), progress);
     if (setting.isGiven() && !setTuner(setting, driver, cancelled))
         return std::nullopt;
     Scanner scanner(

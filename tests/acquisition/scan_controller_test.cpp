@@ -27,6 +27,11 @@ using State = ScanController::State;
 class Window : public ScanEvents {
 public:
     void reached(ScanLevel, std::size_t, std::size_t) override { ++steps; }
+    void hasRead(std::optional<unsigned> percent) override
+    {
+        read = percent ? static_cast<int>(*percent) : -1;
+        read.notify_all();
+    }
     void askForSatellite() override { ++questions; }
     void tunerKnown() override { arrive(openings_); }
     void scanFinished() override { arrive(scans_); }
@@ -36,6 +41,7 @@ public:
 
     std::atomic<int> steps = 0;
     std::atomic<int> questions = 0;
+    std::atomic<int> read = -1; ///< per cent; -1 for none
 
 private:
     void arrive(int& events)
@@ -210,6 +216,25 @@ TEST_F(Control, endsWithCancelAfterACancelledScanOnly)
     control->completeScan();
     EXPECT_TRUE(control->endsWithOk());
     EXPECT_FALSE(model.empty());
+}
+
+TEST_F(Control, tellsHowMuchTheDriverHasRead)
+{
+    const auto control = controller(ScanMode::CurrentTransponder);
+    EXPECT_TRUE(control->openedWithin(1h));
+    driver->total = 200;
+    driver->position = 85;
+    stopIn("ReadTables");
+    control->start({});
+    window.read.wait(-1);
+    EXPECT_EQ(window.read, 42);
+    driver->position = 300;
+    window.read.wait(42);
+    EXPECT_EQ(window.read, 100) << "never more than all";
+    gate.open();
+    window.waitForScan();
+    control->completeScan();
+    EXPECT_EQ(window.read, -1) << "nothing is read any more";
 }
 
 TEST_F(Control, interruptsTheCallThatIsUnderWay)

@@ -69,6 +69,7 @@ public:
         lines.push_back(names[static_cast<std::size_t>(level)] + std::string(" ") +
                         scanProgressText(number, total));
     }
+    void hasRead(std::optional<unsigned> /*percent*/) override {}
     void askForSatellite() override { lines.emplace_back("which satellite?"); }
 
     Lines lines;

@@ -48,7 +48,7 @@ class ScriptedDriver
     : public tessaview::Implements<
           ScriptedDriver, tessaview::IDriverInfo, tessaview::IDriverControl, tessaview::ISetTuner,
           tessaview::ISectionReader, tessaview::IInterrupt, tessaview::ITunerStatus,
-          tessaview::IDeviceDialogs, tessaview::IReadReport> {
+          tessaview::IDeviceDialogs, tessaview::IReadReport, tessaview::IReadProgress> {
 public:
     using Status = tessaview::Status;
 
@@ -64,6 +64,8 @@ public:
     std::string statusText = "61 dB\u00B5V";
     std::atomic<int> tunerType = 1;
     std::atomic<int> locked = 1;
+    std::atomic<std::uint64_t> position = 0; ///< of what is read
+    std::atomic<std::uint64_t> total = 0;
     Air air;                              ///< what the tuner is set to
     std::map<std::uint32_t, Air> streams; ///< by the frequency field of a tuning record
     std::string satellite;                ///< the current tuning's, UTF-8
@@ -132,6 +134,12 @@ public:
     Status ReservedSlot3() noexcept override { return tessaview::status::kNotImplemented; }
     Status GetStatusText(char16_t** text) noexcept override;
     Status GetReadProblem(char16_t** problem) noexcept override;
+    Status GetReadProgress(std::uint64_t* now, std::uint64_t* end) noexcept override
+    {
+        *now = position;
+        *end = total;
+        return tessaview::status::kOk;
+    }
 
     Status ShowTuningDialog(tessaview::WindowHandle) noexcept override
     {

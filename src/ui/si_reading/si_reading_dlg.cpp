@@ -121,9 +121,8 @@ void CSiReadingDlg::build()
     connect(close_, &QPushButton::clicked, this, &CSiReadingDlg::accept);
     activity_ = new QProgressBar;
     activity_->setAccessibleName("Activity");
-    activity_->setTextVisible(false);
     activity_->setRange(0, 0);
-    activity_->setMaximumHeight(6);
+    activity_->setFormat(QStringLiteral("%p % read"));
     QSizePolicy policy = activity_->sizePolicy();
     policy.setRetainSizeWhenHidden(true);
     activity_->setSizePolicy(policy);
@@ -146,6 +145,7 @@ void CSiReadingDlg::connectWorker()
     constexpr auto queued = Qt::QueuedConnection;
     connect(this, &CSiReadingDlg::stepsCame, this, &CSiReadingDlg::takeSteps, queued);
     connect(this, &CSiReadingDlg::openingCame, this, &CSiReadingDlg::takeOpening, queued);
+    connect(this, &CSiReadingDlg::readCame, this, &CSiReadingDlg::takeRead, queued);
     connect(this, &CSiReadingDlg::endCame, this, &CSiReadingDlg::takeEnd, queued);
     connect(
         this, &CSiReadingDlg::satelliteWanted, this,
@@ -255,6 +255,13 @@ void CSiReadingDlg::takeSteps()
     for (std::size_t i = 0; i < steps.size(); ++i)
         if (steps[i])
             levels_[i].box->setText(toQString(scanProgressText(steps[i]->number, steps[i]->total)));
+}
+
+/// How much of a stream the driver has read; -1 when that is not known.
+void CSiReadingDlg::takeRead(int percent)
+{
+    activity_->setMaximum(percent < 0 ? 0 : 100);
+    activity_->setValue(percent < 0 ? -1 : percent);
 }
 
 void CSiReadingDlg::takeEnd()

@@ -48,6 +48,7 @@ signals:
     void satelliteWanted();
     void openingCame();
     void endCame();
+    void readCame(int percent);
 
 private:
     /// A level's label and box.
@@ -62,6 +63,10 @@ private:
 
     // Called on the worker's thread.
     void reached(ScanLevel level, std::size_t number, std::size_t total) override;
+    void hasRead(std::optional<unsigned> percent) override
+    {
+        emit readCame(percent ? static_cast<int>(*percent) : -1);
+    }
     void askForSatellite() override { emit satelliteWanted(); }
     void tunerKnown() override { emit openingCame(); }
     void scanFinished() override { emit endCame(); }
@@ -77,6 +82,7 @@ private:
     void takeTuner();
     void startOrCancel();
     void takeSteps();
+    void takeRead(int percent);
     void takeEnd();
     void leave();
     void showState();
