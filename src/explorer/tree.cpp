@@ -3,7 +3,7 @@
 #include "explorer/table_nodes.h"
 #include "log/log_file.h"
 
-#include <limits>
+#include <new>
 #include <stdexcept>
 
 namespace tessaview {
@@ -73,8 +73,8 @@ std::size_t NodeView::row() const
 
 void Children::add(const NodeKind& kind, const void* data)
 {
-    if (tree_.nodes_.size() == std::numeric_limits<NodeId>::max())
-        throw std::length_error("the tree has more nodes than it can number");
+    if (tree_.nodes_.size() == Tree::kMostNodes)
+        throw std::length_error("The tree is full with 100,000,000 nodes");
     tree_.nodes_.push_back({.kind = &kind, .data = data, .parent = parent_});
 }
 
@@ -91,11 +91,44 @@ void logNetworks(const NetworkMap& model, const void* valuePane)
 
 void Tree::rebuild(const NetworkMap& model, const void* valuePane)
 {
-    plant(model);
-    // Breadth first, so that the children of a node stand side by side.
-    for (NodeId id = 0; id < nodes_.size(); ++id)
-        expand(id);
+    NodeId id = 0;
+    try {
+        plant(model);
+        // Breadth first, so that the children of a node stand side by side.
+        for (; id < nodes_.size(); ++id)
+            expand(id);
+    } catch (const std::bad_alloc&) {
+        cutAt(id, "There is not enough memory for the whole tree");
+    } catch (const std::length_error& problem) {
+        cutAt(id, problem.what());
+    }
     logNetworks(model, valuePane);
+    if (cutNodes_ > 0)
+        LogPrint(g_log, log_level::kError, "%s", problem().c_str());
+}
+
+/// Leaves the node whose children could not all be made, and those behind it, without any.
+void Tree::cutAt(NodeId unfinished, const char* reason)
+{
+    cutReason_ = reason;
+    if (nodes_.empty()) {
+        cutNodes_ = 1; // the root itself
+        return;
+    }
+    nodes_.erase(nodes_.begin() + nodes_[unfinished].firstChild, nodes_.end());
+    for (NodeId id = unfinished; id < nodes_.size(); ++id) {
+        nodes_[id].firstChild = static_cast<NodeId>(nodes_.size());
+        cutNodes_ += nodes_[id].kind->expand ? 1 : 0;
+    }
+}
+
+std::string Tree::problem() const
+{
+    if (cutNodes_ == 0)
+        return {};
+    return std::string(cutReason_) + ": what is below " + std::to_string(cutNodes_) +
+           " of its nodes is not shown. All that was read is kept, and "
+           "an export to a database holds it.";
 }
 
 void Tree::plant(const NetworkMap& model)
@@ -117,6 +150,7 @@ void Tree::expand(NodeId id)
 void Tree::clear()
 {
     nodes_.clear();
+    cutNodes_ = 0;
 }
 
 } // namespace tessaview

@@ -98,13 +98,21 @@ private:
 /// changes, always.
 class Tree {
 public:
+    /// 2.4 GB: no multiplex comes near, but a stream that somebody made to hurt could pass it.
+    static constexpr std::size_t kMostNodes = 100'000'000;
+
     Tree() = default;
     Tree(const Tree&) = delete;
     Tree& operator=(const Tree&) = delete;
 
     /// Builds the tree anew in one pass and logs the networks. `valuePane` is only named in the
-    /// log. Throws std::length_error for more than 2^32 - 1 nodes.
+    /// log. Where memory or `kMostNodes` does not suffice, the tree has the nodes that it came to,
+    /// from the upper levels down.
     void rebuild(const NetworkMap& model, const void* valuePane = nullptr);
+    /// How many nodes have nothing below them only because there was no room for it.
+    std::size_t cutNodes() const { return cutNodes_; }
+    /// What a person is to know of a tree that was cut; empty when it is whole.
+    std::string problem() const;
     /// Forgets all nodes.
     void clear();
 
@@ -132,6 +140,7 @@ private:
         NodeId firstChild = 0;
     };
 
+    void cutAt(NodeId unfinished, const char* reason);
     /// Begins with nothing but the root.
     void plant(const NetworkMap& model);
     /// Adds the children of a node at the end.
@@ -140,6 +149,8 @@ private:
     void cutChildren(NodeId id) { nodes_.resize(nodes_[id].firstChild); }
 
     std::vector<Node> nodes_; ///< breadth first, or as a walk needs them
+    const char* cutReason_ = "";
+    std::size_t cutNodes_ = 0;
     CharsetPolicy charsetPolicy_;
 };
 

@@ -24,18 +24,28 @@ static_assert(kScatter * kGather == 1);
 
 } // namespace
 
+/// Around a change of all nodes, on every way out of it.
+class TreeModel::Reset {
+public:
+    explicit Reset(TreeModel& model) : model_(model) { model_.beginResetModel(); }
+    Reset(const Reset&) = delete;
+    Reset& operator=(const Reset&) = delete;
+    ~Reset() { model_.endResetModel(); }
+
+private:
+    TreeModel& model_;
+};
+
 void TreeModel::rebuild(const NetworkMap& model, const void* valuePane)
 {
-    beginResetModel();
+    const Reset reset(*this);
     tree_.rebuild(model, valuePane);
-    endResetModel();
 }
 
 void TreeModel::clear()
 {
-    beginResetModel();
+    const Reset reset(*this);
     tree_.clear();
-    endResetModel();
 }
 
 void TreeModel::setCharsetPolicy(const CharsetPolicy& policy)

@@ -33,6 +33,8 @@ public:
     QVariant data(const QModelIndex& index, int role) const override;
 
 private:
+    class Reset;
+
     Tree tree_;
 };
 

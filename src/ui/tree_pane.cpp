@@ -6,6 +6,7 @@
 #include "explorer/node_text.h"
 #include "log/log_file.h"
 #include "ui/focus_selection.h"
+#include "ui/message.h"
 #include "ui/set_tuner.h"
 #include "ui/text.h"
 #include "ui/value_pane.h"
@@ -90,6 +91,8 @@ void CTransponderTableListPaneWnd::RebuildTree(const NetworkMap& model)
 {
     ClearTree();
     model_->rebuild(model, &valuePane_);
+    if (const std::string problem = model_->tree().problem(); !problem.empty())
+        complain(this, toQString(problem));
 }
 
 void CTransponderTableListPaneWnd::ClearTree()

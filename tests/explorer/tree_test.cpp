@@ -1,6 +1,7 @@
 #include "explorer/tree.h"
 
 #include "tests/explorer/built_model.h"
+#include "tests/support/no_memory.h"
 #include "tools/multiplex/descriptors.h"
 #include "tools/multiplex/sections.h"
 
@@ -111,6 +112,33 @@ TEST(Tree, showsOneOfAListByItselfAndMoreByNumber)
         const BuiltModel built = modelOfService(descriptors);
         EXPECT_EQ(treeText(serviceOf(built)), tree);
     }
+}
+
+TEST(Tree, hasItsUpperLevelsWhenThereIsNoMemoryForAll)
+{
+    const BuiltModel built = modelOfService(std::vector<Bytes>(60, linkage(1, 2, 3, 4)));
+    const auto labelsOf = [](const tessaview::Tree& tree, std::size_t count) {
+        std::string labels;
+        for (tessaview::NodeId id = 0; id < count; ++id)
+            labels += NodeView(tree, id).label() + '\n';
+        return labels;
+    };
+    tessaview::Tree cut;
+    {
+        const test::NoMemory none(built.tree.memory() / 2);
+        cut.rebuild(built.model);
+    }
+    ASSERT_GT(cut.size(), 1U);
+    ASSERT_LT(cut.size(), built.tree.size());
+    EXPECT_EQ(labelsOf(cut, cut.size()), labelsOf(built.tree, cut.size()));
+    std::size_t below = 0;
+    for (tessaview::NodeId id = 0; id < cut.size(); ++id)
+        below += NodeView(cut, id).childCount();
+    EXPECT_EQ(below, cut.size() - 1);
+    EXPECT_NE(cut.problem(), "");
+    cut.rebuild(built.model);
+    EXPECT_EQ(treeText(cut.root()), treeText(built.tree.root()));
+    EXPECT_EQ(cut.problem(), "");
 }
 
 TEST(Tree, namesAServiceByItsFirstEntryWithADescriptor)

@@ -1,11 +1,13 @@
 #include "ui/tree_pane.h"
 
 #include "tests/acquisition/recorder.h"
+#include "tests/support/no_memory.h"
 #include "tests/support/no_threads.h"
 #include "tests/ui/window_test.h"
 #include "ui/tree_model.h"
 
 #include <latch>
+#include <optional>
 
 #include <QAbstractItemModelTester>
 #include <QApplication>
@@ -59,6 +61,27 @@ TEST(TreeModel, isOneTheToolkitFindsNoFaultWith)
     EXPECT_EQ(model.indexOf(model.node(stream)), stream);
     model.clear();
     EXPECT_EQ(model.rowCount({}), 0);
+}
+
+TEST_F(TreePane, tellsWhenThereIsNoMemoryForAllAndShowsTheRest)
+{
+    open();
+    const BoxAnswer box(Qt::Key_Return);
+    std::optional<test::NoMemory> none;
+    dialogs.read = [&](NetworkMap& model) {
+        for (std::uint32_t stream = 0; stream < 100; ++stream) {
+            Transponder transponder;
+            transponder.transport_stream_id = stream;
+            model.store(1, std::move(transponder));
+        }
+        none.emplace(1500); // less than 64 nodes take
+        return true;
+    };
+    scan();
+    none.reset();
+    EXPECT_TRUE(box.text().startsWith("There is not enough memory for the whole tree"))
+        << box.text().toStdString();
+    EXPECT_EQ(frame->treePane().model()->rowCount(), 1);
 }
 
 TEST_F(TreePane, offersWhatBelongsToTheKindOfANodeFirst)

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <new>
+
+namespace test {
+
+/// While it lives there is no memory for blocks of so many bytes and more. Replaces the operators
+/// of the program, so one file of it includes this.
+class NoMemory {
+public:
+    explicit NoMemory(std::size_t bytes) { limit = bytes; }
+    NoMemory(const NoMemory&) = delete;
+    NoMemory& operator=(const NoMemory&) = delete;
+    ~NoMemory() { limit = SIZE_MAX; }
+
+    static inline thread_local std::size_t limit = SIZE_MAX;
+};
+
+} // namespace test
+
+// Not inlined: compilers take malloc and delete, or new and free, side by side for a mistake.
+[[gnu::noinline]] void* operator new(std::size_t bytes)
+{
+    void* const block = bytes < test::NoMemory::limit ? std::malloc(bytes) : nullptr;
+    return block ? block : throw std::bad_alloc();
+}
+[[gnu::noinline]] void operator delete(void* block) noexcept
+{
+    std::free(block);
+}
+[[gnu::noinline]] void operator delete(void* block, std::size_t /*bytes*/) noexcept
+{
+    std::free(block);
+}
