@@ -17,7 +17,8 @@ DriverAccess::DriverAccess(IUnknown* driver)
     static_cast<void>(query(driver, sources_));
 }
 
-Status DriverAccess::read(SectionBatch& batch, std::span<const TableRequest> requests) const
+Status DriverAccess::read(SectionBatch& batch, std::span<const TableRequest> requests,
+                          bool& mayLackSome) const
 {
     if (!reader_)
         return status::kNoInterface;
@@ -27,6 +28,7 @@ Status DriverAccess::read(SectionBatch& batch, std::span<const TableRequest> req
         static_cast<void>(
             receivedText(problem, [&](char16_t** out) { return report_->GetReadProblem(out); }));
     if (!problem.empty()) {
+        mayLackSome = true;
         OutputProblem("The driver reports: %s", problem.c_str());
         LogPrint(g_log, log_level::kInformation, "the driver reports: %s", problem.c_str());
     }

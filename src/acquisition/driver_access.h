@@ -17,8 +17,10 @@ class DriverAccess {
 public:
     explicit DriverAccess(IUnknown* driver);
 
-    /// Asks for tables. What the driver says may be missing from them is printed and logged.
-    Status read(SectionBatch& batch, std::span<const TableRequest> requests) const;
+    /// Asks for tables. What the driver says may be missing from them is printed and logged, and
+    /// `mayLackSome` becomes true; else it is left alone.
+    Status read(SectionBatch& batch, std::span<const TableRequest> requests,
+                bool& mayLackSome) const;
 
     Status tunerType(TunerType& type) const;
 

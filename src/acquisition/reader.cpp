@@ -112,12 +112,14 @@ private:
     SectionBatch batch_;
     Transponder transponder_;
     std::optional<std::uint32_t> original_network_id_;
+    bool mayLackSome_ = false;
 };
 
 Reading TransponderRead::outcome(ReadOutcome outcome, Status status) const
 {
     Reading reading{.outcome = outcome, .needed = transponder_.needed, .status = status};
     reading.original_network_id = original_network_id_;
+    reading.mayLackSome = mayLackSome_;
     if (transponder_.pat.parsed)
         reading.transport_stream_id = transponder_.transport_stream_id;
     return reading;
@@ -159,7 +161,7 @@ Reading TransponderRead::into(NetworkMap& model)
 
 std::optional<Reading> TransponderRead::readTables()
 {
-    const Status result = driver_.read(batch_, tables_.requests());
+    const Status result = driver_.read(batch_, tables_.requests(), mayLackSome_);
     if (cancelled_)
         return outcome(ReadOutcome::Cancelled);
     if (failed(result)) {
@@ -307,10 +309,11 @@ std::optional<Reading> TransponderRead::readPmts()
     if (!selection_.IsTableEnabled(si_table::kPmt))
         return std::nullopt;
     const std::vector<TableRequest> requests = pmtRequests(transponder_.pat);
-    const Status result = driver_.read(batch_, requests);
+    const Status result = driver_.read(batch_, requests, mayLackSome_);
     if (cancelled_)
         return outcome(ReadOutcome::Cancelled);
     if (failed(result)) {
+        mayLackSome_ = true;
         reportProblem("the PMTs could not be read: %08X", statusCode(result));
         return std::nullopt;
     }

@@ -27,6 +27,7 @@ struct Reading {
     Status status = status::kOk; ///< ReadFailed, TunerFailed: the driver's
     std::optional<std::uint32_t> original_network_id = {}; ///< as far as the stream was known
     std::optional<std::uint32_t> transport_stream_id = {};
+    bool mayLackSome = false; ///< for the driver failed midway, or says itself what it did not get
 };
 
 /// Whether a stream that lacks a table which gives it its place is stored all the same.

@@ -111,6 +111,7 @@ Unstored::Unstored(UnstoredReason why, std::string words) : reason(why), text(st
 void ScanSummary::add(const ScannedStream& stream, const Reading& reading)
 {
     const auto reason = reasonOf(stream, reading);
+    addLack(reading.mayLackSome);
     if (reading.outcome == ReadOutcome::Stored) {
         ScannedStream received = stream;
         if (reason) {
@@ -135,6 +136,13 @@ bool ScanSummary::hasIncomplete() const
     return std::any_of(unstored_.begin(), unstored_.end(), [](const auto& entry) {
         return entry.second.reason == UnstoredReason::Incomplete;
     });
+}
+
+bool ScanSummary::mayLackSome() const
+{
+    return mayLackSome_ || std::any_of(unstored_.begin(), unstored_.end(), [](const auto& entry) {
+               return entry.second.reason == UnstoredReason::ReadFailed;
+           });
 }
 
 std::size_t ScanSummary::failedCount() const

@@ -60,6 +60,10 @@ public:
     const std::map<ScannedStream, Unstored>& unstored() const { return unstored_; }
     /// Streams that could not be stored, without those that the model had before.
     std::size_t failedCount() const;
+    /// Whether reading itself failed somewhere: a stream could not be read, or not all of it.
+    bool mayLackSome() const;
+    /// Notes what else was not read in full.
+    void addLack(bool isThere) { mayLackSome_ = mayLackSome_ || isThere; }
     /// Whether a stream was left out for want of a table, though it may hold others.
     bool hasIncomplete() const;
     bool empty() const { return stored_.empty() && unstored_.empty(); }
@@ -73,6 +77,7 @@ public:
 private:
     std::set<ScannedStream> stored_;
     std::map<ScannedStream, Unstored> unstored_;
+    bool mayLackSome_ = false;
 };
 
 } // namespace tessaview

@@ -8,6 +8,7 @@
 #include "platform/format.h"
 #include "tuning/tuning_text.h"
 
+#include <new>
 #include <utility>
 
 namespace tessaview {
@@ -122,7 +123,9 @@ bool Scanner::ReadNitAndScan(const std::string& satellite)
     printAndLog(log_level::kDetail, "Reading current NIT");
     SectionBatch batch;
     const TableRequest request = nitRequest();
-    const Status result = driver_.read(batch, {&request, 1});
+    bool mayLackSome = false;
+    const Status result = driver_.read(batch, {&request, 1}, mayLackSome);
+    summary_.addLack(mayLackSome);
     if (cancelled_)
         return true;
     if (failed(result) || batch.count(0) <= 0) {
@@ -218,7 +221,11 @@ void Scanner::addUntuned(const ScannedStream& stream)
 
 void Scanner::readInto(const ScannedStream& stream)
 {
-    summary_.add(stream, reader_.ReadCurrentTransponder(*context_.model));
+    try {
+        summary_.add(stream, reader_.ReadCurrentTransponder(*context_.model));
+    } catch (const std::bad_alloc&) { // the next one may be smaller
+        summary_.add(stream, {UnstoredReason::ReadFailed, "there is not enough memory for it"});
+    }
 }
 
 } // namespace tessaview

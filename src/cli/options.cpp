@@ -40,7 +40,7 @@ The parameters to tune to are those of the driver's kind of tuner:
   terrestrial  "474 8": MHz; and, if it is not 8, the bandwidth in MHz
 
 Exit status: 0 at least one transport stream was stored, 1 none was, 2 wrong usage, 3 the export
-to a database failed.)";
+to a database failed, 4 one was stored but reading failed on the way, so more may be missing.)";
 
 /// A selection that CLI11 can check and report.
 std::string checkTables(const std::string& text)

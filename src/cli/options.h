@@ -17,6 +17,7 @@ constexpr int kExitStored = 0;     ///< at least one transport stream was stored
 constexpr int kExitNothing = 1;    ///< none was
 constexpr int kExitWrongUsage = 2; ///< an option or a capture cannot be used
 constexpr int kExitExportFailed = 3;
+constexpr int kExitMayLackSome = 4; ///< one was stored, but not all could be read
 
 /// What the command line asks for.
 struct Options {

@@ -125,7 +125,7 @@ void reportMissing(const Options& options, const ScanSummary& summary, bool isCa
 
 } // namespace
 
-void runScan(const Options& options, const TunerSetting& setting, const DriverSession& session,
+bool runScan(const Options& options, const TunerSetting& setting, const DriverSession& session,
              ISatListManager* satellites, NetworkMap& model)
 {
     Cancellation cancellation(session.driver());
@@ -133,8 +133,10 @@ void runScan(const Options& options, const TunerSetting& setting, const DriverSe
     const Cancellation::Work work(cancellation);
     const auto summary =
         scanInto(model, options, setting, session, satellites, cancellation.flag());
-    if (summary)
-        reportMissing(options, *summary, cancellation.flag(), DriverAccess(session.driver()));
+    if (!summary)
+        return false;
+    reportMissing(options, *summary, cancellation.flag(), DriverAccess(session.driver()));
+    return !summary->mayLackSome();
 }
 
 } // namespace tessaview

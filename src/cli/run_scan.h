@@ -9,8 +9,9 @@
 namespace tessaview {
 
 /// Sets the tuner, if a setting is given, and scans what the options ask for into the model. Shows
-/// how far that is and says what failed or could not be stored. Ctrl+C ends it early.
-void runScan(const Options& options, const TunerSetting& setting, const DriverSession& session,
+/// how far that is and says what failed or could not be stored. Ctrl+C ends it early. False when
+/// reading itself failed somewhere, so that something may be missing from what was stored.
+bool runScan(const Options& options, const TunerSetting& setting, const DriverSession& session,
              ISatListManager* satellites, NetworkMap& model);
 
 } // namespace tessaview

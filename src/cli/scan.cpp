@@ -17,6 +17,8 @@
 #include <filesystem>
 #include <iostream>
 #include <memory>
+#include <new>
+#include <stdexcept>
 
 namespace tessaview {
 
@@ -48,11 +50,25 @@ NetworkMap& modelOfProcess()
     return *model;
 }
 
-void print(const NetworkMap& model, const Options& options)
+/// Gives the exit status of it: 0 when all of the model could be written.
+int print(const NetworkMap& model, const Options& options)
 {
     logNetworks(model);
-    if (options.format != OutputFormat::None)
-        printTree(std::cout, TreeWalk(model, options.charsets), options.format);
+    try {
+        if (options.format != OutputFormat::None)
+            printTree(std::cout, TreeWalk(model, options.charsets), options.format);
+    } catch (const std::bad_alloc&) {
+        complain("there is not enough memory for the whole tree: the output ends early");
+        return kExitMayLackSome;
+    } catch (const std::length_error& problem) {
+        complain(std::string(problem.what()) + ": the output ends early");
+        return kExitMayLackSome;
+    }
+    std::cout.flush();
+    if (std::cout)
+        return kExitStored;
+    complain("the output cannot be written");
+    return kExitWrongUsage;
 }
 
 } // namespace
@@ -91,20 +107,18 @@ int scan(const Options& options)
         return kExitWrongUsage;
 
     NetworkMap& model = modelOfProcess();
-    runScan(options, setting, *session, satellites.get(), model);
+    const bool isWhole = runScan(options, setting, *session, satellites.get(), model);
     closeDriver(session);
 
     const std::string exportProblem = exportTo(options.exportDb, model, options.charsets);
     complain(exportProblem);
-    print(model, options);
-    std::cout.flush();
-    if (!std::cout) {
-        complain("the output cannot be written");
-        return kExitWrongUsage;
-    }
+    if (const int status = print(model, options); status != kExitStored)
+        return status;
     if (!exportProblem.empty())
         return kExitExportFailed;
-    return model.empty() ? kExitNothing : kExitStored;
+    if (model.empty())
+        return kExitNothing;
+    return isWhole ? kExitStored : kExitMayLackSome;
 }
 
 } // namespace tessaview

@@ -110,6 +110,14 @@ TEST_F(ShellTuning, saysWhatTheDriverSaysOfItsFailure)
                   status);
 }
 
+TEST_F(ShellTuning, saysWithoutAWordOfProgressThatReadingFailedOnTheWay)
+{
+    const Outcome run = tool.run(deaf("AA", {"--quiet"}));
+    EXPECT_EQ(run.status, 4);
+    EXPECT_THAT(run.err, StartsWith("The driver reports: the signal was lost\n"));
+    EXPECT_THAT(run.out, HasSubstr("0001")) << "what there is";
+}
+
 TEST_F(ShellTuning, interruptsADriverThatWaits)
 {
     struct Case {

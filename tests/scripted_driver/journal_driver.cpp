@@ -3,6 +3,7 @@
 
 #include "component/bstr.h"
 #include "tests/support/scripted_driver.h"
+#include "tools/multiplex/sections.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -25,6 +26,7 @@ enum Script : std::uint32_t {
     ShutdownHangs = 0xA6,
     GetNameFails = 0xA7,
     GetNameHangs = 0xA8,
+    ReadsInPart = 0xAA,
     // These receive nothing.
     SetWaits = 0xB0,
     ReadWaits = 0xB1,
@@ -79,6 +81,12 @@ public:
             break;
         case GetNameHangs:
             actIn("GetName", hang);
+            break;
+        case ReadsInPart:
+            air = {{{0x0000, 0x00}, {test::pat(1, {})}},
+                   {{0x0010, 0x40}, {test::nit(0x40, 1, {}, {})}},
+                   {{0x0011, 0x42}, {test::sdt(0x42, 1, 1, {})}}};
+            readProblem = "the signal was lost";
             break;
         case SetWaits:
             actIn("SetSatelliteTuning", [this] { waitForInterrupt(); });
