@@ -1,37 +1,44 @@
 #include "acquisition/driver_start.h"
 
 #include "driver/source_files.h"
+#include "log/log_file.h"
 #include "platform/format.h"
 
 #include <algorithm>
-#include <optional>
 
 namespace tessaview {
 
-namespace {
-
 /// The class of the first driver that can be pointed at files. Those whose manifest says so are
 /// asked first, so that no other need be created.
-std::optional<Guid> classForFiles(const ClassRegistry& registry, const CallObserver& observer)
+std::optional<Guid> DriverStart::classForFiles(const CallObserver& observer) const
 {
     DriverList list;
-    std::vector<ComponentClass> classes = registry.classesOf(kDriverCategory);
+    std::vector<ComponentClass> classes = registry->classesOf(kDriverCategory);
     std::stable_partition(classes.begin(), classes.end(),
                           [](const ComponentClass& each) { return each.readsFiles; });
     for (const ComponentClass& each : classes) {
-        listDriver(registry, each, list, observer);
+        if (each.clsid == leftOut)
+            continue;
+        LogPrint(g_log, log_level::kInformation, "asking the driver %s %s whether it reads files",
+                 each.name.c_str(), toText(each.clsid).c_str());
+        listDriver(*registry, each, list, marking(mark, each.clsid, each.name, observer));
         if (!list.drivers.empty() && list.drivers.back().readsFiles)
             return list.drivers.back().clsid;
     }
     return std::nullopt;
 }
 
-} // namespace
-
 void DriverStart::run(const CallObserver& observer)
 {
+    start(observer);
+    if (mark)
+        mark->clear();
+}
+
+void DriverStart::start(const CallObserver& tellOperation)
+{
     const auto chosen =
-        captures.empty() || !clsid.empty() ? parseGuid(clsid) : classForFiles(*registry, observer);
+        captures.empty() || !clsid.empty() ? parseGuid(clsid) : classForFiles(tellOperation);
     if (!chosen) {
         status = status::kClassNotRegistered;
         if (!captures.empty() && clsid.empty())
@@ -43,6 +50,9 @@ void DriverStart::run(const CallObserver& observer)
         return;
     }
     clsid = toText(*chosen);
+    LogPrint(g_log, log_level::kInformation, "starting the driver %s %s", driverName().c_str(),
+             clsid.c_str());
+    const CallObserver observer = marking(mark, *chosen, driverName(), tellOperation);
     auto opened = std::make_shared<DriverSession>();
     status = opened->open(*registry, *chosen, places, satellites.get(), why, observer);
     if (failed(status))

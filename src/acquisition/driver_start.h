@@ -1,10 +1,12 @@
 #pragma once
 
+#include "acquisition/start_mark.h"
 #include "driver/driver_session.h"
 #include "driver/pending_call.h"
 #include "satlist/satellite_list.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -25,18 +27,25 @@ struct DriverStart {
     ComPtr<ISatListManager> satellites;
     std::string clsid; ///< as stored; with captures the driver to read them, empty for any that can
     std::vector<std::string> captures; ///< for any driver that can read them; may be empty
+    std::optional<Guid> leftOut;       ///< a driver that is not to read them
+    std::shared_ptr<StartMark> mark;   ///< notes the calls; may be null
 
     std::shared_ptr<DriverSession> session; ///< null unless the driver was started
     Status status = status::kUnexpected;
     std::string why; ///< a sentence about a failure
     CaptureResult captured;
 
-    /// Creates and initialises the driver, and points it at the captures if there are any.
+    /// Creates and initialises the driver, and points it at the captures if there are any. The log
+    /// names each driver before it is called.
     void run(const CallObserver& observer);
     /// The driver as its manifest calls it, or else its class.
     std::string driverName() const;
     /// What the user is to know about a failure, with the operation that was called last.
     std::string problem(const std::string& operation) const;
+
+private:
+    void start(const CallObserver& tellOperation);
+    std::optional<Guid> classForFiles(const CallObserver& observer) const;
 };
 
 /// The same for captures only, over a driver that runs already.

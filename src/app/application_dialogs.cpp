@@ -60,7 +60,9 @@ bool ApplicationDialogs::runSiReading(QWidget* parent, NetworkMap& model, ScanMo
     const std::size_t before = transponderCount(model);
     SiReadingWay way{.byItself = readsAtOnce_,
                      .incomplete =
-                         showsIncomplete() ? IncompleteStreams::Store : IncompleteStreams::Refuse};
+                         showsIncomplete() ? IncompleteStreams::Store : IncompleteStreams::Refuse,
+                     .patience = application_.patience().exit,
+                     .leave = [this] { application_.leaveStuck(); }};
     SiReadingEnd end = tessaview::runSiReading(parent, model, mode, driver, satellites, way);
     if (transponderCount(model) != before || end.summary.unstored().empty())
         return end.isOk;
@@ -68,7 +70,8 @@ bool ApplicationDialogs::runSiReading(QWidget* parent, NetworkMap& model, ScanMo
         end.summary.hasIncomplete() && way.incomplete == IncompleteStreams::Refuse;
     if (!(readsAtOnce_ || offersMore) || !tellUnstored(parent, end.summary, offersMore))
         return end.isOk;
-    way = {.byItself = true, .incomplete = IncompleteStreams::Store};
+    way.byItself = true;
+    way.incomplete = IncompleteStreams::Store;
     return tessaview::runSiReading(parent, model, mode, driver, satellites, way).isOk;
 }
 

@@ -23,6 +23,10 @@ public:
     /// A message box; returns when the user has closed it. `detail`, which may be empty, tells
     /// more than the text that stands first.
     virtual void showMessage(const std::string& text, const std::string& detail) = 0;
+    /// Whether to call a driver again that a start before this one did not come back from, as the
+    /// text tells, or to start without it; nothing when the program is to end instead.
+    virtual std::optional<bool> askToTryAgain(const std::string& text,
+                                              const std::string& detail) = 0;
     /// The driver selection dialog: the class identifier text, which is empty when nothing was
     /// chosen; nothing when it was cancelled. `isFirstStart`: for somebody who has no settings.
     virtual std::optional<std::string> RunDriverSelection(CTessaview3App& application,

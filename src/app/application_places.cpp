@@ -17,6 +17,7 @@ ApplicationPlaces ApplicationPlaces::ofThisUser(const std::string& logFile)
             .settingsFile = defaultSettingsFile(),
             .allUsersFolder = allUsersDataFolder(),
             .userFolder = userDataFolder(),
+            .stateFolder = tessaview::stateFolder(),
             .componentFolders = componentSearchPath()};
 }
 

@@ -15,7 +15,8 @@ struct ApplicationPlaces {
     bool isLogNamed = false; ///< by the user, who is told when it cannot be written
     std::filesystem::path settingsFile;
     std::optional<std::filesystem::path> allUsersFolder;
-    std::filesystem::path userFolder; ///< empty when there is no place for it
+    std::filesystem::path userFolder;       ///< empty when there is no place for it
+    std::filesystem::path stateFolder = {}; ///< likewise
     std::vector<std::filesystem::path> componentFolders;
 
     /// Those of this program and its user; an empty log file stands for the usual one.

@@ -3,11 +3,9 @@
 #include "app/quit_signals.h"
 #include "app/tessaview3_app.h"
 #include "app/window_host.h"
-#include "log/log_file.h"
 
 #include <clocale>
 #include <cstdio>
-#include <unistd.h>
 
 #include <QApplication>
 #include <QIcon>
@@ -34,12 +32,9 @@ int run(const CommandLine& commandLine)
         exitStatus = QApplication::exec();
     host.closeDocument();
     application.ExitInstance();
-    if (PendingCall::unfinished() > 0) {
-        // A driver still runs in a call: its thread must not see the program taken apart.
-        g_log.Close();
-        std::fflush(nullptr);
-        ::_exit(exitStatus);
-    }
+    // A driver that still runs in a call must not see the program taken apart.
+    if (PendingCall::unfinished() > 0)
+        CTessaview3App::endProcess(exitStatus);
     return exitStatus;
 }
 

@@ -11,8 +11,11 @@
 #include "satlist/list_storage.h"
 #include "si/texts/registries.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <cstdio>
 #include <system_error>
+#include <unistd.h>
 #include <utility>
 
 namespace tessaview {
@@ -21,6 +24,7 @@ namespace {
 
 constexpr const char* kDriverFailed = "Failed to initialize driver";
 constexpr const char* kCaptureDriver = "for captured streams";
+constexpr const char* kStartMarkFile = "start-under-way";
 
 void createFolder(const std::filesystem::path& folder)
 {
@@ -57,7 +61,11 @@ bool CTessaview3App::InitInstance()
         return false;
     host_.setUpFramework();
     findBuildNumber();
+    startMark_ = std::make_shared<StartMark>(
+        places_.stateFolder.empty() ? places_.stateFolder : places_.stateFolder / kStartMarkFile);
     CaptureResult captured;
+    if (!settleLastStart())
+        return false;
     if (!(captures_.empty() ? startChosenDriver() : startFileDriver(captures_, captured)))
         return false;
     if (!host_.processShellCommand(*this))
@@ -72,8 +80,24 @@ bool CTessaview3App::InitInstance()
 
 void CTessaview3App::ExitInstance()
 {
+    if (startMark_)
+        startMark_->finish();
     saveSatellites();
     shutDownDrivers();
+}
+
+void CTessaview3App::leaveStuck()
+{
+    LogPrint(g_log, log_level::kError, "the driver is in a call that does not return");
+    saveSatellites();
+    endProcess(0);
+}
+
+void CTessaview3App::endProcess(int exitStatus)
+{
+    g_log.Close();
+    std::fflush(nullptr);
+    ::_exit(exitStatus);
 }
 
 void CTessaview3App::findFolders()
@@ -145,6 +169,46 @@ void CTessaview3App::findBuildNumber()
     }
 }
 
+/// Asks, when the last start did not come back from a driver that this one is about to call. False
+/// when the program is to end instead.
+bool CTessaview3App::settleLastStart()
+{
+    const auto& last = startMark_->last();
+    if (!last || !wouldCall(*last))
+        return true;
+    const std::string text = "The last start did not end well: the driver " + last->driver +
+                             " did not come back from its call " + last->operation + ".";
+    LogPrint(g_log, log_level::kError, "%s", text.c_str());
+    const std::string others = captures_.empty() ? "another driver can be chosen then"
+                                                 : "another driver, if there is one, reads the "
+                                                   "captures then";
+    const auto triesAgain = host_.askToTryAgain(
+        text, toText(last->clsid) + "\nTry it again, or start without it: " + others + ".");
+    if (!triesAgain)
+        return false;
+    startMark_->clear();
+    if (*triesAgain)
+        return true;
+    leftOut_ = last->clsid;
+    if (captures_.empty())
+        forgetDriverChoice();
+    return true;
+}
+
+bool CTessaview3App::wouldCall(const MarkedCall& last) const
+{
+    const ComponentClass* const driver = registry_->find(last.clsid);
+    if (!driver)
+        return false;
+    if (!captures_.empty()) {
+        const auto drivers = registry_->classesOf(kDriverCategory);
+        const auto readsFiles = [](const ComponentClass& each) { return each.readsFiles; };
+        return driver->readsFiles || std::none_of(drivers.begin(), drivers.end(), readsFiles);
+    }
+    const auto choice = Settings(places_.settingsFile).text(kSettingsKey, kDriverClassValue);
+    return !choice || parseGuid(*choice) == last.clsid;
+}
+
 /// The stored choice, or what the user chooses now; empty when he does not.
 std::string CTessaview3App::read_driver_clsid()
 {
@@ -209,6 +273,8 @@ std::shared_ptr<DriverStart> CTessaview3App::newDriverStart() const
                      .userFolder = userFolder_,
                      .commonFolder = allUsersFolder_};
     start->satellites = satellites_;
+    start->leftOut = leftOut_;
+    start->mark = startMark_;
     return start;
 }
 
@@ -224,6 +290,9 @@ bool CTessaview3App::startDriver(const std::shared_ptr<DriverStart>& start,
     }
     if (start->session) {
         drivers_.push_back(start->session);
+        lastStarted_ = {.clsid = parseGuid(start->clsid).value_or(Guid{}),
+                        .driver = start->driverName(),
+                        .operation = {}};
         return true;
     }
     const std::string detail = start->problem(call.operation());
@@ -282,6 +351,16 @@ void CTessaview3App::shutDownDrivers()
     if (call.waitFor(patience_.exit))
         return;
     LogPrint(g_log, log_level::kError, "the driver does not answer %s", call.operation().c_str());
+}
+
+CallObserver CTessaview3App::lastCallsOfStart() const
+{
+    const CallObserver noted = marking(startMark_, lastStarted_.clsid, lastStarted_.driver);
+    return [mark = startMark_, noted](const char* operation) {
+        noted(operation);
+        if (*operation == '\0')
+            mark->finish();
+    };
 }
 
 IDriverInfo* CTessaview3App::driver() const

@@ -8,6 +8,7 @@
 #include "satlist/satellite_list.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -34,6 +35,11 @@ public:
     /// Saves the satellite list, shuts the drivers down and lets go of them. May follow an
     /// `InitInstance` that went wrong anywhere.
     void ExitInstance();
+    /// Saves the satellite list and ends the process, though a driver is in a call that does not
+    /// return: nothing is called any more, nor taken apart.
+    [[noreturn]] void leaveStuck();
+    /// Ends the process as it is.
+    [[noreturn]] static void endProcess(int exitStatus);
 
     /// Uses captures for the rest of this run, as those of the command line are: a driver that
     /// reads files takes the place of the current one unless it is one. False when none of them
@@ -43,6 +49,12 @@ public:
     const std::shared_ptr<const ClassRegistry>& registry() const { return registry_; }
     const ApplicationPlaces& places() const { return places_; }
     const DriverPatience& patience() const { return patience_; }
+    /// Notes the calls of the start that is under way; null before the start.
+    const std::shared_ptr<StartMark>& startMark() const { return startMark_; }
+    /// The driver that the user wants this start to do without.
+    const std::optional<Guid>& leftOut() const { return leftOut_; }
+    /// To be told the first calls of who asks the driver for its state, the last of the start.
+    CallObserver lastCallsOfStart() const;
     IDriverInfo* driver() const;
     ISatListManager* satellites() const { return satellites_.get(); }
     /// The fourth number of the program's version; 0 when it is not known.
@@ -54,6 +66,8 @@ private:
     void saveSatellites();
     std::filesystem::path satelliteFile() const;
     void findBuildNumber();
+    bool settleLastStart();
+    bool wouldCall(const MarkedCall& last) const;
 
     std::string read_driver_clsid();
     void storeDriverChoice(const std::string& choice);
@@ -70,6 +84,9 @@ private:
     std::vector<std::string> captures_;
     DriverPatience patience_;
     std::shared_ptr<const ClassRegistry> registry_;
+    std::shared_ptr<StartMark> startMark_;
+    std::optional<Guid> leftOut_;
+    MarkedCall lastStarted_; ///< the driver that was started last
     std::filesystem::path allUsersFolder_;
     std::filesystem::path userFolder_;
     ComPtr<ISatListManager> satellites_;

@@ -11,6 +11,7 @@
 #include <utility>
 
 #include <QApplication>
+#include <QPushButton>
 
 namespace tessaview {
 
@@ -50,12 +51,31 @@ void WindowHost::showMessage(const std::string& text, const std::string& detail)
         complain(frame_.get(), toQString(text), toQString(detail));
 }
 
+std::optional<bool> WindowHost::askToTryAgain(const std::string& text, const std::string& detail)
+{
+    MessageBox box(nullptr, QMessageBox::Question, toQString(text), QMessageBox::NoButton);
+    box.setDetail(toQString(detail));
+    const QPushButton* const again =
+        box.addButton(QStringLiteral("&Try again"), QMessageBox::AcceptRole);
+    QPushButton* const without =
+        box.addButton(QStringLiteral("Start &without it"), QMessageBox::RejectRole);
+    box.setDefaultButton(without);
+    box.setEscapeButton(without);
+    if (!isQuitting_)
+        box.exec();
+    if (isQuitting_)
+        return std::nullopt;
+    return box.clickedButton() == again;
+}
+
 std::optional<std::string> WindowHost::RunDriverSelection(CTessaview3App& application,
                                                           bool isFirstStart)
 {
     return tessaview::RunDriverSelection(nullptr, {.registry = application.registry(),
                                                    .isFirstStart = isFirstStart,
                                                    .patience = patience_,
+                                                   .leftOut = application.leftOut(),
+                                                   .mark = application.startMark(),
                                                    .isOver = [this] { return isQuitting_; }});
 }
 
@@ -83,8 +103,8 @@ bool WindowHost::processShellCommand(CTessaview3App& application)
 {
     application_ = &application;
     dialogs_ = std::make_unique<ApplicationDialogs>(application);
-    document_ =
-        std::make_unique<CTessaview3Doc>(application.driver(), application.satellites(), *dialogs_);
+    document_ = std::make_unique<CTessaview3Doc>(application.driver(), application.satellites(),
+                                                 *dialogs_, application.lastCallsOfStart());
     frame_ = std::make_unique<CMainFrame>(*document_, helpAddresses(application.buildNumber()));
     new CaptureDrop(
         frame_.get(), [this] { return !document_->driverCall().isBusy(); },

@@ -28,6 +28,7 @@ public:
     void closeDocument();
 
     void showMessage(const std::string& text, const std::string& detail) override;
+    std::optional<bool> askToTryAgain(const std::string& text, const std::string& detail) override;
     std::optional<std::string> RunDriverSelection(CTessaview3App& application,
                                                   bool isFirstStart) override;
     bool waitForDriver(const PendingCall& call, const std::string& driverName) override;

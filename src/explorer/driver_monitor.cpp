@@ -13,13 +13,15 @@ using Clock = std::chrono::steady_clock;
 /// What the monitor and its thread have in common; the thread keeps it alive when it is left alone.
 struct DriverMonitor::Shared {
     Shared(ComPtr<IDriverControl> controlInterface, ComPtr<ITunerStatus> statusInterface,
-           Pace chosenPace)
+           Pace chosenPace, CallObserver firstRound)
         : control(std::move(controlInterface))
         , status(std::move(statusInterface))
         , pace(chosenPace)
+        , observer(std::move(firstRound))
     {
     }
 
+    void tell(const char* operation) const;
     DriverState ask() const;
     bool waitForNextRound();
     void run();
@@ -27,6 +29,7 @@ struct DriverMonitor::Shared {
     ComPtr<IDriverControl> control;
     ComPtr<ITunerStatus> status;
     const Pace pace;
+    CallObserver observer; ///< of the first round; the thread's own
 
     mutable std::mutex mutex; // guards what follows
     std::condition_variable changed;
@@ -37,17 +40,26 @@ struct DriverMonitor::Shared {
     bool hasEnded = false;
 };
 
+void DriverMonitor::Shared::tell(const char* operation) const
+{
+    if (observer)
+        observer(operation);
+}
+
 DriverState DriverMonitor::Shared::ask() const
 {
     DriverState answer{.wasAsked = true, .tunerType = {}, .statusText = {}};
     std::uint16_t type = 0;
+    tell("GetTunerType");
     if (control && !failed(control->GetTunerType(&type)))
         answer.tunerType = static_cast<TunerType>(type);
     std::int32_t locked = 0;
+    tell("IsLocked");
     answer.isLocked = status && !failed(status->IsLocked(&locked)) && locked != 0;
     if (!status)
         return answer;
     std::string text;
+    tell("GetStatusText");
     if (!failed(receivedText(text, [&](char16_t** out) { return status->GetStatusText(out); })))
         answer.statusText = std::move(text);
     return answer;
@@ -67,6 +79,8 @@ void DriverMonitor::Shared::run()
 {
     do {
         DriverState answer = ask();
+        tell("");
+        observer = nullptr;
         const std::lock_guard lock(mutex);
         state = std::move(answer);
         asking.reset();
@@ -78,8 +92,10 @@ void DriverMonitor::Shared::run()
     changed.notify_all();
 }
 
-DriverMonitor::DriverMonitor(ComPtr<IDriverControl> control, ComPtr<ITunerStatus> status, Pace pace)
-    : shared_(std::make_shared<Shared>(std::move(control), std::move(status), pace))
+DriverMonitor::DriverMonitor(ComPtr<IDriverControl> control, ComPtr<ITunerStatus> status, Pace pace,
+                             CallObserver firstRound)
+    : shared_(std::make_shared<Shared>(std::move(control), std::move(status), pace,
+                                       std::move(firstRound)))
 {
     shared_->asking = Clock::now();
     thread_ = std::thread([shared = shared_] { shared->run(); });

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "driver/driver_session.h"
 #include "driver/tuner_driver.h"
 
 #include <chrono>
@@ -32,12 +33,16 @@ public:
         Milliseconds overdue{3000}; ///< after which an unanswered round counts as failed
     };
 
-    /// Both interfaces may be null; their questions count as failed then.
-    DriverMonitor(ComPtr<IDriverControl> control, ComPtr<ITunerStatus> status)
-        : DriverMonitor(std::move(control), std::move(status), Pace())
+    /// Both interfaces may be null; their questions count as failed then. `firstRound`, which may
+    /// be null, is told the calls of the first round, on the monitor's thread, and an empty
+    /// operation at its end.
+    DriverMonitor(ComPtr<IDriverControl> control, ComPtr<ITunerStatus> status,
+                  CallObserver firstRound = {})
+        : DriverMonitor(std::move(control), std::move(status), Pace(), std::move(firstRound))
     {
     }
-    DriverMonitor(ComPtr<IDriverControl> control, ComPtr<ITunerStatus> status, Pace pace);
+    DriverMonitor(ComPtr<IDriverControl> control, ComPtr<ITunerStatus> status, Pace pace,
+                  CallObserver firstRound = {});
     DriverMonitor(const DriverMonitor&) = delete;
     DriverMonitor& operator=(const DriverMonitor&) = delete;
     ~DriverMonitor() { stop(); }

@@ -3,6 +3,8 @@
 #include "ui/message.h"
 #include "ui/window_handle.h"
 
+#include <utility>
+
 #include <QFileInfo>
 
 namespace tessaview {
@@ -20,11 +22,12 @@ ComPtr<Interface> queried(IUnknown* object)
 
 } // namespace
 
-CTessaview3Doc::CTessaview3Doc(IUnknown* driver, IUnknown* satellites, Dialogs& dialogs)
+CTessaview3Doc::CTessaview3Doc(IUnknown* driver, IUnknown* satellites, Dialogs& dialogs,
+                               CallObserver firstCalls)
     : satellites_(queried<ISatListManager>(satellites))
     , dialogs_(dialogs)
 {
-    useDriver(driver);
+    useDriver(driver, std::move(firstCalls));
 }
 
 void CTessaview3Doc::setDriver(IUnknown* driver)
@@ -33,13 +36,15 @@ void CTessaview3Doc::setDriver(IUnknown* driver)
         useDriver(driver);
 }
 
-void CTessaview3Doc::useDriver(IUnknown* driver)
+void CTessaview3Doc::useDriver(IUnknown* driver, CallObserver firstCalls)
 {
     monitor_.reset();
+    if (firstCalls)
+        firstCalls("QueryInterface");
     driver_ = ComPtr<IUnknown>::share(driver);
     control_ = queried<IDriverControl>(driver);
     deviceDialogs_ = queried<IDeviceDialogs>(control_.get());
-    monitor_.emplace(control_, queried<ITunerStatus>(control_.get()));
+    monitor_.emplace(control_, queried<ITunerStatus>(control_.get()), std::move(firstCalls));
 }
 
 CTessaview3Doc::~CTessaview3Doc() = default;

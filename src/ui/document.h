@@ -37,8 +37,10 @@ protected:
 class CTessaview3Doc {
 public:
     /// `driver` and `satellites` may be null: the commands that need them stay disabled. `dialogs`
-    /// must outlive this. Begins to ask the driver for its state.
-    CTessaview3Doc(IUnknown* driver, IUnknown* satellites, Dialogs& dialogs);
+    /// must outlive this. Begins to ask the driver for its state; `firstCalls`, which may be null,
+    /// is told the first call of each kind that this takes, and an empty operation after the last.
+    CTessaview3Doc(IUnknown* driver, IUnknown* satellites, Dialogs& dialogs,
+                   CallObserver firstCalls = {});
     CTessaview3Doc(const CTessaview3Doc&) = delete;
     CTessaview3Doc& operator=(const CTessaview3Doc&) = delete;
     ~CTessaview3Doc();
@@ -82,7 +84,7 @@ public:
     void setPath(const QString& path) { path_ = path; }
 
 private:
-    void useDriver(IUnknown* driver);
+    void useDriver(IUnknown* driver, CallObserver firstCalls = {});
     void showDriverDialog(Status (IDeviceDialogs::*show)(WindowHandle) noexcept);
 
     ComPtr<IUnknown> driver_;

@@ -287,6 +287,40 @@ two_at_once() {
     grep -q "Starting Tessaview 3" "$home/log-2" || fail "the second explorer has no log"
 }
 
+driver_that_crashes_at_the_start() {
+    scripted '{000000A9-0000-0000-0000-000000000000}'
+    export TESSAVIEW_TEST_CRASH=IsLocked
+    start
+    ends 134
+    start
+    answer Tessaview3 alt+t # try again
+    ends 134
+    start
+    answer Tessaview3 alt+w # start without it
+    answer "Driver selction" Escape
+    answer Tessaview3 Return
+    ends 1
+    stores_nothing
+}
+
+terminated_while_a_driver_hangs() {
+    scripted '{000000B3-0000-0000-0000-000000000000}'
+    export TESSAVIEW_DRIVER_PATIENCE=1
+    start
+    see "Untitled - Tessaview"
+    local end=$((SECONDS + patience))
+    until grep -q ReadTables "$home/journal"; do
+        [ $SECONDS -lt $end ] || fail "nothing is read"
+        press alt+a Right Return # the first command of the first submenu
+        sleep 0.5
+        press Return # starts
+        sleep 0.5
+    done
+    kill $pid
+    ends 0
+    has_satellites
+}
+
 terminated() {
     store "$capture_class"
     start
@@ -311,7 +345,8 @@ wrong_usage() {
 
 cases=(first_start cancel_at_the_choice failing_driver driver_that_hangs_at_the_start
     driver_that_hangs_at_the_end captures unreadable_settings read_only_home no_writable_folder
-    two_at_once terminated wrong_usage)
+    driver_that_crashes_at_the_start two_at_once terminated_while_a_driver_hangs terminated
+    wrong_usage)
 [ $# -eq 0 ] || cases=("$@")
 for case in "${cases[@]}"; do
     new_home

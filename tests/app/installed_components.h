@@ -21,6 +21,8 @@ constexpr tessaview::Guid kInitializeHangs = "{000000A5-0000-0000-0000-000000000
 constexpr tessaview::Guid kShutdownHangs = "{000000A6-0000-0000-0000-000000000000}"_guid;
 constexpr tessaview::Guid kGetNameFails = "{000000A7-0000-0000-0000-000000000000}"_guid;
 constexpr tessaview::Guid kGetNameHangs = "{000000A8-0000-0000-0000-000000000000}"_guid;
+/// Ends the process in the call that $TESSAVIEW_TEST_CRASH names.
+constexpr tessaview::Guid kCrashes = "{000000A9-0000-0000-0000-000000000000}"_guid;
 } // namespace scripted
 
 inline const std::string kLibraryFolder = TESSAVIEW_BUILD_DIR "/lib/tessaview3/components/";

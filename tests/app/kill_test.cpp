@@ -83,16 +83,36 @@ protected:
 
     test::TemporaryFolder home_;
     test::InstalledComponents components_{home_ / "components"};
-    const test::Environment environment_[4] = {
+    const test::Environment environment_[5] = {
+        {"XDG_STATE_HOME", nullptr},
         {"TESSAVIEW_COMPONENT_PATH", components_.folder().c_str()},
         {"XDG_CONFIG_HOME", (home_ / "config").c_str()},
         {"XDG_DATA_HOME", (home_ / "data").c_str()},
         {"HOME", home_.path().c_str()}};
     std::filesystem::path settings_ = home_ / "config/tessaview3/settings.json";
     std::filesystem::path satellites_ = home_ / "data/Tessaview 3/satlist.xml";
+    std::filesystem::path mark_ = home_ / ".local/state/tessaview3/start-under-way";
     std::string log_ = (home_ / "log.txt").string();
     std::mt19937 random_{std::random_device{}()};
 };
+
+TEST_F(Killed, leavesTheCallOfTheDriverThatEndedItsStart)
+{
+    const std::string crashing = toText(test::scripted::kCrashes);
+    components_.scriptedDriver(test::scripted::kCrashes, "Crashing");
+    Settings(settings_).setText(kSettingsKey, "driverclsid", crashing);
+    for (const char* const call :
+         {"Initialize", "SetSatListManager", "GetTunerType", "IsLocked", "GetStatusText"}) {
+        const test::Environment crash("TESSAVIEW_TEST_CRASH", call);
+        std::filesystem::remove(mark_); // else it would be asked for
+        int status = 0;
+        const pid_t child = start({"--log", log_});
+        ASSERT_EQ(waitpid(child, &status, 0), child);
+        EXPECT_TRUE(WIFSIGNALED(status)) << status;
+        EXPECT_EQ(test::readFile(mark_), crashing + "\nCrashing\n" + call + "\n");
+        EXPECT_THAT(test::readFile(log_), testing::HasSubstr("starting the driver Crashing"));
+    }
+}
 
 TEST_F(Killed, leavesNothingThatCannotBeReadWheneverItIsKilled)
 {
@@ -101,6 +121,7 @@ TEST_F(Killed, leavesNothingThatCannotBeReadWheneverItIsKilled)
         if (failsToStart)
             Settings(settings_).setText(kSettingsKey, "driverclsid",
                                         toText(test::scripted::kInitializeFails));
+        std::filesystem::remove(mark_); // else it would be asked for
         const pid_t child = failsToStart ? start({"--log", log_}) : start({"--log", log_, kSample});
         std::this_thread::sleep_for(upTo(700));
         if (round % 3 == 1) { // saves the satellite list

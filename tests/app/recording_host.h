@@ -16,10 +16,16 @@ public:
     std::optional<std::string> choice; ///< in the driver selection
     bool waitsForEver = true;          ///< else for a moment only
     bool createsWindow = true;
+    std::optional<bool> triesAgain = true; ///< a driver that did not come back
 
     void showMessage(const std::string& text, const std::string& detail) override
     {
         note("box: " + text + (detail.empty() ? "" : "; " + detail));
+    }
+    std::optional<bool> askToTryAgain(const std::string& text, const std::string& detail) override
+    {
+        note("question: " + text + "; " + detail);
+        return triesAgain;
     }
     std::optional<std::string> RunDriverSelection(tessaview::CTessaview3App& /*application*/,
                                                   bool isFirstStart) override

@@ -20,7 +20,11 @@ using testing::HasSubstr;
 namespace {
 
 struct StartUp : testing::Test {
-    StartUp() { components.satelliteList(); }
+    StartUp()
+    {
+        components.satelliteList();
+        std::filesystem::create_directory(places.stateFolder);
+    }
     void TearDown() override
     {
         writeFile(journal + ".go", ""); // whoever hangs may return now
@@ -38,6 +42,11 @@ struct StartUp : testing::Test {
     {
         install(clsid);
         store(toText(clsid));
+    }
+    /// As a start leaves it that did not come back from a call.
+    void leaveMark(const Guid& clsid) const
+    {
+        writeFile(mark, toText(clsid) + "\nReceiver\nIsLocked\n");
     }
     std::optional<std::string> stored() const
     {
@@ -71,6 +80,8 @@ struct StartUp : testing::Test {
                  {TESSAVIEW_BUILD_DIR, "BUILD"},
                  {"build=" + std::to_string(kBuildNumber), "build=NUMBER"}})
             text = std::regex_replace(text, std::regex(folder), name);
+        if (!readFile(mark).empty())
+            text += "a call is still noted\n";
         for (const char* const file : {"all/satlist.xml", "user/satlist.xml", "satlist.xml"})
             if (std::filesystem::exists(home / file))
                 text += std::string("left: ") + file + '\n';
@@ -87,7 +98,9 @@ struct StartUp : testing::Test {
                              .settingsFile = settings,
                              .allUsersFolder = home / "all",
                              .userFolder = home / "user",
+                             .stateFolder = home / "state",
                              .componentFolders = {}};
+    std::filesystem::path mark = places.stateFolder / "start-under-way";
     DriverPatience patience;
     test::RecordingHost host;
 };
@@ -97,6 +110,7 @@ struct OneStart : StartUp {
     void TestBody() override {}
 };
 
+constexpr Guid kCaptureClass = "{8F6E0A52-3B1D-4C7E-9A64-D20B71C5E3F8}"_guid;
 const std::string kSample = TESSAVIEW_BUILD_DIR "/share/tessaview3/sample.ts";
 
 struct Case {
@@ -150,6 +164,32 @@ const std::vector<Case> kCases{
          s.patience.exit = std::chrono::milliseconds(50);
      }},
 
+    // The last start did not come back from a driver.
+    {"driverThatDidNotComeBackIsTriedAgain",
+     [](OneStart& s) {
+         s.choose(test::scripted::kWorks);
+         s.leaveMark(test::scripted::kWorks);
+     }},
+    {"driverThatDidNotComeBackIsLeftOut",
+     [](OneStart& s) {
+         s.choose(test::scripted::kInitializeHangs);
+         s.install(test::scripted::kWorks);
+         s.leaveMark(test::scripted::kInitializeHangs);
+         s.host.triesAgain = false;
+         s.host.choice = toText(test::scripted::kWorks);
+     }},
+    {"theProgramIsEndedWhenItAsksForTheDriver",
+     [](OneStart& s) {
+         s.choose(test::scripted::kWorks);
+         s.leaveMark(test::scripted::kWorks);
+         s.host.triesAgain.reset();
+     }},
+    {"driverThatDidNotComeBackIsNotTheChosenOne",
+     [](OneStart& s) {
+         s.choose(test::scripted::kWorks);
+         s.leaveMark(test::scripted::kInitializeHangs);
+     }},
+
     // Other things that are missing.
     {"noSatelliteListComponent",
      [](OneStart& s) { std::filesystem::remove(s.components.folder() / "satellites.component"); }},
@@ -190,6 +230,13 @@ const std::vector<Case> kCases{
      },
      {"/gone.ts", kSample}},
     {"noCaptureThatCanBeRead", [](OneStart& s) { s.components.captureDriver(); }, {"/gone.ts"}},
+    {"driverForCapturesThatDidNotComeBackIsLeftOut",
+     [](OneStart& s) {
+         s.components.captureDriver();
+         s.leaveMark(kCaptureClass);
+         s.host.triesAgain = false;
+     },
+     {kSample}},
     {"noDriverThatReadsCaptures", chosen(test::scripted::kWorks), {kSample}},
 };
 

@@ -108,6 +108,21 @@ TEST_F(Window, readsNothingAtOnceByTheCommandAfterADrop)
     EXPECT_EQ(started->left(), 0U);
 }
 
+TEST_F(Window, asksWhetherToCallADriverAgain)
+{
+    const auto shown = whenShown({[](QWidget& box) {
+                                      EXPECT_EQ(test::messageOf(box), "It did not come back.");
+                                      test::click(box, "&Try again");
+                                  },
+                                  [](QWidget& box) { test::click(box, "Start &without it"); },
+                                  [](QWidget& box) { QTest::keyClick(&box, Qt::Key_Escape); }});
+    for (const bool again : {true, false, false})
+        EXPECT_EQ(host_.askToTryAgain("It did not come back.", ""), again);
+    host_.quit();
+    EXPECT_EQ(host_.askToTryAgain("It did not come back.", ""), std::nullopt);
+    EXPECT_EQ(shown->left(), 0U);
+}
+
 TEST_F(Window, tellsWhatCannotBeReadOfADropAndStaysAsItWas)
 {
     const auto shown = whenShown({[](QWidget& box) {

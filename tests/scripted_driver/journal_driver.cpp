@@ -26,6 +26,7 @@ enum Script : std::uint32_t {
     ShutdownHangs = 0xA6,
     GetNameFails = 0xA7,
     GetNameHangs = 0xA8,
+    Crashes = 0xA9,
     ReadsInPart = 0xAA,
     // These receive nothing.
     SetWaits = 0xB0,
@@ -35,12 +36,17 @@ enum Script : std::uint32_t {
 };
 
 // NOLINTBEGIN(concurrency-mt-unsafe): only read
-std::string journalFile()
+std::string environment(const char* variable)
 {
-    const char* const file = std::getenv("TESSAVIEW_TEST_JOURNAL");
-    return file ? file : "";
+    const char* const value = std::getenv(variable);
+    return value ? value : "";
 }
 // NOLINTEND(concurrency-mt-unsafe)
+
+std::string journalFile()
+{
+    return environment("TESSAVIEW_TEST_JOURNAL");
+}
 
 void note(const std::string& line)
 {
@@ -88,14 +94,20 @@ public:
                    {{0x0011, 0x42}, {test::sdt(0x42, 1, 1, {})}}};
             readProblem = "the signal was lost";
             break;
+        case Crashes:
+            actIn(environment("TESSAVIEW_TEST_CRASH"), std::abort);
+            break;
+        case ReadHangs:
+            actIn("ReadTables", [] {
+                note("ReadTables");
+                hang();
+            });
+            break;
         case SetWaits:
             actIn("SetSatelliteTuning", [this] { waitForInterrupt(); });
             break;
         case ReadWaits:
             actIn("ReadTables", [this] { waitForInterrupt(); });
-            break;
-        case ReadHangs:
-            actIn("ReadTables", hang);
             break;
         default:
             break;
@@ -132,7 +144,7 @@ public:
 private:
     ~JournalDriver() override { note("released"); }
 
-    void actIn(std::string_view operation, std::function<void()> act)
+    void actIn(const std::string& operation, std::function<void()> act)
     {
         duringCall = [operation, act = std::move(act)](std::string_view called, int) {
             if (called == operation)

@@ -41,11 +41,17 @@ DriverList findDrivers(QWidget* parent, const DriverSelection& selection)
                               QStringLiteral("Without it, the other drivers can be chosen."),
                           .isOver = selection.isOver};
     for (const ComponentClass& driver : selection.registry->classesOf(kDriverCategory)) {
+        if (driver.clsid == selection.leftOut)
+            continue;
+        LogPrint(g_log, log_level::kInformation, "asking the driver %s %s for its name",
+                 driver.name.c_str(), toText(driver.clsid).c_str());
         const auto list = std::make_shared<DriverList>();
-        const PendingCall call(
-            [list, driver, registry = selection.registry](const CallObserver& observer) {
-                listDriver(*registry, driver, *list, observer);
-            });
+        const PendingCall call([list, driver, registry = selection.registry,
+                                mark = selection.mark](const CallObserver& observer) {
+            const CallObserver noted = marking(mark, driver.clsid, driver.name, observer);
+            listDriver(*registry, driver, *list, noted);
+            noted("");
+        });
         if (!waitForDriver(parent, call, toQString(driver.name), wait))
             continue;
         std::move(list->drivers.begin(), list->drivers.end(), std::back_inserter(found.drivers));

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "driver/driver_session.h"
+#include "acquisition/start_mark.h"
 
 #include <chrono>
 #include <functional>
@@ -50,6 +50,8 @@ struct DriverSelection {
     bool isFirstStart = false;               ///< welcome the user
     std::optional<std::string> current = {}; ///< the class that is in use, in braces
     std::chrono::milliseconds patience{};    ///< with a driver that does not answer
+    std::optional<Guid> leftOut = {};        ///< a driver that is not to be called
+    std::shared_ptr<StartMark> mark = {};    ///< notes the calls; null when no start is under way
     std::function<bool()> isOver = nullptr;  ///< stop waiting for drivers; may be null
 };
 

@@ -16,6 +16,7 @@
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QTimer>
 
 namespace tessaview {
 
@@ -97,8 +98,16 @@ CSiReadingDlg::~CSiReadingDlg()
 {
     // The worker may be waiting for this thread to print a line.
     controller_.requestClose();
+    if (leave_)
+        QTimer::singleShot(patience_, this, leave_);
     while (controller_.isBusy())
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+}
+
+void CSiReadingDlg::setPatience(std::chrono::milliseconds patience, std::function<void()> leave)
+{
+    patience_ = patience;
+    leave_ = std::move(leave);
 }
 
 void CSiReadingDlg::build()
@@ -303,6 +312,7 @@ SiReadingEnd runSiReading(QWidget* parent, NetworkMap& model, ScanMode mode, IDr
 {
     try {
         CSiReadingDlg dialog(parent, model, mode, driver, satellites, way.incomplete);
+        dialog.setPatience(way.patience, way.leave);
         if (way.byItself)
             dialog.runByItself();
         const bool isOk = dialog.exec() == QDialog::Accepted;

@@ -3,6 +3,8 @@
 #include "acquisition/scan_controller.h"
 
 #include <array>
+#include <chrono>
+#include <functional>
 #include <mutex>
 #include <optional>
 
@@ -32,6 +34,9 @@ public:
                   IncompleteStreams incomplete = IncompleteStreams::Refuse);
     /// Waits until nothing is under way, without keeping the windows from being served.
     ~CSiReadingDlg() override;
+
+    /// What to do when that takes longer.
+    void setPatience(std::chrono::milliseconds patience, std::function<void()> leave);
 
     /// Starts the scan as soon as the driver has told its tuner, and goes when it has ended.
     void runByItself();
@@ -93,6 +98,8 @@ private:
     QPushButton* start_ = nullptr;
     QPushButton* close_ = nullptr;
     bool runsByItself_ = false;
+    std::chrono::milliseconds patience_{};
+    std::function<void()> leave_;
     QProgressBar* activity_ = nullptr;
 
     std::mutex stepsMutex_;
@@ -104,6 +111,10 @@ private:
 struct SiReadingWay {
     bool byItself = false; ///< it starts by itself and goes when it has read
     IncompleteStreams incomplete = IncompleteStreams::Refuse;
+    /// When the program ends and a driver keeps the scan from ending for so long, `leave`, which
+    /// may be null, is called; without it the end waits.
+    std::chrono::milliseconds patience = std::chrono::seconds(5);
+    std::function<void()> leave = {};
 };
 
 /// How a run of the dialog ended.
