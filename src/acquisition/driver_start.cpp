@@ -54,11 +54,11 @@ void DriverStart::start(const CallObserver& tellOperation)
              clsid.c_str());
     const CallObserver observer = marking(mark, *chosen, driverName(), tellOperation);
     auto opened = std::make_shared<DriverSession>();
-    status = opened->open(*registry, *chosen, places, satellites.get(), why, observer);
+    status = opened->open(*registry, *chosen, places, satellites.get(), why, observer, &progress);
     if (failed(status))
         return;
     if (!captures.empty()) {
-        observer("SetSourceFiles");
+        observer(kLooksAtCaptures);
         captured.status = useSourceFiles(opened->driver(), captures, captured.problems);
     }
     session = std::move(opened);
@@ -87,7 +87,8 @@ std::string DriverStart::problem(const std::string& operation) const
 
 void CaptureChange::run(const CallObserver& observer)
 {
-    observer("SetSourceFiles");
+    progress.watch(session->driver());
+    observer(kLooksAtCaptures);
     result.status = useSourceFiles(session->driver(), captures, result.problems);
 }
 

@@ -34,6 +34,7 @@ struct DriverStart {
     Status status = status::kUnexpected;
     std::string why; ///< a sentence about a failure
     CaptureResult captured;
+    OperationProgress progress; ///< of the look at captures; may be asked meanwhile
 
     /// Creates and initialises the driver, and points it at the captures if there are any. The log
     /// names each driver before it is called.
@@ -54,6 +55,7 @@ struct CaptureChange {
     std::vector<std::string> captures;
 
     CaptureResult result{.status = status::kUnexpected, .problems = {}};
+    OperationProgress progress; ///< may be asked meanwhile
 
     void run(const CallObserver& observer);
 };

@@ -33,7 +33,8 @@ public:
                                                           bool isFirstStart) = 0;
     /// Waits until the driver's calls have ended. When they take long, tells the user which driver
     /// does not answer which call; false when he does not want to wait any longer.
-    virtual bool waitForDriver(const PendingCall& call, const std::string& driverName) = 0;
+    virtual bool waitForDriver(const PendingCall& call, const std::string& driverName,
+                               const OperationProgress& progress) = 0;
     virtual void setUpFramework() = 0;
     /// Creates the document, the main frame and its panes, and shows nothing yet; whether that
     /// went well.

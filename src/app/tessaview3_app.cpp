@@ -283,7 +283,7 @@ bool CTessaview3App::startDriver(const std::shared_ptr<DriverStart>& start,
                                  const std::string& driverName)
 {
     const PendingCall call([start](const CallObserver& observer) { start->run(observer); });
-    if (!host_.waitForDriver(call, driverName)) {
+    if (!host_.waitForDriver(call, driverName, start->progress)) {
         LogPrint(g_log, log_level::kError, "the driver %s does not answer %s", driverName.c_str(),
                  call.operation().c_str());
         return false;
@@ -316,7 +316,7 @@ bool CTessaview3App::openCaptures(const std::vector<std::string>& captures)
     change->session = drivers_.back();
     change->captures = captures;
     const PendingCall call([change](const CallObserver& observer) { change->run(observer); });
-    return host_.waitForDriver(call, kCaptureDriver) && announce(change->result);
+    return host_.waitForDriver(call, kCaptureDriver, change->progress) && announce(change->result);
 }
 
 /// Shows which captures cannot be used; whether any can.

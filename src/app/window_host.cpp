@@ -79,12 +79,14 @@ std::optional<std::string> WindowHost::RunDriverSelection(CTessaview3App& applic
                                                    .isOver = [this] { return isQuitting_; }});
 }
 
-bool WindowHost::waitForDriver(const PendingCall& call, const std::string& driverName)
+bool WindowHost::waitForDriver(const PendingCall& call, const std::string& driverName,
+                               const OperationProgress& progress)
 {
     DriverWait wait{.patience = patience_,
                     .giveUp = QStringLiteral("&Quit"),
                     .consequence = QStringLiteral("When you quit, the next start asks for a driver "
                                                   "again."),
+                    .progress = &progress,
                     .isOver = [this] { return isQuitting_; }};
     if (frame_) {
         wait.giveUp = QStringLiteral("&Give up");

@@ -31,7 +31,8 @@ public:
     std::optional<bool> askToTryAgain(const std::string& text, const std::string& detail) override;
     std::optional<std::string> RunDriverSelection(CTessaview3App& application,
                                                   bool isFirstStart) override;
-    bool waitForDriver(const PendingCall& call, const std::string& driverName) override;
+    bool waitForDriver(const PendingCall& call, const std::string& driverName,
+                       const OperationProgress& progress) override;
     void setUpFramework() override;
     bool processShellCommand(CTessaview3App& application) override;
     void showMainWindow() override;

@@ -2,11 +2,14 @@
 
 #include "acquisition/driver_start.h"
 #include "cli/complain.h"
+#include "cli/progress.h"
+#include "driver/source_files.h"
 #include "log/log_line.h"
 #include "platform/paths.h"
 #include "platform/settings.h"
 
 #include <algorithm>
+#include <chrono>
 #include <iostream>
 #include <iterator>
 #include <optional>
@@ -90,6 +93,26 @@ std::optional<std::string> chosenClass(const Options& options, const ClassRegist
     return stored;
 }
 
+/// Waits for a driver to start and shows how far it is with looking at captures, which may take
+/// long: that it has begun shows that the driver is alive. False when it does not answer.
+bool waitForStart(const PendingCall& call, const OperationProgress& progress, bool isQuiet)
+{
+    using Clock = std::chrono::steady_clock;
+    constexpr auto kTurn = std::chrono::milliseconds(150);
+    StatusLine line(std::cerr, isQuiet ? 0 : standardErrorColumns());
+    Clock::time_point lastSign = Clock::now();
+    while (!call.waitFor(kTurn)) {
+        const OperationProgress::Now now = progress.now();
+        if (now.total > 0 || call.operation() == kLooksAtCaptures) {
+            lastSign = Clock::now();
+            line.show(lookText(now));
+        } else if (Clock::now() - lastSign >= driverPatience()) {
+            return false;
+        }
+    }
+    return true;
+}
+
 } // namespace
 
 void printDrivers(const ClassRegistry& registry)
@@ -121,12 +144,10 @@ std::shared_ptr<DriverSession> openDriver(const Options& options,
     start->clsid = *clsid;
     start->captures = options.captures;
     PendingCall call([start](const CallObserver& observer) { start->run(observer); });
-    // Looking through captures may take long, and that it has begun shows that the driver is alive.
-    while (!call.waitFor(driverPatience()))
-        if (call.operation() != "SetSourceFiles") {
-            complain(noAnswer(clsid->empty() ? "for captures" : *clsid, call));
-            return nullptr;
-        }
+    if (!waitForStart(call, start->progress, options.quiet)) {
+        complain(noAnswer(clsid->empty() ? "for captures" : *clsid, call));
+        return nullptr;
+    }
     if (!start->session) {
         complain("the driver " + start->driverName() + " cannot be used: " + start->why);
         return nullptr;

@@ -25,7 +25,8 @@ std::u16string driversBelow(const std::filesystem::path& folder)
 
 Status DriverSession::open(const ClassRegistry& registry, const Guid& clsid,
                            const DriverPlaces& places, ISatListManager* satellites,
-                           std::string& why, const CallObserver& observer)
+                           std::string& why, const CallObserver& observer,
+                           OperationProgress* progress)
 {
     ComPtr<IDriverInfo> info;
     tell(observer, "CreateInstance");
@@ -39,6 +40,8 @@ Status DriverSession::open(const ClassRegistry& registry, const Guid& clsid,
         why = formatted("the driver lacks its control interface: %#x", statusCode(result));
         return result;
     }
+    if (progress)
+        progress->watch(info.get());
     const Bstr key(toUtf16(places.settingsKey + "\\drivers"));
     const Bstr user(driversBelow(places.userFolder));
     const Bstr common(driversBelow(places.commonFolder));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "component/class_registry.h"
+#include "driver/operation_progress.h"
 #include "driver/tuner_driver.h"
 
 #include <filesystem>
@@ -31,9 +32,11 @@ public:
     ~DriverSession() { close(); }
 
     /// Creates the driver of the class, initialises it and hands it the satellite list, which
-    /// may be null. A failure names its step in `why` and leaves the session empty.
+    /// may be null. A failure names its step in `why` and leaves the session empty. `progress`, if
+    /// not null, follows the driver from before it is initialised.
     Status open(const ClassRegistry& registry, const Guid& clsid, const DriverPlaces& places,
-                ISatListManager* satellites, std::string& why, const CallObserver& observer = {});
+                ISatListManager* satellites, std::string& why, const CallObserver& observer = {},
+                OperationProgress* progress = nullptr);
     /// Tells the driver, once, that the program ends. Without one, nothing.
     void shutDown();
     /// Shuts the driver down and lets go of it, control before driver. Without one, nothing.

@@ -34,6 +34,17 @@ OperationProgress::Now OperationProgress::now() const
     return now;
 }
 
+std::string lookText(const OperationProgress::Now& now)
+{
+    std::string text = "Looking at the captures...";
+    if (now.total > 0)
+        text.append(" ")
+            .append(std::to_string(now.position))
+            .append(" of ")
+            .append(std::to_string(now.total));
+    return text;
+}
+
 unsigned percentOf(const OperationProgress::Now& now)
 {
     if (now.total == 0)

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <mutex>
+#include <string>
 
 namespace tessaview {
 
@@ -31,6 +32,9 @@ private:
     mutable std::mutex mutex_;
     ComPtr<IReadProgress> source_; ///< null without a driver that tells
 };
+
+/// What a person is told of a look at captures: "Looking at the captures... 12 of 300".
+std::string lookText(const OperationProgress::Now& now);
 
 /// The part of the way that is covered, 0 to 100; 0 when it is not known.
 unsigned percentOf(const OperationProgress::Now& now);

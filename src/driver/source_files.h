@@ -7,6 +7,9 @@
 
 namespace tessaview {
 
+/// The operation that looks at captures, as a `CallObserver` is told of it.
+inline constexpr const char* kLooksAtCaptures = "SetSourceFiles";
+
 /// Whether a driver can be pointed at captured files.
 bool canReadFiles(IUnknown* driver);
 

@@ -1,6 +1,7 @@
 #include "platform/build_info.h"
 #include "platform/settings.h"
 #include "tests/app/installed_components.h"
+#include "tests/support/scripted_driver.h"
 #include "tests/support/windows.h"
 #include "ui/application/about_dialog.h"
 #include "ui/application/driver_select_dialog.h"
@@ -13,6 +14,7 @@
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QLabel>
+#include <QProgressBar>
 #include <gtest/gtest.h>
 
 using namespace tessaview;
@@ -189,6 +191,29 @@ TEST(WaitForDriver, asksAgainAfterTheUserWaitsOnAndEndsByItselfWithTheCall)
                                   }});
     EXPECT_TRUE(waitForDriver(nullptr, call, "x", soon()));
     EXPECT_EQ(shown->left(), 0U);
+}
+
+TEST(WaitForDriver, showsHowFarTheDriverIsWithLookingAtCaptures)
+{
+    const auto driver = test::ScriptedDriver::make();
+    driver->total = 300;
+    driver->position = 12;
+    const OperationProgress progress(static_cast<IDriverInfo*>(driver.get()));
+    std::atomic<bool> isSeen = false;
+    const PendingCall call([&](const CallObserver& observer) {
+        observer("Initialize");
+        isSeen.wait(false);
+    });
+    DriverWait wait = soon();
+    wait.progress = &progress;
+    const auto shown = whenShown({[&](QWidget& box) {
+        EXPECT_EQ(box.findChild<QLabel*>()->text(), "Looking at the captures... 12 of 300");
+        EXPECT_EQ(box.findChild<QProgressBar*>()->value(), 4);
+        isSeen = true;
+        isSeen.notify_all();
+    }});
+    EXPECT_TRUE(waitForDriver(nullptr, call, "x", wait));
+    EXPECT_EQ(shown->left(), 0U) << "and nobody is asked whether to wait";
 }
 
 TEST(WaitForDriver, endsWithoutAQuestionWhenTheProgramIsToEnd)

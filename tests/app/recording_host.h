@@ -33,7 +33,8 @@ public:
         note(isFirstStart ? "driver selection, first start" : "driver selection");
         return choice;
     }
-    bool waitForDriver(const tessaview::PendingCall& call, const std::string& driverName) override
+    bool waitForDriver(const tessaview::PendingCall& call, const std::string& driverName,
+                       const tessaview::OperationProgress& /*progress*/) override
     {
         if (call.waitFor(waitsForEver ? std::chrono::hours(1) : std::chrono::hours(0)))
             return true;
