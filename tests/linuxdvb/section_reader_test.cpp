@@ -161,7 +161,10 @@ TEST_P(FewFilters, takeTurns)
 }
 
 INSTANTIATE_TEST_SUITE_P(SectionReading, FewFilters,
-                         ::testing::Values(&FakeKernel::filterLimit, &FakeKernel::demuxLimit));
+                         ::testing::Values(&FakeKernel::filterLimit, &FakeKernel::demuxLimit),
+                         [](const auto& each) -> std::string {
+                             return each.param == &FakeKernel::filterLimit ? "toSet" : "toOpen";
+                         });
 
 TEST_F(SectionReading, keepsWhatCameBeforeTheDeviceWasRemoved)
 {
