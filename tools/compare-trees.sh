@@ -10,7 +10,9 @@ for expected in "$captures"/expected/*.tree; do
     mapfile -t tree < <("$build/bin/tessaview3-scan" --log /dev/null --quiet --tables all "$capture")
     for ((i = 0; i < ${#wanted[@]} || i < ${#tree[@]}; ++i)); do
         pattern=${wanted[i]-(no line)}
-        pattern=$(printf %s "$pattern" | sed 's/[][?\\]/\\&/g')
+        pattern=${pattern//\\/\\\\}
+        pattern=${pattern//[/\\[}
+        pattern=${pattern//\?/\\?}
         # shellcheck disable=SC2053
         [[ ${tree[i]-(no line)} == $pattern ]] && continue
         printf '%s, line %d:\n%s\ninstead of\n%s\n' "$capture" $((i + 1)) "${tree[i]-}" "${wanted[i]-}"

@@ -4,13 +4,9 @@
 #include "component/path_text.h"
 #include "component/task_memory.h"
 #include "driver/driver_session.h"
-
-#include <span>
-#include <stdexcept>
+#include "tests/support/tests.h"
 
 namespace test {
-
-using namespace tessaview;
 
 TableRequest request(unsigned pid, unsigned tableId, CollectionMode mode)
 {
@@ -103,6 +99,12 @@ std::vector<Bytes> LoadedDriver::sectionsOf(const Bytes& stream, const TableRequ
     if (!problem.empty())
         throw std::runtime_error(problem);
     return read({request}).front();
+}
+
+unsigned LoadedDriver::stream() const
+{
+    const auto sections = read({request(0x0000, 0x00)}).front();
+    return sections.empty() ? 0U : sections.front()[3] * 256U + sections.front()[4];
 }
 
 bool LoadedDriver::isLocked() const

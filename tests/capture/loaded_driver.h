@@ -52,6 +52,8 @@ public:
     std::vector<Bytes> sectionsOf(const Bytes& stream,
                                   const tessaview::TableRequest& request) const;
 
+    /// The transport_stream_id in the PAT of what it is set to; 0 when there is none.
+    unsigned stream() const;
     bool isLocked() const;
     unsigned tunerType() const;
     std::string statusText() const;

@@ -1,18 +1,12 @@
 #include "tests/capture/loaded_driver.h"
+#include "tests/support/tests.h"
 #include "tools/multiplex/sections.h"
 #include "tools/multiplex/stream_builder.h"
-
-#include <functional>
-
-#include <gtest/gtest.h>
 
 // What becomes of sections on their way through packets, good and bad. Every section is a table
 // of its own, so that each that arrives whole is handed over.
 
 namespace {
-
-using namespace test;
-using tessaview::CollectionMode;
 
 constexpr unsigned kPid = 0x1ABC;
 constexpr unsigned kOtherPid = 0x1FFE;
@@ -111,75 +105,62 @@ Bytes withAdaptationFieldTooLong()
     return stream;
 }
 
-struct Case {
-    const char* name;
-    Bytes stream;
-    std::vector<Bytes> seen;
+struct CapturePackets : testing::Test {
+    void delivers(const char* name, const Bytes& stream, const std::vector<Bytes>& seen) const
+    {
+        const auto wanted = request(kPid, 0x46, CollectionMode::OtherStreams);
+        EXPECT_EQ(driver.sectionsOf(stream, wanted), seen) << name;
+    }
+
+    LoadedDriver driver;
 };
 
-std::vector<Case> cases()
+TEST_F(CapturePackets, deliverEverySectionThatIsWhole)
 {
     const std::vector<Bytes> all{kFirst, kSecond, kThird};
     const std::vector<Bytes> notFirst{kSecond, kThird};
-    return {
-        {"oneToAPacketAndMore", putAll(), all},
-        {"severalInOnePacket",
-         StreamBuilder().put(kPid, joined({kSecond, section(4, 15), section(5, 12)})).build(),
-         {kSecond, section(4, 15), section(5, 12)}},
-        {"oneBehindTheOther", packed({kFirst, kSecond, kThird}), all},
-        {"startInTheLastPayloadByte",
-         packed({section(4, 182), kSecond}),
-         {section(4, 182), kSecond}},
-        {"headerSplitAfterTwoBytes",
-         packed({section(4, 181), kSecond}),
-         {section(4, 181), kSecond}},
-        {"headerEndsThePacket", packed({section(4, 180), kSecond}), {section(4, 180), kSecond}},
-        {"pushedOutOfTheLastByteByThePointer",
-         packed({section(4, 183 + 183), kSecond}),
-         {section(4, 183 + 183), kSecond}},
-        {"packetsFilledExactly",
-         packed({section(4, 183 + 184), kSecond}),
-         {section(4, 183 + 184), kSecond}},
-        {"oneByteBesideTheAdaptationField",
-         StreamBuilder().put(kPid, kFirst, 182).build(),
-         {kFirst}},
-        {"packetWithoutPayloadBetween", withAdaptationFieldOnly(), all},
-        {"otherPidsBetween", interleaved(), {kThird}},
-        {"packetsTwice", repeated(repeated(repeated(putAll(), 7), 1), 0), all},
-        {"packetTwiceWithOtherClock", repeatedWithOtherClock(), {kFirst}},
-        {"packetThrice", repeated(repeated(putAll(), 1), 1), notFirst},
-        {"lostFirstPacket", erased(putAll(), 0, kPacketSize), notFirst},
-        {"lostMiddlePacket", erased(putAll(), kPacketSize, kPacketSize), notFirst},
-        {"lostLastPacket", erased(putAll(), 2 * kPacketSize, kPacketSize), notFirst},
-        {"sameCounterOtherPayload", spoilt(1, 3, 0x10), notFirst},
-        {"scrambled", spoilt(1, 3, 0x80 | 0x11), notFirst},
-        {"transportError", spoilt(1, 1, 0x80 | kPid >> 8), notFirst},
-        {"adaptationFieldTooLong", withAdaptationFieldTooLong(), notFirst},
-        {"pointerPastWhatIsKnown", spoilt(0, 1, kPid >> 8), notFirst},
-        {"pointerIntoASectionNotBegun",
-         erased(packed({section(4, 300), kSecond}), 0, kPacketSize),
-         {kSecond}},
-        {"pointerOutOfThePacket", spoilt(0, 4, 184), notFirst},
-        {"syncByteDamaged", spoilt(1, 0, 0x46), notFirst},
-        {"bytesMissing", erased(putAll(), kPacketSize + 50, 77), notFirst},
-        {"cutInMidPacket", erased(putAll(), putAll().size() - 100, 100), {kFirst, kSecond}},
-        {"shorterThanItSays",
-         StreamBuilder().put(kPid, std::span(kFirst).first(20)).put(kPid, kSecond).build(),
-         {kSecond}},
-    };
+    delivers("oneToAPacketAndMore", putAll(), all);
+    delivers("severalInOnePacket",
+             StreamBuilder().put(kPid, joined({kSecond, section(4, 15), section(5, 12)})).build(),
+             {kSecond, section(4, 15), section(5, 12)});
+    delivers("oneBehindTheOther", packed({kFirst, kSecond, kThird}), all);
+    delivers("startInTheLastPayloadByte", packed({section(4, 182), kSecond}),
+             {section(4, 182), kSecond});
+    delivers("headerSplitAfterTwoBytes", packed({section(4, 181), kSecond}),
+             {section(4, 181), kSecond});
+    delivers("headerEndsThePacket", packed({section(4, 180), kSecond}), {section(4, 180), kSecond});
+    delivers("pushedOutOfTheLastByteByThePointer", packed({section(4, 183 + 183), kSecond}),
+             {section(4, 183 + 183), kSecond});
+    delivers("packetsFilledExactly", packed({section(4, 183 + 184), kSecond}),
+             {section(4, 183 + 184), kSecond});
+    delivers("oneByteBesideTheAdaptationField", StreamBuilder().put(kPid, kFirst, 182).build(),
+             {kFirst});
+    delivers("packetWithoutPayloadBetween", withAdaptationFieldOnly(), all);
+    delivers("otherPidsBetween", interleaved(), {kThird});
+    delivers("packetsTwice", repeated(repeated(repeated(putAll(), 7), 1), 0), all);
+    delivers("packetTwiceWithOtherClock", repeatedWithOtherClock(), {kFirst});
+    delivers("packetThrice", repeated(repeated(putAll(), 1), 1), notFirst);
+    delivers("lostFirstPacket", erased(putAll(), 0, kPacketSize), notFirst);
+    delivers("lostMiddlePacket", erased(putAll(), kPacketSize, kPacketSize), notFirst);
+    delivers("lostLastPacket", erased(putAll(), 2 * kPacketSize, kPacketSize), notFirst);
+    delivers("sameCounterOtherPayload", spoilt(1, 3, 0x10), notFirst);
+    delivers("scrambled", spoilt(1, 3, 0x80 | 0x11), notFirst);
+    delivers("transportError", spoilt(1, 1, 0x80 | kPid >> 8), notFirst);
+    delivers("adaptationFieldTooLong", withAdaptationFieldTooLong(), notFirst);
+    delivers("pointerPastWhatIsKnown", spoilt(0, 1, kPid >> 8), notFirst);
+    delivers("pointerIntoASectionNotBegun",
+             erased(packed({section(4, 300), kSecond}), 0, kPacketSize), {kSecond});
+    delivers("pointerOutOfThePacket", spoilt(0, 4, 184), notFirst);
+    delivers("syncByteDamaged", spoilt(1, 0, 0x46), notFirst);
+    delivers("bytesMissing", erased(putAll(), kPacketSize + 50, 77), notFirst);
+    delivers("cutInMidPacket", erased(putAll(), putAll().size() - 100, 100), {kFirst, kSecond});
+    delivers("shorterThanItSays",
+             StreamBuilder().put(kPid, std::span(kFirst).first(20)).put(kPid, kSecond).build(),
+             {kSecond});
 }
 
-TEST(CapturePackets, deliverEverySectionThatIsWhole)
+TEST_F(CapturePackets, areFoundInEveryFramingBehindRubbish)
 {
-    const LoadedDriver driver;
-    const auto wanted = request(kPid, 0x46, CollectionMode::OtherStreams);
-    for (const Case& each : cases())
-        EXPECT_EQ(driver.sectionsOf(each.stream, wanted), each.seen) << each.name;
-}
-
-TEST(CapturePackets, areFoundInEveryFramingBehindRubbish)
-{
-    const LoadedDriver driver;
     StreamBuilder stream;
     stream.put(kPid, kFirst).put(kPid, kSecond).put(kPid, kThird);
     for (const std::size_t size : {188U, 192U, 204U})
@@ -187,13 +168,12 @@ TEST(CapturePackets, areFoundInEveryFramingBehindRubbish)
             Bytes bytes(rubbish, 0x47);
             const Bytes packets = stream.build(size);
             bytes.insert(bytes.end(), packets.begin(), packets.end());
-            EXPECT_EQ(driver.sectionsOf(bytes, request(kPid, 0x46, CollectionMode::OtherStreams)),
-                      (std::vector<Bytes>{kFirst, kSecond, kThird}))
-                << size << " behind " << rubbish;
+            const std::string name = std::to_string(size) + " behind " + std::to_string(rubbish);
+            delivers(name.c_str(), bytes, {kFirst, kSecond, kThird});
         }
 }
 
-TEST(CapturePackets, ofAFileLargerThanABlockAreAllSeen)
+TEST_F(CapturePackets, ofAFileLargerThanABlockAreAllSeen)
 {
     StreamBuilder stream;
     std::vector<Bytes> sections;
@@ -201,11 +181,8 @@ TEST(CapturePackets, ofAFileLargerThanABlockAreAllSeen)
         sections.push_back(section(i, 3000 + i));
         stream.put(kPid, sections.back()).nullPackets(500);
     }
-    const LoadedDriver driver;
     for (const std::size_t size : {188U, 192U, 204U})
-        EXPECT_EQ(driver.sectionsOf(stream.build(size),
-                                    request(kPid, 0x46, CollectionMode::OtherStreams)),
-                  sections);
+        delivers("many blocks", stream.build(size), sections);
 }
 
 } // namespace

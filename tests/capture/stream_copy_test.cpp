@@ -1,21 +1,12 @@
 #include "drivers/capture/stream_copy.h"
 
-#include "tests/support/temporary_folder.h"
+#include "tests/support/small_disk.h"
+#include "tests/support/tests.h"
 
-#include <csignal>
-#include <gmock/gmock.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <gtest/gtest.h>
-
 namespace {
-
-namespace fs = std::filesystem;
-using namespace test;
-using tessaview::StreamCopy;
-using testing::HasSubstr;
 
 class StreamCopyTest : public testing::Test {
 protected:
@@ -157,15 +148,8 @@ TEST_F(StreamCopyTest, saysThatTheSourceShrankOrCannotBeRead)
 
 TEST_F(StreamCopyTest, saysThatWritingFailedAndLeavesNothing)
 {
-    // A limit on the size of files stands for a disk that gives out.
-    rlimit old{};
-    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &old), 0);
-    const rlimit small{.rlim_cur = 5'000'000, .rlim_max = old.rlim_max};
-    const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
-    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+    const SmallDisk disk(5'000'000);
     const auto result = copyTo(destination_);
-    setrlimit(RLIMIT_FSIZE, &old);
-    std::signal(SIGXFSZ, oldHandler);
     EXPECT_EQ(result.end, StreamCopy::End::Failed);
     EXPECT_THAT(result.text, HasSubstr("the copy cannot be written: File too large. Nothing"));
     EXPECT_EQ(filesLeft(), std::vector<std::string>{"source.ts"});

@@ -1,20 +1,13 @@
 #include "drivers/capture/section_answers.h"
 #include "drivers/common/interrupted.h"
 #include "tests/capture/loaded_driver.h"
+#include "tests/support/tests.h"
 #include "tools/multiplex/sections.h"
 #include "tools/multiplex/stream_builder.h"
-
-#include <algorithm>
-
-#include <gtest/gtest.h>
 
 // Which sections answer a request, of all that a PID carries.
 
 namespace {
-
-using namespace test;
-using tessaview::CollectionMode;
-using tessaview::TableRequest;
 
 constexpr unsigned kPid = 0x0011;
 
@@ -56,147 +49,100 @@ Bytes single(unsigned tableId, unsigned extension, unsigned mark = 0)
     return table(tableId, extension, {}, mark);
 }
 
-struct Case {
-    const char* name;
-    std::vector<Bytes> aired;
-    TableRequest wanted;
-    std::vector<Bytes> seen;
+struct CaptureTables : testing::Test {
+    void answers(const char* name, const std::vector<Bytes>& aired, const TableRequest& wanted,
+                 const std::vector<Bytes>& seen) const
+    {
+        EXPECT_EQ(driver.sectionsOf(streamOf(aired), wanted), seen) << name;
+    }
+
+    LoadedDriver driver;
 };
 
-std::vector<Case> singleInstanceCases()
+TEST_F(CaptureTables, answerWithTheInstanceThatIsAskedFor)
 {
     const TableRequest sdtActual = request(kPid, 0x42);
     const Bytes next = longSection(0x42, 1, Bytes(8), {.currentNext = 0});
     const Bytes shortened = Writer().u8(0x42).u16(0xF003).bytes(Bytes(3)).get();
     const Bytes noSyntax = damaged(sdtPart(0, 0), 1);
-    return {
-        {"inNumericalOrder",
-         {sdtPart(1, 2), sdtPart(2, 2), sdtPart(0, 2)},
-         sdtActual,
-         {sdtPart(0, 2), sdtPart(1, 2), sdtPart(2, 2)}},
-        {"numbersUpToTheLastOfAByte",
-         {sdtPart(255, 255), sdtPart(0, 255)},
-         sdtActual,
-         {sdtPart(0, 255), sdtPart(255, 255)}},
-        {"firstCompleteInstance",
-         {table(0x42, 1, {.last = 1}), single(0x42, 2), single(0x42, 3)},
-         sdtActual,
-         {single(0x42, 2)}},
-        {"firstCompleteVersion",
-         {sdtPart(0, 1, 31), sdtPart(0, 0, 1), sdtPart(1, 1, 31)},
-         sdtActual,
-         {sdtPart(0, 0, 1)}},
-        {"versionOfWhichMostCame",
-         {sdtPart(0, 3, 1), sdtPart(1, 3, 2), sdtPart(0, 3, 2)},
-         sdtActual,
-         {sdtPart(0, 3, 2), sdtPart(1, 3, 2)}},
-        {"firstCopy", {sdtPart(0, 1, 0, 1), sdtPart(0, 1, 0, 2)}, sdtActual, {sdtPart(0, 1, 0, 1)}},
-        {"nothingThatIsToCome", {next}, sdtActual, {}},
-        {"currentBehindNext", {next, single(0x42, 1)}, sdtActual, {single(0x42, 1)}},
-        {"damagedOnly",
-         {damaged(sdtPart(0, 0)), damaged(sdtPart(0, 0))},
-         sdtActual,
-         {damaged(sdtPart(0, 0))}},
-        {"intactBehindDamaged",
-         {damaged(sdtPart(0, 1)), sdtPart(1, 1), sdtPart(0, 1)},
-         sdtActual,
-         {sdtPart(0, 1), sdtPart(1, 1)}},
-        {"damagedWhereNothingIntactCame",
-         {sdtPart(0, 1), damaged(sdtPart(1, 1))},
-         sdtActual,
-         {sdtPart(0, 1), damaged(sdtPart(1, 1))}},
-        {"damagedVersionNumber",
-         {damaged(sdtPart(0, 0), 5), sdtPart(0, 0)},
-         sdtActual,
-         {sdtPart(0, 0)}},
-        {"noSyntaxIndicator", {noSyntax, sdtPart(0, 0)}, sdtActual, {sdtPart(0, 0)}},
-        {"numberAboveTheLast",
-         {sdtPart(9, 0), sdtPart(0, 0)},
-         sdtActual,
-         {sdtPart(0, 0), sdtPart(9, 0)}},
-        {"tooShortForAHeader", {shortened, sdtPart(0, 0)}, sdtActual, {sdtPart(0, 0)}},
-        {"otherTable", {single(0x46, 1)}, sdtActual, {}},
-        {"otherPid", {single(0x42, 1)}, request(kPid + 1, 0x42), {}},
-        {"pidThatCannotBe", {single(0x42, 1)}, request(kPid + 0x2000, 0x42), {}},
-        {"extension",
-         {single(2, 0x0101), single(2, 0x8001)},
-         requestOf(kPid, 2, 0x8001),
-         {single(2, 0x8001)}},
-        {"shortSections",
-         {tdt(0xC0FF, 112233), tdt(0xC0FF, 112234)},
-         request(kPid, 0x70),
-         {tdt(0xC0FF, 112233)}},
-        {"TdtOfAnotherSize",
-         {shortSection(0x70, Bytes(4)), tdt(0xC0FF, 112233)},
-         request(kPid, 0x70),
-         {tdt(0xC0FF, 112233)}},
-        {"TotWithAWrongCrc",
-         {damaged(tot(0xC0FF, 112233, {})), tot(0xC0FF, 112234, {})},
-         request(kPid, 0x73),
-         {tot(0xC0FF, 112234, {})}},
-        {"TotWithAWrongCrcOnly",
-         {damaged(tot(0xC0FF, 112233, {}))},
-         request(kPid, 0x73),
-         {damaged(tot(0xC0FF, 112233, {}))}},
-        {"RstOfAnotherSize",
-         {shortSection(0x71, Bytes(10)), rst({{1, 2, 3, 4, 5}})},
-         request(kPid, 0x71),
-         {rst({{1, 2, 3, 4, 5}})}},
-    };
+    answers("inNumericalOrder", {sdtPart(1, 2), sdtPart(2, 2), sdtPart(0, 2)}, sdtActual,
+            {sdtPart(0, 2), sdtPart(1, 2), sdtPart(2, 2)});
+    answers("numbersUpToTheLastOfAByte", {sdtPart(255, 255), sdtPart(0, 255)}, sdtActual,
+            {sdtPart(0, 255), sdtPart(255, 255)});
+    answers("firstCompleteInstance",
+            {table(0x42, 1, {.last = 1}), single(0x42, 2), single(0x42, 3)}, sdtActual,
+            {single(0x42, 2)});
+    answers("firstCompleteVersion", {sdtPart(0, 1, 31), sdtPart(0, 0, 1), sdtPart(1, 1, 31)},
+            sdtActual, {sdtPart(0, 0, 1)});
+    answers("versionOfWhichMostCame", {sdtPart(0, 3, 1), sdtPart(1, 3, 2), sdtPart(0, 3, 2)},
+            sdtActual, {sdtPart(0, 3, 2), sdtPart(1, 3, 2)});
+    answers("firstCopy", {sdtPart(0, 1, 0, 1), sdtPart(0, 1, 0, 2)}, sdtActual,
+            {sdtPart(0, 1, 0, 1)});
+    answers("nothingThatIsToCome", {next}, sdtActual, {});
+    answers("currentBehindNext", {next, single(0x42, 1)}, sdtActual, {single(0x42, 1)});
+    answers("damagedOnly", {damaged(sdtPart(0, 0)), damaged(sdtPart(0, 0))}, sdtActual,
+            {damaged(sdtPart(0, 0))});
+    answers("intactBehindDamaged", {damaged(sdtPart(0, 1)), sdtPart(1, 1), sdtPart(0, 1)},
+            sdtActual, {sdtPart(0, 1), sdtPart(1, 1)});
+    answers("damagedWhereNothingIntactCame", {sdtPart(0, 1), damaged(sdtPart(1, 1))}, sdtActual,
+            {sdtPart(0, 1), damaged(sdtPart(1, 1))});
+    answers("damagedVersionNumber", {damaged(sdtPart(0, 0), 5), sdtPart(0, 0)}, sdtActual,
+            {sdtPart(0, 0)});
+    answers("noSyntaxIndicator", {noSyntax, sdtPart(0, 0)}, sdtActual, {sdtPart(0, 0)});
+    answers("numberAboveTheLast", {sdtPart(9, 0), sdtPart(0, 0)}, sdtActual,
+            {sdtPart(0, 0), sdtPart(9, 0)});
+    answers("tooShortForAHeader", {shortened, sdtPart(0, 0)}, sdtActual, {sdtPart(0, 0)});
+    answers("otherTable", {single(0x46, 1)}, sdtActual, {});
+    answers("otherPid", {single(0x42, 1)}, request(kPid + 1, 0x42), {});
+    answers("pidThatCannotBe", {single(0x42, 1)}, request(kPid + 0x2000, 0x42), {});
+    answers("extension", {single(2, 0x0101), single(2, 0x8001)}, requestOf(kPid, 2, 0x8001),
+            {single(2, 0x8001)});
+    answers("shortSections", {tdt(0xC0FF, 112233), tdt(0xC0FF, 112234)}, request(kPid, 0x70),
+            {tdt(0xC0FF, 112233)});
+    answers("TdtOfAnotherSize", {shortSection(0x70, Bytes(4)), tdt(0xC0FF, 112233)},
+            request(kPid, 0x70), {tdt(0xC0FF, 112233)});
+    answers("TotWithAWrongCrc", {damaged(tot(0xC0FF, 112233, {})), tot(0xC0FF, 112234, {})},
+            request(kPid, 0x73), {tot(0xC0FF, 112234, {})});
+    answers("TotWithAWrongCrcOnly", {damaged(tot(0xC0FF, 112233, {}))}, request(kPid, 0x73),
+            {damaged(tot(0xC0FF, 112233, {}))});
+    answers("RstOfAnotherSize", {shortSection(0x71, Bytes(10)), rst({{1, 2, 3, 4, 5}})},
+            request(kPid, 0x71), {rst({{1, 2, 3, 4, 5}})});
 }
 
-std::vector<Case> allInstancesCases()
+TEST_F(CaptureTables, answerWithEveryInstance)
 {
     const std::vector<Bytes> schedule{eitPart(0x50, 1, 0), eitPart(0x5F, 1, 0),
                                       eitPart(0x50, 1, 248), eitPart(0x50, 0xFFFF, 8)};
     std::vector<Bytes> events = schedule;
     for (const unsigned other : {0x4EU, 0x4FU, 0x60U, 0x6FU})
         events.push_back(eitPart(other, 1, 0));
-    return {
-        {"otherNetworks",
-         {single(0x41, 1), single(0x40, 1), single(0x41, 0xFFFF)},
-         request(kPid, 0x41, CollectionMode::OtherNetworks),
-         {single(0x41, 1), single(0x41, 0xFFFF)}},
-        {"streamsOfOneIdInTwoNetworks",
-         {sdt(0x46, 1, 0x0001, {}), sdt(0x46, 1, 0x8001, {}), sdt(0x46, 1, 0x0001, {})},
-         request(kPid, 0x46, CollectionMode::OtherStreams),
-         {sdt(0x46, 1, 0x0001, {}), sdt(0x46, 1, 0x8001, {})}},
-        {"eachInstanceInItsVersion",
-         {table(0x46, 1, {.version = 1}), table(0x46, 1, {.version = 2}),
-          table(0x46, 2, {.version = 9})},
-         request(kPid, 0x46, CollectionMode::OtherStreams),
-         {table(0x46, 1, {.version = 1}), table(0x46, 2, {.version = 9})}},
-        {"presentFollowing",
-         events,
-         request(kPid, 0x4E, CollectionMode::AllEvents),
-         {eitPart(0x4E, 1, 0)}},
-        {"scheduleActual",
-         events,
-         request(kPid, 0x50, CollectionMode::AllEvents),
-         {eitPart(0x50, 1, 0), eitPart(0x50, 1, 248), eitPart(0x5F, 1, 0),
-          eitPart(0x50, 0xFFFF, 8)}},
-        {"scheduleOther",
-         events,
-         request(kPid, 0x60, CollectionMode::AllEvents),
-         {eitPart(0x60, 1, 0), eitPart(0x6F, 1, 0)}},
-        {"eventsOfOneServiceInTwoStreams",
-         {eit(0x4E, 1, 1, 1, {}), eit(0x4E, 1, 2, 1, {}), eit(0x4E, 1, 1, 2, {})},
-         request(kPid, 0x4E, CollectionMode::AllEvents),
-         {eit(0x4E, 1, 1, 1, {}), eit(0x4E, 1, 2, 1, {}), eit(0x4E, 1, 1, 2, {})}},
-    };
+    answers("otherNetworks", {single(0x41, 1), single(0x40, 1), single(0x41, 0xFFFF)},
+            request(kPid, 0x41, CollectionMode::OtherNetworks),
+            {single(0x41, 1), single(0x41, 0xFFFF)});
+    answers("streamsOfOneIdInTwoNetworks",
+            {sdt(0x46, 1, 0x0001, {}), sdt(0x46, 1, 0x8001, {}), sdt(0x46, 1, 0x0001, {})},
+            request(kPid, 0x46, CollectionMode::OtherStreams),
+            {sdt(0x46, 1, 0x0001, {}), sdt(0x46, 1, 0x8001, {})});
+    answers("eachInstanceInItsVersion",
+            {table(0x46, 1, {.version = 1}), table(0x46, 1, {.version = 2}),
+             table(0x46, 2, {.version = 9})},
+            request(kPid, 0x46, CollectionMode::OtherStreams),
+            {table(0x46, 1, {.version = 1}), table(0x46, 2, {.version = 9})});
+    answers("presentFollowing", events, request(kPid, 0x4E, CollectionMode::AllEvents),
+            {eitPart(0x4E, 1, 0)});
+    answers("scheduleActual", events, request(kPid, 0x50, CollectionMode::AllEvents),
+            {eitPart(0x50, 1, 0), eitPart(0x50, 1, 248), eitPart(0x5F, 1, 0),
+             eitPart(0x50, 0xFFFF, 8)});
+    answers("scheduleOther", events, request(kPid, 0x60, CollectionMode::AllEvents),
+            {eitPart(0x60, 1, 0), eitPart(0x6F, 1, 0)});
+    answers("eventsOfOneServiceInTwoStreams",
+            {eit(0x4E, 1, 1, 1, {}), eit(0x4E, 1, 2, 1, {}), eit(0x4E, 1, 1, 2, {})},
+            request(kPid, 0x4E, CollectionMode::AllEvents),
+            {eit(0x4E, 1, 1, 1, {}), eit(0x4E, 1, 2, 1, {}), eit(0x4E, 1, 1, 2, {})});
 }
 
-TEST(CaptureTables, answerWithTheSectionsThatAreAskedFor)
+TEST_F(CaptureTables, ofABatchAreAnsweredInTheOrderOfTheRequests)
 {
-    const LoadedDriver driver;
-    for (const auto& cases : {singleInstanceCases(), allInstancesCases()})
-        for (const Case& each : cases)
-            EXPECT_EQ(driver.sectionsOf(streamOf(each.aired), each.wanted), each.seen) << each.name;
-}
-
-TEST(CaptureTables, ofABatchAreAnsweredInTheOrderOfTheRequests)
-{
-    const LoadedDriver driver;
     driver.use({driver.file("a.ts", streamOf({single(0x42, 1), single(2, 7), single(2, 8)}))});
     const std::vector<std::vector<Bytes>> expected{
         {single(2, 8)}, {}, {single(0x42, 1)}, {single(2, 7)}, {single(2, 7)}};
@@ -205,7 +151,7 @@ TEST(CaptureTables, ofABatchAreAnsweredInTheOrderOfTheRequests)
               expected);
 }
 
-TEST(CaptureTables, ofAStreamThatMakesThemUpWithoutEndAreNotAllKept)
+TEST_F(CaptureTables, ofAStreamThatMakesThemUpWithoutEndAreNotAllKept)
 {
     const TemporaryFolder folder;
     std::vector<Bytes> sections;
@@ -227,7 +173,7 @@ TEST(CaptureTables, ofAStreamThatMakesThemUpWithoutEndAreNotAllKept)
     EXPECT_NE(some.problem, "");
 }
 
-TEST(CaptureTables, areReadInBlocksBetweenWhichReadingMayEnd)
+TEST_F(CaptureTables, areReadInBlocksBetweenWhichReadingMayEnd)
 {
     const TemporaryFolder folder;
     const Bytes stream = StreamBuilder().nullPackets(20'000).build();

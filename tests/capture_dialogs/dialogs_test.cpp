@@ -1,28 +1,16 @@
 #include "platform/settings.h"
 #include "tests/capture/loaded_driver.h"
-#include "tests/support/windows.h"
+#include "tests/support/driver_dialogs.h"
+#include "tests/support/tests.h"
 #include "tools/multiplex/descriptors.h"
 #include "tools/multiplex/sections.h"
 #include "tools/multiplex/stream_builder.h"
-#include "ui/window_handle.h"
 
-#include <functional>
-#include <thread>
-
-#include <QComboBox>
-#include <QDialog>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
 #include <QTreeView>
 
 // The dialogs as a user sees them, in the library that the driver loads for them.
 
 namespace {
-
-namespace fs = std::filesystem;
-using namespace test;
-using namespace tessaview;
 
 class CaptureDialogs : public testing::Test {
 protected:
@@ -41,36 +29,22 @@ protected:
 
     using Show = Status (IDeviceDialogs::*)(WindowHandle) noexcept;
 
-    /// Shows a dialog and lets a user act on it.
-    void show(Show which, const std::function<void(QDialog&)>& act)
+    void show(Show which, const std::function<void(QDialog&)>& act) const
     {
-        bool acted = false;
-        QWidget owner;
-        QTimer::singleShot(0, [&] {
-            auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-            ASSERT_NE(dialog, nullptr);
-            EXPECT_EQ(dialog->parentWidget(), &owner);
-            act(*dialog);
-            acted = true;
-            if (dialog->isVisible())
-                dialog->reject();
-        });
         const auto dialogs = driver_.as<IDeviceDialogs>();
-        EXPECT_EQ((dialogs.get()->*which)(tessaview::windowHandle(&owner)), status::kOk);
-        EXPECT_TRUE(acted);
+        actOn([&](WindowHandle owner) { return (dialogs.get()->*which)(owner); }, act);
     }
 
     static void add(QDialog& dialog, const std::vector<fs::path>& files)
     {
-        test::drop(dialog, files);
-        auto* const remove = dialog.findChild<QPushButton*>("remove");
-        EXPECT_TRUE(QTest::qWaitFor([&] { return remove->isEnabled(); }, 20'000));
+        drop(dialog, files);
+        EXPECT_TRUE(waitFor([&] { return the<QPushButton>(dialog, "remove").isEnabled(); }));
     }
 
     /// The rows of the tree, those of a folder indented; the checked one has a plus sign.
     static std::string rows(const QDialog& dialog)
     {
-        const QAbstractItemModel& model = *dialog.findChild<QTreeView*>("captures")->model();
+        const QAbstractItemModel& model = *the<QTreeView>(dialog, "captures").model();
         std::string text;
         const std::function<void(const QModelIndex&, int)> list = [&](const QModelIndex& parent,
                                                                       int depth) {
@@ -89,9 +63,12 @@ protected:
         return text;
     }
 
-    static void press(QDialog& dialog, const char* button)
+    /// Makes a capture the current one of the list.
+    static void choose(const QDialog& dialog, int row)
     {
-        QTest::mouseClick(dialog.findChild<QPushButton*>(button), Qt::LeftButton);
+        auto& view = the<QTreeView>(dialog, "captures");
+        view.setFocus();
+        view.setCurrentIndex(view.model()->index(row, 0));
     }
 
     LoadedDriver driver_;
@@ -111,25 +88,17 @@ TEST_F(CaptureDialogs, tuningChoosesAndStoresCaptures)
     show(&IDeviceDialogs::ShowTuningDialog, [&](QDialog& dialog) {
         EXPECT_EQ(rows(dialog), "");
         add(dialog, {set, single});
-        EXPECT_EQ(rows(dialog), set.string() +
-                                    "|||||\n"
-                                    " +Astra/b.ts|8001|12187 MHz V 27500 kS/s|" +
-                                    sizeB +
-                                    "|\n"
-                                    " a.ts|0002||" +
-                                    sizeA +
-                                    "|\n"
-                                    " empty.ts||||is empty|\n" +
-                                    single.string() + "|0002||" + sizeA + "|\n");
+        EXPECT_EQ(rows(dialog), set.string() + "|||||\n +Astra/b.ts|8001|12187 MHz V 27500 kS/s|" +
+                                    sizeB + "|\n a.ts|0002||" + sizeA +
+                                    "|\n empty.ts||||is empty|\n" + single.string() + "|0002||" +
+                                    sizeA + "|\n");
     });
     EXPECT_FALSE(driver_.isLocked()) << "the dialog was not left with OK";
 
     show(&IDeviceDialogs::ShowTuningDialog, [&](QDialog& dialog) {
         add(dialog, {set, single});
-        auto* const view = dialog.findChild<QTreeView*>("captures");
-        view->setFocus();
-        view->setCurrentIndex(view->model()->index(1, 0));
-        QTest::keyClick(view, Qt::Key_Space);
+        choose(dialog, 1);
+        QTest::keyClick(&the<QTreeView>(dialog, "captures"), Qt::Key_Space);
         QTest::keyClick(&dialog, Qt::Key_Return);
     });
     EXPECT_EQ(driver_.statusText(), "capture c.ts locked");
@@ -137,9 +106,8 @@ TEST_F(CaptureDialogs, tuningChoosesAndStoresCaptures)
     EXPECT_EQ(driver_.statusText(), "capture c.ts locked");
 
     show(&IDeviceDialogs::ShowTuningDialog, [&](QDialog& dialog) {
-        auto* const view = dialog.findChild<QTreeView*>("captures");
-        view->setCurrentIndex(view->model()->index(1, 0));
-        press(dialog, "remove");
+        choose(dialog, 1);
+        the<QPushButton>(dialog, "remove").click();
         EXPECT_EQ(rows(dialog).find("c.ts"), std::string::npos);
         QTest::keyClick(&dialog, Qt::Key_Return);
     });
@@ -150,32 +118,28 @@ TEST_F(CaptureDialogs, tuningChoosesAndStoresCaptures)
 
 TEST_F(CaptureDialogs, settingsStoreTheTunerType)
 {
-    driver_.use({driver_.file("a.ts", bare_)});
-    for (const int row : {1, 2, 0}) {
+    const auto choose = [this](int row) {
         show(&IDeviceDialogs::ShowSettingsDialog, [row](QDialog& dialog) {
-            dialog.findChild<QComboBox*>("type")->setCurrentIndex(row);
+            the<QComboBox>(dialog, "type").setCurrentIndex(row);
             QTest::keyClick(&dialog, Qt::Key_Return);
         });
-        EXPECT_EQ(driver_.tunerType(), static_cast<unsigned>(row + 1));
-        EXPECT_EQ(Settings(defaultSettingsFile()).number("drivers", "tunertype"),
-                  static_cast<std::uint32_t>(row + 1));
+        return driver_.tunerType();
+    };
+    driver_.use({driver_.file("a.ts", bare_)});
+    for (const unsigned row : {1U, 2U, 0U, 2U}) {
+        EXPECT_EQ(choose(static_cast<int>(row)), row + 1);
+        EXPECT_EQ(Settings(defaultSettingsFile()).number("drivers", "tunertype"), row + 1);
     }
-    // What the captures say themselves goes before.
     driver_.use({driver_.file("b.ts", stream_)});
-    show(&IDeviceDialogs::ShowSettingsDialog, [](QDialog& dialog) {
-        dialog.findChild<QComboBox*>("type")->setCurrentIndex(2);
-        QTest::keyClick(&dialog, Qt::Key_Return);
-    });
-    EXPECT_EQ(driver_.tunerType(), 1U);
+    EXPECT_EQ(choose(2), 1U) << "what the captures say themselves goes before";
 }
 
 TEST_F(CaptureDialogs, streamingWritesTheStreamOrSaysWhyNot)
 {
     const fs::path source = driver_.file("a.ts", stream_);
     const std::string content = readFile(source);
-    show(&IDeviceDialogs::ShowStreamingDialog, [](QDialog& dialog) {
-        EXPECT_FALSE(dialog.findChild<QPushButton*>("start")->isEnabled()) << "no capture chosen";
-    });
+    show(&IDeviceDialogs::ShowStreamingDialog,
+         [](QDialog& dialog) { EXPECT_FALSE(startOf(dialog).isEnabled()) << "no capture chosen"; });
     driver_.use({source});
     writeFile(driver_.folder() / "old.ts", "old");
     const struct {
@@ -195,18 +159,11 @@ TEST_F(CaptureDialogs, streamingWritesTheStreamOrSaysWhyNot)
         show(&IDeviceDialogs::ShowStreamingDialog, [&](QDialog& dialog) {
             const fs::path target = driver_.folder() / each.name;
             if (*each.name != '\0')
-                dialog.findChild<QLineEdit*>("destination")
-                    ->setText(QString::fromStdString(target.string()));
-            QTimer::singleShot(0, &dialog, [&] {
-                if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
-                    box->button(each.answer)->click();
-            });
-            auto* const start = dialog.findChild<QPushButton*>("start");
-            start->click();
-            EXPECT_TRUE(QTest::qWaitFor(
-                [&] { return start->isEnabled() && start->text() == "&Start"; }, 20'000));
-            const std::string message = dialog.findChild<QLabel*>("message")->text().toStdString();
-            EXPECT_NE(message.find(each.message), std::string::npos) << message;
+                setFile(dialog, target);
+            answer(dialog, each.answer);
+            startOf(dialog).click();
+            EXPECT_TRUE(hasEnded(dialog));
+            EXPECT_THAT(labelOf(dialog, "message"), HasSubstr(each.message));
             if (!each.written || *each.written != '\0') {
                 EXPECT_EQ(readFile(target), each.written ? each.written : content);
             }
@@ -223,14 +180,11 @@ TEST_F(CaptureDialogs, streamingIsCancelledByEscape)
     fs::resize_file(source, std::uintmax_t{1} << 36);
     show(&IDeviceDialogs::ShowStreamingDialog, [&](QDialog& dialog) {
         const fs::path target = driver_.folder() / "copy.ts";
-        dialog.findChild<QLineEdit*>("destination")
-            ->setText(QString::fromStdString(target.string()));
-        auto* const start = dialog.findChild<QPushButton*>("start");
-        start->click();
+        setFile(dialog, target);
+        startOf(dialog).click();
         QTest::keyClick(&dialog, Qt::Key_Escape);
         EXPECT_TRUE(dialog.isVisible()) << "the copy has to end first";
-        EXPECT_TRUE(QTest::qWaitFor([&] { return start->isEnabled() && start->text() == "&Start"; },
-                                    20'000));
+        EXPECT_TRUE(hasEnded(dialog));
         EXPECT_FALSE(fs::exists(target));
         EXPECT_FALSE(fs::exists(target.string() + ".part"));
         QTest::keyClick(&dialog, Qt::Key_Escape);

@@ -1,70 +1,52 @@
 #include "explorer/commands.h"
 
 #include "explorer/driver_monitor.h"
-
-#include <set>
-#include <string>
-#include <vector>
-
-#include <gtest/gtest.h>
+#include "tests/support/tests.h"
 
 namespace {
 
-using namespace tessaview; // NOLINT(google-build-using-namespace)
+using Set = std::set<Command>;
 
 /// The commands that depend on the driver and are enabled.
-std::set<Command> enabledWith(const DriverState& driver, EnablingFacts facts)
+Set enabledWith(const EnablingFacts& facts)
 {
-    std::set<Command> enabled;
-    for (const CommandInfo& info : commands()) {
-        if (info.enabledWhen != EnabledWhen::Always &&
-            isEnabled(info.enabledWhen, {.driver = driver,
-                                         .hasDeviceDialogs = facts.hasDeviceDialogs,
-                                         .hasSatelliteList = facts.hasSatelliteList,
-                                         .isDriverBusy = facts.isDriverBusy}))
+    Set enabled;
+    for (const CommandInfo& info : commands())
+        if (info.enabledWhen != EnabledWhen::Always && isEnabled(info.enabledWhen, facts))
             enabled.insert(info.id);
-    }
     return enabled;
 }
 
-std::set<Command> enabledFor(std::optional<TunerType> type, bool isLocked)
+TEST(Commands, dependOnTheDriverAndOnWhatItHasAndDoes)
 {
-    const DriverState driver{
-        .wasAsked = true, .tunerType = type, .isLocked = isLocked, .statusText = {}};
-    return enabledWith(driver, {.driver = driver, .hasSatelliteList = true});
-}
-
-const std::set<Command> kLockedCommands{Command::ScanTransponder, Command::ScanNit};
-const std::set<Command> kSatelliteCommands{Command::ScanSatellite, Command::ScanAllSatellites,
-                                           Command::DatabaseExport, Command::SatelliteList};
-const std::set<Command> kDialogCommands{Command::DeviceSettings, Command::DeviceTuning,
-                                        Command::Streaming};
-
-TEST(Commands, dependOnTheTunerAndItsLock)
-{
-    std::set<Command> both = kSatelliteCommands;
-    both.insert(kLockedCommands.begin(), kLockedCommands.end());
-    EXPECT_EQ(enabledFor(TunerType::Satellite, true), both);
-    EXPECT_EQ(enabledFor(TunerType::Satellite, false), kSatelliteCommands);
-    for (const auto other : {std::optional(TunerType::Cable),
-                             {TunerType::Terrestrial},
-                             {static_cast<TunerType>(4)},
-                             {}}) {
-        EXPECT_EQ(enabledFor(other, true), kLockedCommands);
-        EXPECT_EQ(enabledFor(other, false), std::set<Command>());
+    const Set locked{Command::ScanTransponder, Command::ScanNit};
+    const Set satellite{Command::ScanSatellite, Command::ScanAllSatellites, Command::DatabaseExport,
+                        Command::SatelliteList};
+    const Set dialogs{Command::DeviceSettings, Command::DeviceTuning, Command::Streaming};
+    const auto both = [](Set one, const Set& other) {
+        one.insert(other.begin(), other.end());
+        return one;
+    };
+    const auto driver = [](std::optional<TunerType> type, bool isLocked) {
+        return DriverState{
+            .wasAsked = true, .tunerType = type, .isLocked = isLocked, .statusText = {}};
+    };
+    const auto enabledFor = [&](std::optional<TunerType> type, bool isLocked) {
+        const DriverState state = driver(type, isLocked);
+        return enabledWith({.driver = state, .hasSatelliteList = true});
+    };
+    EXPECT_EQ(enabledFor(TunerType::Satellite, true), both(locked, satellite));
+    EXPECT_EQ(enabledFor(TunerType::Satellite, false), satellite);
+    for (const auto other : {std::optional(TunerType::Cable), {static_cast<TunerType>(4)}, {}}) {
+        EXPECT_EQ(enabledFor(other, true), locked);
+        EXPECT_EQ(enabledFor(other, false), Set());
     }
-}
-
-TEST(Commands, dependOnWhatTheDriverHasAndDoes)
-{
-    const DriverState driver{
-        .wasAsked = true, .tunerType = TunerType::Cable, .isLocked = true, .statusText = {}};
-    std::set<Command> dialogs = kDialogCommands;
-    dialogs.insert(kLockedCommands.begin(), kLockedCommands.end());
-    EXPECT_EQ(enabledWith(driver, {.driver = driver, .hasDeviceDialogs = true}), dialogs);
-    EXPECT_EQ(
-        enabledWith(driver, {.driver = driver, .hasDeviceDialogs = true, .isDriverBusy = true}),
-        std::set<Command>());
+    const DriverState tuned = driver(TunerType::Satellite, true);
+    EXPECT_FALSE(enabledWith({.driver = tuned}).contains(Command::SatelliteList));
+    EXPECT_EQ(enabledWith({.driver = tuned, .hasDeviceDialogs = true, .hasSatelliteList = true}),
+              both(both(locked, satellite), dialogs));
+    EXPECT_EQ(enabledWith({.driver = tuned, .hasDeviceDialogs = true, .isDriverBusy = true}),
+              Set());
 }
 
 TEST(Commands, areEachInTheTableOnceAndNoKeyHasTwo)

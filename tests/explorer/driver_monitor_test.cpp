@@ -1,18 +1,11 @@
 #include "explorer/driver_monitor.h"
 
 #include "tests/support/scripted_driver.h"
+#include "tests/support/tests.h"
 
 #include <latch>
 
-#include <gtest/gtest.h>
-
 namespace {
-
-using namespace tessaview; // NOLINT(google-build-using-namespace)
-using std::chrono::hours;
-using std::chrono::milliseconds;
-using std::chrono::seconds;
-using test::ScriptedDriver;
 
 DriverMonitor monitorOf(ScriptedDriver* driver, DriverMonitor::Pace pace)
 {
@@ -54,7 +47,7 @@ TEST(DriverMonitor, takesAFailureForNoAnswerWhateverItLeaves)
 TEST(DriverMonitor, asksAgainWhenItIsTold)
 {
     const auto driver = ScriptedDriver::make();
-    DriverMonitor monitor = monitorOf(driver.get(), {.period = hours(1)});
+    DriverMonitor monitor = monitorOf(driver.get(), {.period = 1h});
     firstAnswer(monitor);
     driver->tunerType = 3;
     monitor.askSoon();
@@ -71,8 +64,7 @@ TEST(DriverMonitor, takesAnOverdueAnswerForNone)
         if (time > 0)
             goesOn.wait();
     };
-    DriverMonitor monitor =
-        monitorOf(driver.get(), {.period = milliseconds(0), .overdue = milliseconds(1)});
+    DriverMonitor monitor = monitorOf(driver.get(), {.period = 0ms, .overdue = 1ms});
     while (!monitor.state().wasAsked || monitor.state().tunerType)
         std::this_thread::yield();
     EXPECT_FALSE(monitor.state().isLocked);
@@ -82,8 +74,8 @@ TEST(DriverMonitor, takesAnOverdueAnswerForNone)
 TEST(DriverMonitor, asksNothingMoreOnceItIsStopped)
 {
     const auto driver = ScriptedDriver::make();
-    DriverMonitor monitor = monitorOf(driver.get(), {.period = milliseconds(0)});
-    EXPECT_TRUE(monitor.stop(hours(1)));
+    DriverMonitor monitor = monitorOf(driver.get(), {.period = 0ms});
+    EXPECT_TRUE(monitor.stop(1h));
     const int rounds = driver->rounds;
     monitor.askSoon();
     EXPECT_TRUE(monitor.stop());
@@ -104,15 +96,12 @@ TEST(DriverMonitor, leavesADriverThatHangsAlone)
     {
         DriverMonitor monitor = monitorOf(driver.get(), {});
         entered.wait();
-        EXPECT_FALSE(monitor.stop(milliseconds(1)));
+        EXPECT_FALSE(monitor.stop(1ms));
     }
     goesOn.count_down();
     // The thread lets go of the driver in the end: ours is the last reference.
-    while (driver->AddRef() != 2) {
-        driver->Release();
+    while (driver->AddRef(), driver->Release() != 1)
         std::this_thread::yield();
-    }
-    driver->Release();
     EXPECT_EQ(driver->rounds, 1);
 }
 

@@ -2,20 +2,9 @@
 #include "tests/export/failing_vfs.h"
 #include "tests/export/read_back.h"
 #include "tests/export/sample_model.h"
-#include "tests/support/temporary_folder.h"
-
-#include <array>
-#include <gmock/gmock.h>
-#include <thread>
+#include "tests/support/tests.h"
 
 namespace {
-
-using namespace tessaview; // NOLINT(google-build-using-namespace)
-using test::FailingVfs;
-using test::numberOf;
-using testing::HasSubstr;
-using testing::IsEmpty;
-namespace fs = std::filesystem;
 
 std::string failureOf(const NetworkMap& model, const fs::path& file)
 {
@@ -76,44 +65,37 @@ TEST(ExportFailure, ofAFileThatIsNoDatabaseNamesTheFile)
     }
 }
 
-class BadDisk : public testing::TestWithParam<FailingVfs::Fault> {};
-
-TEST_P(BadDisk, costsNoMoreThanTheRowsAfterIt)
+TEST(BadDisk, costsNoMoreThanTheRowsAfterIt)
 {
+    using Fault = FailingVfs::Fault;
     const NetworkMap model = test::manyServices(5, 20);
-    const test::TemporaryFolder folder;
-    int withRows = 0;
-    bool hasFailed = true;
-    for (int writes = 0; hasFailed; ++writes) {
-        const fs::path file = folder / std::to_string(writes);
-        std::string failure;
-        {
-            const FailingVfs disk(GetParam(), writes);
-            failure = failureOf(model, file);
-            hasFailed = disk.hasFailed();
+    for (const Fault fault : {Fault::DiskFull, Fault::BrokenDisk, Fault::OneWrite}) {
+        const test::TemporaryFolder folder;
+        int withRows = 0;
+        bool hasFailed = true;
+        for (int writes = 0; hasFailed; ++writes) {
+            SCOPED_TRACE(std::to_string(static_cast<int>(fault)) + " after " +
+                         std::to_string(writes));
+            const fs::path file = folder / std::to_string(writes);
+            std::string failure;
+            {
+                const FailingVfs disk(fault, writes);
+                failure = failureOf(model, file);
+                hasFailed = disk.hasFailed();
+            }
+            EXPECT_EQ(failure.empty(), !hasFailed);
+            if (!fs::exists(file)) // it failed before there was a row
+                continue;
+            ASSERT_THAT(test::faultsOf(file), IsEmpty()) << failure;
+            const int services = numberOf(file, "SELECT count(*) FROM service_list");
+            EXPECT_EQ(services, 20 * numberOf(file, "SELECT count(*) FROM tb_transponder"));
+            EXPECT_EQ(numberOf(file, "SELECT count(*) FROM ecm_list"), services);
+            EXPECT_EQ(numberOf(file, "PRAGMA user_version"), hasFailed ? 0 : 1);
+            withRows += hasFailed && services > 0 ? 1 : 0;
         }
-        EXPECT_EQ(failure.empty(), !hasFailed) << writes;
-        if (!fs::exists(file)) // it failed before there was a row
-            continue;
-        ASSERT_THAT(test::faultsOf(file), IsEmpty()) << writes << failure;
-        const int services = numberOf(file, "SELECT count(*) FROM service_list");
-        const int streams = numberOf(file, "SELECT count(*) FROM tb_transponder");
-        EXPECT_EQ(services, 20 * streams) << writes;
-        EXPECT_EQ(numberOf(file, "SELECT count(*) FROM ecm_list"), services) << writes;
-        EXPECT_EQ(numberOf(file, "PRAGMA user_version"), hasFailed ? 0 : 1) << writes;
-        withRows += hasFailed && services > 0 ? 1 : 0;
+        EXPECT_GT(withRows, 5) << "hardly a fault hit the rows";
     }
-    EXPECT_GT(withRows, 5) << "hardly a fault hit the rows";
 }
-
-constexpr std::array kFaults{"diskFull", "brokenDisk", "oneWrite"}; // as FailingVfs::Fault has them
-
-INSTANTIATE_TEST_SUITE_P(Export, BadDisk,
-                         testing::Values(FailingVfs::Fault::DiskFull, FailingVfs::Fault::BrokenDisk,
-                                         FailingVfs::Fault::OneWrite),
-                         [](const auto& each) {
-                             return kFaults.at(static_cast<std::size_t>(each.param));
-                         });
 
 TEST(ExportFailure, keepsTheRowsBeforeIt)
 {

@@ -2,22 +2,12 @@
 #include "tests/export/read_back.h"
 #include "tests/export/sample_model.h"
 #include "tests/support/decoded_stream.h"
-#include "tests/support/temporary_folder.h"
+#include "tests/support/tests.h"
 #include "tests/support/tuning_records.h"
-#include "tests/support/worked_cases.h"
 
-#include <gmock/gmock.h>
 #include <numeric>
-#include <string>
 
 namespace {
-
-using namespace tessaview; // NOLINT(google-build-using-namespace)
-using test::Bytes;
-using test::numberOf;
-using test::rowsOf;
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 /// The bytes 00, 01, 02 and so on.
 Bytes counting(std::size_t size)
@@ -35,6 +25,25 @@ struct Export : testing::Test {
         EXPECT_THAT(test::faultsOf(file), IsEmpty());
     }
     std::vector<std::string> rows(const std::string& sql) const { return rowsOf(file, sql); }
+    /// Network 2, with a stream of each tuning.
+    void storeTunings()
+    {
+        CableTuning cable = test::cableRecord(3'465'000);
+        cable.symbol_rate = 69'000;
+        cable.FEC_inner = 15;
+        unsigned id = 0;
+        for (const Tuning& tuning :
+             {Tuning(test::satelliteRecord(1'218'749, 0, 0, 0)),
+              Tuning(test::satelliteRecord(1'218'750, 3, 220'000, 15)),
+              Tuning(test::satelliteRecord(UINT32_MAX, 255, UINT32_MAX, 255)), Tuning(cable),
+              Tuning(test::terrestrialRecord(47'449'999)),
+              Tuning(test::terrestrialRecord(47'450'000)),
+              Tuning(test::terrestrialRecord(UINT32_MAX)), Tuning()}) { // the last two: not known
+            Transponder stream = test::decodedStream({test::pat(++id, {})});
+            stream.tuning = tuning;
+            model.store(2, std::move(stream));
+        }
+    }
 
     test::TemporaryFolder folder;
     std::filesystem::path file = folder / "a.sqlite";
@@ -70,6 +79,16 @@ TEST_F(Export, writesWhatTheModelHolds)
     test::addSatelliteStream(model, 0xFFFF, {test::pat(2, {{7, 0x107}})});
     test::addSatelliteStream(model, 1, kMixedStream);
     test::addSatelliteStream(model, 1, {test::pat(1, {{0, 0x10}})});
+    const auto named = [](unsigned stream, const char* first, const char* second) {
+        return test::sdt(test::kSdtActual, stream, 1,
+                         {{5, {test::service(1, "", first)}}, {5, {test::service(2, "", second)}}});
+    };
+    test::addSatelliteStream(model, 1, // services of other streams, and what is listed twice
+                             {test::pat(3, {{5, 0x105}, {6, 0x106}, {5, 0x1FF}}),
+                              named(1, "no", "no"), named(3, "first", "second"),
+                              test::pmt(5, 0x100, {{4, 2}, {2, 3}, {1, 4}, {3, 5}}),
+                              test::pmt(5, 0x200, {})});
+    storeTunings();
     exportIt();
 
     std::string all;
@@ -100,30 +119,6 @@ TEST_F(Export, writesEveryStreamServiceAndAccessOfALargeModel)
               700);
     EXPECT_EQ(numberOf(file, "SELECT count(*) FROM tb_transponder WHERE NID = 1 + (TID - 1) / 10"),
               35);
-}
-
-TEST_F(Export, keepsTheFirstOfWhatIsListedTwice)
-{
-    test::addSatelliteStream(
-        model, 1,
-        {test::pat(1, {{5, 0x105}, {6, 0x106}, {5, 0x1FF}}),
-         test::sdt(test::kSdtActual, 1, 1,
-                   {{5, {test::service(1, "", "first")}}, {5, {test::service(2, "", "second")}}}),
-         test::pmt(5, 0x100, {}), test::pmt(5, 0x200, {})});
-    exportIt();
-    EXPECT_THAT(rows("SELECT SID, SERVICENAME, PCR, PMT FROM tb_service"),
-                ElementsAre("5|first|256|261", "6|<service not in sdt>|8191|262"));
-}
-
-TEST_F(Export, takesServicesFromTheSdtOfTheStreamItselfOnly)
-{
-    const auto named = [](unsigned stream, const char* name) {
-        return test::sdt(test::kSdtActual, stream, 1, {{5, {test::service(1, "", name)}}});
-    };
-    test::addSatelliteStream(model, 1,
-                             {test::pat(2, {{5, 0x105}}), named(1, "no"), named(2, "yes")});
-    exportIt();
-    EXPECT_THAT(rows("SELECT SERVICENAME FROM tb_service"), ElementsAre("yes"));
 }
 
 TEST_F(Export, readsNamesByTheRuleOfTheirNetwork)
@@ -162,39 +157,6 @@ TEST_F(Export, cutsNamesBehindTheLastCharacterThatFits)
                 IsEmpty());
 }
 
-struct TuningCase {
-    Tuning tuning;
-    const char* columns; ///< FREQUENCY, POLARIZATION, SYMBOLRATE, FEC
-};
-
-TEST_F(Export, roundsFrequenciesToMegahertz)
-{
-    CableTuning cable = test::cableRecord(3'465'000);
-    cable.symbol_rate = 69'000;
-    cable.FEC_inner = 15;
-    const std::vector<TuningCase> cases{
-        {test::satelliteRecord(1'218'749, 0, 0, 0), "12187|0|0|0"},
-        {test::satelliteRecord(1'218'750, 3, 220'000, 15), "12188|3|220000000|15"},
-        {test::satelliteRecord(UINT32_MAX, 255, UINT32_MAX, 255), "42949673|255|2147483647|255"},
-        {cable, "347|0|69000000|15"},
-        {test::terrestrialRecord(47'449'999), "474|0|0|0"},
-        {test::terrestrialRecord(47'450'000), "475|0|0|0"},
-        {test::terrestrialRecord(UINT32_MAX), "0|0|0|0"}, // not known
-        {std::monostate(), "0|0|0|0"},
-    };
-    std::vector<std::string> expected;
-    for (const TuningCase& each : cases) {
-        expected.emplace_back(each.columns);
-        Transponder stream =
-            test::decodedStream({test::pat(static_cast<unsigned>(expected.size()), {})});
-        stream.tuning = each.tuning;
-        model.store(1, std::move(stream));
-    }
-    exportIt();
-    EXPECT_EQ(rows("SELECT FREQUENCY, POLARIZATION, SYMBOLRATE, FEC FROM tb_transponder"),
-              expected);
-}
-
 TEST_F(Export, refusesRowsThatBreakTheKeys)
 {
     test::addSatelliteStream(model, 1, kMixedStream);
@@ -209,15 +171,6 @@ TEST_F(Export, refusesRowsThatBreakTheKeys)
           "UPDATE tb_ca_emm SET TRANSPONDER_ID = 9", "DELETE FROM tb_service"})
         EXPECT_THROW(rows(keyed + statement), std::runtime_error) << statement;
     EXPECT_NO_THROW(rows(keyed + "INSERT INTO tb_audio VALUES (NULL, 1, 33, 'deu')"));
-}
-
-TEST(FirstPids, areThoseOfTheFirstStreamOfTheirTypes)
-{
-    const auto pmt =
-        test::parsed<lib13818::Pmt>(test::pmt(1, 0, {{0x1B, 1}, {4, 2}, {2, 3}, {1, 4}, {3, 5}}));
-    EXPECT_EQ(FirstVideoPid(&pmt), 3);
-    EXPECT_EQ(FirstAudioPid(&pmt), 2);
-    EXPECT_EQ(FirstVideoPid(nullptr), 0x1FFF);
 }
 
 } // namespace

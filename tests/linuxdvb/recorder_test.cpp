@@ -1,26 +1,16 @@
 #include "drivers/linuxdvb/pid_list.h"
 #include "drivers/linuxdvb/stream_recorder.h"
 #include "tests/linuxdvb/fake_kernel.h"
-#include "tests/support/temporary_folder.h"
+#include "tests/support/small_disk.h"
+#include "tests/support/tests.h"
 
 #include <cerrno>
-#include <csignal>
-#include <gmock/gmock.h>
-#include <stdexcept>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 // What is recorded, and what becomes of it when something goes wrong.
 
 namespace {
 
-namespace fs = std::filesystem;
-using namespace std::chrono_literals;
-using namespace test;
-using namespace tessaview;
-using testing::ElementsAre;
-using testing::EndsWith;
-using testing::HasSubstr;
 using testing::ThrowsMessage;
 
 TEST(PidList, takesNumbersAndRangesOnly)
@@ -133,14 +123,8 @@ TEST_F(Recorder, keepsWhatWasWrittenWhateverEndsIt)
 TEST_F(Recorder, keepsWhatADiskTookThatCannotTakeMore)
 {
     kernel_.packets = {kSize, kSize};
-    rlimit former{};
-    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &former), 0);
-    auto* const handler = std::signal(SIGXFSZ, SIG_IGN);
-    const rlimit small{kSize + 500, former.rlim_max};
-    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+    const SmallDisk disk(kSize + 500);
     const auto result = record();
-    setrlimit(RLIMIT_FSIZE, &former);
-    std::signal(SIGXFSZ, handler);
     EXPECT_EQ(result.end, StreamRecorder::End::Failed);
     EXPECT_THAT(result.text, HasSubstr("File too large; recording stopped: 2.4 kB were written"));
     EXPECT_EQ(readFile(destination_).size(), kSize + 500);

@@ -2,20 +2,13 @@
 #include "drivers/linuxdvb/status_text.h"
 #include "platform/settings.h"
 #include "tests/linuxdvb/fake_kernel.h"
-#include "tests/support/temporary_folder.h"
+#include "tests/support/tests.h"
 #include "tools/multiplex/sections.h"
-
-#include <gmock/gmock.h>
 
 // The tuner over receivers that behave and that do not.
 
 namespace {
 
-using namespace std::chrono_literals;
-using namespace test;
-using namespace tessaview;
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
 using ::testing::ThrowsMessage;
 
 constexpr const char* kKey = "drivers";
@@ -69,48 +62,32 @@ TEST_F(LinuxDvbTuner, triesDvbS2WhenDvbSFails)
     EXPECT_THAT(status(), HasSubstr("12187 H 27500 no lock"));
 }
 
-struct FailureCase {
-    const char* name;
-    void (*prepare)(FakeFrontend& receiver);
-    Channel channel;
-    const char* text;
-};
-
-class TuningFails : public LinuxDvbTuner, public ::testing::WithParamInterface<FailureCase> {};
-
-TEST_P(TuningFails, withTheDeviceAndTheStep)
+TEST_F(LinuxDvbTuner, failsWithTheDeviceAndTheStep)
 {
-    GetParam().prepare(receiver());
-    EXPECT_THAT([&] { tuner().tune(GetParam().channel); },
-                ThrowsMessage<DeviceError>(GetParam().text));
-    EXPECT_EQ(status(), "adapter0 not tuned (" + std::string(GetParam().text) + ")");
-    EXPECT_FALSE(tuner().state().system);
+    const auto fails = [this](const std::string& text, void (*prepare)(FakeFrontend&),
+                              const Channel& channel = astra()) {
+        restart();
+        receiver() = {};
+        prepare(receiver());
+        EXPECT_THAT([&] { tuner().tune(channel); },
+                    ThrowsMessage<DeviceError>("adapter0/frontend0: " + text));
+        EXPECT_EQ(status(), "adapter0 not tuned (adapter0/frontend0: " + text + ")");
+        EXPECT_FALSE(tuner().state().system);
+    };
+    fails("no signal at 12187 MHz H within 10 s",
+          [](FakeFrontend& r) { r.receives = receivesNothing; });
+    fails("in use by another program", [](FakeFrontend& r) { r.isInUse = true; });
+    fails("no permission; add your user to the group 'video' and log in again",
+          [](FakeFrontend& r) { r.openProblem = EACCES; });
+    fails("no such device; plug it in, or choose another under Device, Settings...",
+          [](FakeFrontend& r) { r.isGone = true; });
+    fails("switching the LNB's voltage: Input/output error",
+          [](FakeFrontend& r) { r.voltageProblem = EIO; });
+    fails("tuning to DVB-S2: the receiver refuses the parameters; is the frequency in its range?",
+          [](FakeFrontend& r) { r.tuneProblem = EINVAL; });
+    fails("no receiver for a frequency that is not known; choose another under Device, Settings...",
+          [](FakeFrontend&) {}, {"", TerrestrialTuning{0xFFFFFFFF, 0, 0, 0, 0, 0, 0, 0, 0}, {}});
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    LinuxDvbTuner, TuningFails,
-    ::testing::Values(
-        FailureCase{"noSignal", [](FakeFrontend& r) { r.receives = receivesNothing; }, astra(),
-                    "adapter0/frontend0: no signal at 12187 MHz H within 10 s"},
-        FailureCase{"busy", [](FakeFrontend& r) { r.isInUse = true; }, astra(),
-                    "adapter0/frontend0: in use by another program"},
-        FailureCase{"forbidden", [](FakeFrontend& r) { r.openProblem = EACCES; }, astra(),
-                    "adapter0/frontend0: no permission; add your user to the group 'video' and log "
-                    "in again"},
-        FailureCase{"absent", [](FakeFrontend& r) { r.isGone = true; }, astra(),
-                    "adapter0/frontend0: no such device; plug it in, or choose another under "
-                    "Device, Settings..."},
-        FailureCase{"voltage", [](FakeFrontend& r) { r.voltageProblem = EIO; }, astra(),
-                    "adapter0/frontend0: switching the LNB's voltage: Input/output error"},
-        FailureCase{"refused", [](FakeFrontend& r) { r.tuneProblem = EINVAL; }, astra(),
-                    "adapter0/frontend0: tuning to DVB-S2: the receiver refuses the parameters; is "
-                    "the frequency in its range?"},
-        FailureCase{"otherType",
-                    [](FakeFrontend&) {},
-                    {"", TerrestrialTuning{0xFFFFFFFF, 0, 0, 0, 0, 0, 0, 0, 0}, {}},
-                    "adapter0/frontend0: no receiver for a frequency that is not known; choose "
-                    "another under Device, Settings..."}),
-    [](const auto& each) { return each.param.name; });
 
 TEST_F(LinuxDvbTuner, needsNoLineThatTheReceiverDoesNotFeed)
 {

@@ -1,15 +1,11 @@
 #include "drivers/linuxdvb/attempts.h"
 #include "drivers/linuxdvb/dish.h"
-
-#include <algorithm>
-#include <gmock/gmock.h>
-#include <iterator>
+#include "tests/support/tests.h"
 
 // What a tuning record becomes for the receiver and for the dish.
 
 namespace {
 
-using namespace tessaview;
 using Properties = decltype(Attempt::properties);
 using ::testing::IsSupersetOf;
 
@@ -38,15 +34,20 @@ FrontendFacts receiver(std::vector<fe_delivery_system> systems, std::uint32_t ca
     return {{}, {}, std::move(systems), capabilities, {}};
 }
 
-struct TuningCase {
-    const char* name;
-    Channel channel;
-    FrontendFacts facts;
-    std::vector<fe_delivery_system> systems; ///< in the order in which they are tried
-    Properties first;                        ///< among those of the first attempt
-};
+/// The systems are in the order in which they are tried, the properties among those of the first.
+void tries(const char* name, const Channel& channel, const FrontendFacts& facts,
+           const std::vector<fe_delivery_system>& systems, const Properties& first)
+{
+    SCOPED_TRACE(name);
+    const std::vector<Attempt> attempts = attemptsFor(channel, facts, kFrequency);
+    std::vector<fe_delivery_system> tried;
+    for (const Attempt& attempt : attempts)
+        tried.push_back(attempt.system);
+    ASSERT_EQ(tried, systems);
+    EXPECT_TRUE(systems.empty() || testing::Value(attempts[0].properties, IsSupersetOf(first)));
+}
 
-std::vector<TuningCase> tuningCases()
+TEST(Tuning, triesInThisOrder)
 {
     const FrontendFacts both = receiver({SYS_DVBS, SYS_DVBS2});
     CableTuning cable{};
@@ -68,117 +69,58 @@ std::vector<TuningCase> tuningCases()
     reserved.transmission_mode = 3;
     const S2Parameters multistream{
         .system = 1, .modulation = 4, .rollOff = 1, .pilot = 1, .streamId = 255};
-    return {
-        {"dvbSFirstWhereNothingSaysOtherwise",
-         onAir(satellite(0x01)),
-         both,
-         {SYS_DVBS, SYS_DVBS2},
-         {{DTV_FREQUENCY, kFrequency},
-          {DTV_SYMBOL_RATE, 27'500'000},
-          {DTV_INNER_FEC, FEC_3_4},
-          {DTV_MODULATION, QPSK}}},
-        {"dvbS2FirstWhereItIsDescribed",
-         onAir(satellite(0x16, 9)),
-         both,
-         {SYS_DVBS2, SYS_DVBS},
-         {{DTV_MODULATION, PSK_8},
-          {DTV_ROLLOFF, ROLLOFF_20},
-          {DTV_INNER_FEC, FEC_9_10},
-          {DTV_PILOT, PILOT_AUTO},
-          {DTV_STREAM_ID, NO_STREAM_ID_FILTER}}},
-        {"asTheSatelliteListSays",
-         onAir(satellite(0), multistream),
-         both,
-         {SYS_DVBS2, SYS_DVBS},
-         {{DTV_MODULATION, APSK_32},
-          {DTV_ROLLOFF, ROLLOFF_25},
-          {DTV_PILOT, PILOT_ON},
-          {DTV_STREAM_ID, 255}}},
-        {"withTheCodeRateLeftToWhoCanFindIt",
-         onAir(satellite(0, 1)),
-         receiver({SYS_DVBS}, FE_CAN_FEC_AUTO),
-         {SYS_DVBS},
-         {{DTV_INNER_FEC, FEC_AUTO}}},
-        {"withNoCodeRateThatDvbSDoesNotHave",
-         onAir(satellite(0, 7)),
-         receiver({SYS_DVBS}),
-         {SYS_DVBS},
-         {{DTV_INNER_FEC, FEC_AUTO}}},
-        {"cableAsDescribed",
-         onAir(cable256),
-         receiver({SYS_DVBC_ANNEX_A}),
-         {SYS_DVBC_ANNEX_A},
-         {{DTV_FREQUENCY, 474'000'000},
-          {DTV_SYMBOL_RATE, 6'900'000},
-          {DTV_MODULATION, QAM_256},
-          {DTV_INNER_FEC, FEC_NONE}}},
-        {"cableByTheUsualModulations",
-         onAir(cable),
-         receiver({SYS_DVBC_ANNEX_C, SYS_DVBT}),
-         {SYS_DVBC_ANNEX_C, SYS_DVBC_ANNEX_C, SYS_DVBC_ANNEX_C},
-         {{DTV_MODULATION, QAM_256}}},
-        {"terrestrialAsDescribed",
-         onAir(terrestrial),
-         receiver({SYS_DVBT, SYS_DVBT2}),
-         {SYS_DVBT, SYS_DVBT2},
-         {{DTV_FREQUENCY, 474'000'000},
-          {DTV_BANDWIDTH_HZ, 7'000'000},
-          {DTV_MODULATION, QAM_64},
-          {DTV_CODE_RATE_HP, FEC_7_8},
-          {DTV_CODE_RATE_LP, FEC_1_2},
-          {DTV_GUARD_INTERVAL, GUARD_INTERVAL_1_4},
-          {DTV_TRANSMISSION_MODE, TRANSMISSION_MODE_8K}}},
-        {"terrestrialLeftToWhoCanReadTheSignalling",
-         onAir(terrestrial),
-         receiver({SYS_DVBT}, FE_CAN_QAM_AUTO | FE_CAN_GUARD_INTERVAL_AUTO),
-         {SYS_DVBT},
-         {{DTV_MODULATION, QAM_AUTO},
-          {DTV_GUARD_INTERVAL, GUARD_INTERVAL_AUTO},
-          {DTV_CODE_RATE_HP, FEC_7_8}}},
-        {"terrestrialOfWhichOnlyTheFrequencyIsKnown",
-         onAir(TerrestrialTuning{}),
-         receiver({SYS_DVBT}),
-         {SYS_DVBT},
-         {{DTV_MODULATION, QAM_AUTO}, {DTV_TRANSMISSION_MODE, TRANSMISSION_MODE_AUTO}}},
-        {"whatIsReservedLeftToTheReceiver",
-         onAir(reserved),
-         receiver({SYS_DVBT}),
-         {SYS_DVBT},
-         {{DTV_FREQUENCY, 0xFFFFFFFF},
-          {DTV_BANDWIDTH_HZ, 8'000'000},
-          {DTV_MODULATION, QAM_AUTO},
-          {DTV_CODE_RATE_HP, FEC_AUTO},
-          {DTV_TRANSMISSION_MODE, TRANSMISSION_MODE_AUTO}}},
-        {"nothingOfAnotherTunerType", onAir(cable), both, {}, {}},
-    };
+    tries("dvbSFirstWhereNothingSaysOtherwise", onAir(satellite(0x01)), both, {SYS_DVBS, SYS_DVBS2},
+          {{DTV_FREQUENCY, kFrequency},
+           {DTV_SYMBOL_RATE, 27'500'000},
+           {DTV_INNER_FEC, FEC_3_4},
+           {DTV_MODULATION, QPSK}});
+    tries("dvbS2FirstWhereItIsDescribed", onAir(satellite(0x16, 9)), both, {SYS_DVBS2, SYS_DVBS},
+          {{DTV_MODULATION, PSK_8},
+           {DTV_ROLLOFF, ROLLOFF_20},
+           {DTV_INNER_FEC, FEC_9_10},
+           {DTV_PILOT, PILOT_AUTO},
+           {DTV_STREAM_ID, NO_STREAM_ID_FILTER}});
+    tries("asTheSatelliteListSays", onAir(satellite(0), multistream), both, {SYS_DVBS2, SYS_DVBS},
+          {{DTV_MODULATION, APSK_32},
+           {DTV_ROLLOFF, ROLLOFF_25},
+           {DTV_PILOT, PILOT_ON},
+           {DTV_STREAM_ID, 255}});
+    tries("withTheCodeRateLeftToWhoCanFindIt", onAir(satellite(0, 1)),
+          receiver({SYS_DVBS}, FE_CAN_FEC_AUTO), {SYS_DVBS}, {{DTV_INNER_FEC, FEC_AUTO}});
+    tries("withNoCodeRateThatDvbSDoesNotHave", onAir(satellite(0, 7)), receiver({SYS_DVBS}),
+          {SYS_DVBS}, {{DTV_INNER_FEC, FEC_AUTO}});
+    tries("cableAsDescribed", onAir(cable256), receiver({SYS_DVBC_ANNEX_A}), {SYS_DVBC_ANNEX_A},
+          {{DTV_FREQUENCY, 474'000'000},
+           {DTV_SYMBOL_RATE, 6'900'000},
+           {DTV_MODULATION, QAM_256},
+           {DTV_INNER_FEC, FEC_NONE}});
+    tries("cableByTheUsualModulations", onAir(cable), receiver({SYS_DVBC_ANNEX_C, SYS_DVBT}),
+          {SYS_DVBC_ANNEX_C, SYS_DVBC_ANNEX_C, SYS_DVBC_ANNEX_C}, {{DTV_MODULATION, QAM_256}});
+    tries("terrestrialAsDescribed", onAir(terrestrial), receiver({SYS_DVBT, SYS_DVBT2}),
+          {SYS_DVBT, SYS_DVBT2},
+          {{DTV_FREQUENCY, 474'000'000},
+           {DTV_BANDWIDTH_HZ, 7'000'000},
+           {DTV_MODULATION, QAM_64},
+           {DTV_CODE_RATE_HP, FEC_7_8},
+           {DTV_CODE_RATE_LP, FEC_1_2},
+           {DTV_GUARD_INTERVAL, GUARD_INTERVAL_1_4},
+           {DTV_TRANSMISSION_MODE, TRANSMISSION_MODE_8K}});
+    tries("terrestrialLeftToWhoCanReadTheSignalling", onAir(terrestrial),
+          receiver({SYS_DVBT}, FE_CAN_QAM_AUTO | FE_CAN_GUARD_INTERVAL_AUTO), {SYS_DVBT},
+          {{DTV_MODULATION, QAM_AUTO},
+           {DTV_GUARD_INTERVAL, GUARD_INTERVAL_AUTO},
+           {DTV_CODE_RATE_HP, FEC_7_8}});
+    tries("terrestrialOfWhichOnlyTheFrequencyIsKnown", onAir(TerrestrialTuning{}),
+          receiver({SYS_DVBT}), {SYS_DVBT},
+          {{DTV_MODULATION, QAM_AUTO}, {DTV_TRANSMISSION_MODE, TRANSMISSION_MODE_AUTO}});
+    tries("whatIsReservedLeftToTheReceiver", onAir(reserved), receiver({SYS_DVBT}), {SYS_DVBT},
+          {{DTV_FREQUENCY, 0xFFFFFFFF},
+           {DTV_BANDWIDTH_HZ, 8'000'000},
+           {DTV_MODULATION, QAM_AUTO},
+           {DTV_CODE_RATE_HP, FEC_AUTO},
+           {DTV_TRANSMISSION_MODE, TRANSMISSION_MODE_AUTO}});
+    tries("nothingOfAnotherTunerType", onAir(cable), both, {}, {});
 }
-
-class Tries : public ::testing::TestWithParam<TuningCase> {};
-
-TEST_P(Tries, inThisOrder)
-{
-    const TuningCase& c = GetParam();
-    const std::vector<Attempt> attempts = attemptsFor(c.channel, c.facts, kFrequency);
-    std::vector<fe_delivery_system> systems;
-    std::transform(attempts.begin(), attempts.end(), std::back_inserter(systems),
-                   [](const Attempt& attempt) { return attempt.system; });
-    EXPECT_EQ(systems, c.systems);
-    if (!c.first.empty()) {
-        EXPECT_THAT(attempts.at(0).properties, IsSupersetOf(c.first));
-    }
-}
-
-INSTANTIATE_TEST_SUITE_P(Tuning, Tries, ::testing::ValuesIn(tuningCases()),
-                         [](const auto& each) { return each.param.name; });
-
-/// A channel with one code of its description, and what the receiver is told for it.
-struct CodeTable {
-    const char* name;
-    fe_delivery_system system;
-    std::uint32_t property;
-    Channel (*described)(std::uint8_t code);
-    std::vector<std::uint32_t> values; ///< by their codes, up to the first reserved one
-};
 
 template <std::uint8_t TerrestrialTuning::*field>
 Channel terrestrialWith(std::uint8_t code)
@@ -189,135 +131,91 @@ Channel terrestrialWith(std::uint8_t code)
     return onAir(tuning);
 }
 
-const std::vector<CodeTable> kCodeTables{
-    {"innerFec",
-     SYS_DVBS2,
-     DTV_INNER_FEC,
-     [](std::uint8_t code) { return onAir(satellite(0x06, code)); },
-     {FEC_AUTO, FEC_1_2, FEC_2_3, FEC_3_4, FEC_5_6, FEC_7_8, FEC_8_9, FEC_3_5, FEC_4_5, FEC_9_10,
-      FEC_AUTO}},
-    {"rollOff",
-     SYS_DVBS2,
-     DTV_ROLLOFF,
-     [](std::uint8_t code) { return onAir(satellite(static_cast<std::uint8_t>(code << 3 | 4))); },
-     {ROLLOFF_35, ROLLOFF_25, ROLLOFF_20, ROLLOFF_AUTO}},
-    {"listedModulation",
-     SYS_DVBS2,
-     DTV_MODULATION,
-     [](std::uint8_t code) {
-         return onAir(satellite(0), {true, code, {}, {}, {}});
-     },
-     {PSK_8, QPSK, PSK_8, APSK_16, APSK_32}},
-    {"cableModulation",
-     SYS_DVBC_ANNEX_A,
-     DTV_MODULATION,
-     [](std::uint8_t code) {
-         return onAir(CableTuning{0, 0, code, {}, 0, 0, {}});
-     },
-     {QAM_256, QAM_16, QAM_32, QAM_64, QAM_128, QAM_256, QAM_256}}, // the first of the usual ones
-    {"bandwidth",
-     SYS_DVBT,
-     DTV_BANDWIDTH_HZ,
-     terrestrialWith<&TerrestrialTuning::bandwidth>,
-     {8000000, 7000000, 6000000, 5000000, 8000000}},
-    {"constellation",
-     SYS_DVBT,
-     DTV_MODULATION,
-     terrestrialWith<&TerrestrialTuning::constellation>,
-     {QPSK, QAM_16, QAM_64, QAM_AUTO}},
-    {"hierarchy",
-     SYS_DVBT,
-     DTV_HIERARCHY,
-     terrestrialWith<&TerrestrialTuning::hierarchy_information>,
-     {HIERARCHY_NONE, HIERARCHY_1, HIERARCHY_2, HIERARCHY_4, HIERARCHY_NONE}}, // interleaved
-    {"codeRate",
-     SYS_DVBT,
-     DTV_CODE_RATE_HP,
-     terrestrialWith<&TerrestrialTuning::code_rate_HP_stream>,
-     {FEC_1_2, FEC_2_3, FEC_3_4, FEC_5_6, FEC_7_8, FEC_AUTO}},
-    {"guardInterval",
-     SYS_DVBT,
-     DTV_GUARD_INTERVAL,
-     terrestrialWith<&TerrestrialTuning::guard_interval>,
-     {GUARD_INTERVAL_1_32, GUARD_INTERVAL_1_16, GUARD_INTERVAL_1_8, GUARD_INTERVAL_1_4,
-      GUARD_INTERVAL_AUTO}},
-    {"transmissionMode",
-     SYS_DVBT,
-     DTV_TRANSMISSION_MODE,
-     terrestrialWith<&TerrestrialTuning::transmission_mode>,
-     {TRANSMISSION_MODE_2K, TRANSMISSION_MODE_8K, TRANSMISSION_MODE_4K, TRANSMISSION_MODE_AUTO}},
-};
+/// A channel with one code of its description becomes these values by their codes, up to the first
+/// reserved one.
+void tells(const char* name, fe_delivery_system system, std::uint32_t property,
+           Channel (*described)(std::uint8_t code), const std::vector<std::uint32_t>& values)
+{
+    for (std::uint8_t code = 0; code < values.size(); ++code)
+        EXPECT_THAT(attemptsFor(described(code), receiver({system})).at(0).properties,
+                    Contains(std::pair(property, values[code])))
+            << name << ' ' << int{code};
+}
 
 TEST(Codes, areToldAsTheReceiverHasThem)
 {
-    for (const CodeTable& table : kCodeTables)
-        for (std::uint8_t code = 0; code < table.values.size(); ++code)
-            EXPECT_THAT(
-                attemptsFor(table.described(code), receiver({table.system})).at(0).properties,
-                ::testing::Contains(std::pair(table.property, table.values[code])))
-                << table.name << ' ' << int{code};
+    tells("innerFec", SYS_DVBS2, DTV_INNER_FEC,
+          [](std::uint8_t code) { return onAir(satellite(0x06, code)); },
+          {FEC_AUTO, FEC_1_2, FEC_2_3, FEC_3_4, FEC_5_6, FEC_7_8, FEC_8_9, FEC_3_5, FEC_4_5,
+           FEC_9_10, FEC_AUTO});
+    tells("rollOff", SYS_DVBS2, DTV_ROLLOFF,
+          [](std::uint8_t code) {
+              return onAir(satellite(static_cast<std::uint8_t>(code << 3 | 4)));
+          },
+          {ROLLOFF_35, ROLLOFF_25, ROLLOFF_20, ROLLOFF_AUTO});
+    tells("listedModulation", SYS_DVBS2, DTV_MODULATION,
+          [](std::uint8_t code) {
+              return onAir(satellite(0), {true, code, {}, {}, {}});
+          },
+          {PSK_8, QPSK, PSK_8, APSK_16, APSK_32});
+    // What is not described begins with the first of the usual ones.
+    tells("cableModulation", SYS_DVBC_ANNEX_A, DTV_MODULATION,
+          [](std::uint8_t code) {
+              return onAir(CableTuning{0, 0, code, {}, 0, 0, {}});
+          },
+          {QAM_256, QAM_16, QAM_32, QAM_64, QAM_128, QAM_256, QAM_256});
+    tells("bandwidth", SYS_DVBT, DTV_BANDWIDTH_HZ, terrestrialWith<&TerrestrialTuning::bandwidth>,
+          {8000000, 7000000, 6000000, 5000000, 8000000});
+    tells("constellation", SYS_DVBT, DTV_MODULATION,
+          terrestrialWith<&TerrestrialTuning::constellation>, {QPSK, QAM_16, QAM_64, QAM_AUTO});
+    // The codes behind are those of an interleaver.
+    tells("hierarchy", SYS_DVBT, DTV_HIERARCHY,
+          terrestrialWith<&TerrestrialTuning::hierarchy_information>,
+          {HIERARCHY_NONE, HIERARCHY_1, HIERARCHY_2, HIERARCHY_4, HIERARCHY_NONE});
+    tells("codeRate", SYS_DVBT, DTV_CODE_RATE_HP,
+          terrestrialWith<&TerrestrialTuning::code_rate_HP_stream>,
+          {FEC_1_2, FEC_2_3, FEC_3_4, FEC_5_6, FEC_7_8, FEC_AUTO});
+    tells("guardInterval", SYS_DVBT, DTV_GUARD_INTERVAL,
+          terrestrialWith<&TerrestrialTuning::guard_interval>,
+          {GUARD_INTERVAL_1_32, GUARD_INTERVAL_1_16, GUARD_INTERVAL_1_8, GUARD_INTERVAL_1_4,
+           GUARD_INTERVAL_AUTO});
+    tells(
+        "transmissionMode", SYS_DVBT, DTV_TRANSMISSION_MODE,
+        terrestrialWith<&TerrestrialTuning::transmission_mode>,
+        {TRANSMISSION_MODE_2K, TRANSMISSION_MODE_8K, TRANSMISSION_MODE_4K, TRANSMISSION_MODE_AUTO});
 }
 
-struct DishCase {
-    const char* name;
-    const char* stored;
-    std::uint32_t frequency; ///< 10 kHz
-    std::uint8_t polarization;
-    std::uint32_t behindLnb; ///< kHz
-    bool isHighVoltage;
-    bool hasTone;
-    std::vector<std::array<std::uint8_t, 4>> messages;
-};
+using Messages = std::vector<std::array<std::uint8_t, 4>>;
 
-class DishPlans : public ::testing::TestWithParam<DishCase> {};
-
-TEST_P(DishPlans, switchAsTheDishNeeds)
+/// Frequencies: in units of 10 kHz, and behind the LNB in kHz.
+void switches(const char* stored, std::uint32_t frequency, std::uint8_t polarization,
+              std::uint32_t behindLnb, bool isHighVoltage, bool hasTone, const Messages& messages)
 {
-    const DishCase& c = GetParam();
-    const auto dish = dishOf(c.stored);
+    SCOPED_TRACE(stored);
+    const auto dish = dishOf(stored);
     ASSERT_TRUE(dish);
-    EXPECT_EQ(storedText(*dish), c.stored);
+    EXPECT_EQ(storedText(*dish), stored);
     SatelliteTuning tuning{};
-    tuning.frequency = c.frequency;
-    tuning.polarization = c.polarization;
+    tuning.frequency = frequency;
+    tuning.polarization = polarization;
     const DishPlan plan = planFor(*dish, tuning);
-    EXPECT_EQ(plan.frequency, c.behindLnb);
-    EXPECT_EQ(plan.isHighVoltage, c.isHighVoltage);
-    EXPECT_EQ(plan.hasTone, c.hasTone);
-    EXPECT_EQ(plan.messages, c.messages);
+    EXPECT_EQ(plan.frequency, behindLnb);
+    EXPECT_EQ(plan.isHighVoltage, isHighVoltage);
+    EXPECT_EQ(plan.hasTone, hasTone);
+    EXPECT_EQ(plan.messages, messages);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Tuning, DishPlans,
-    ::testing::Values(DishCase{"lowBand", "universal", 1169999, 1, 1949990, false, false, {}},
-                      DishCase{"highBand", "universal", 1170000, 0, 1100000, true, true, {}},
-                      DishCase{"diseqc",
-                               "universal; diseqc 4",
-                               1169999,
-                               0,
-                               1949990,
-                               true,
-                               false,
-                               {{0xE0, 0x10, 0x38, 0xFE}}},
-                      DishCase{"twoSwitches",
-                               "universal; diseqc 1; uncommitted 16",
-                               1170000,
-                               1,
-                               1100000,
-                               false,
-                               true,
-                               {{0xE0, 0x10, 0x39, 0xFF}, {0xE0, 0x10, 0x38, 0xF1}}},
-                      DishCase{
-                          "cBand", "single 5150", 384000, 3, 1310000, false, false, {}}, // C band
-                      DishCase{"wideBand",
-                               "wide 10410; uncommitted 1",
-                               1275000,
-                               2,
-                               2340000,
-                               true,
-                               false,
-                               {{0xE0, 0x10, 0x39, 0xF0}}}),
-    [](const auto& each) { return each.param.name; });
+TEST(Dish, switchesAsItNeeds)
+{
+    switches("universal", 1169999, 1, 1949990, false, false, {});
+    switches("universal", 1170000, 0, 1100000, true, true, {});
+    switches("universal; diseqc 4", 1169999, 0, 1949990, true, false, {{0xE0, 0x10, 0x38, 0xFE}});
+    switches("universal; diseqc 1; uncommitted 16", 1170000, 1, 1100000, false, true,
+             {{0xE0, 0x10, 0x39, 0xFF}, {0xE0, 0x10, 0x38, 0xF1}});
+    switches("single 5150", 384000, 3, 1310000, false, false, {}); // C band
+    switches("wide 10410; uncommitted 1", 1275000, 2, 2340000, true, false,
+             {{0xE0, 0x10, 0x39, 0xF0}});
+}
 
 TEST(StoredTexts, areRefusedWhenTheyAreNone)
 {

@@ -1,38 +1,10 @@
 #include "tests/linuxdvb_dialogs/dialog_fixture.h"
 
-#include "ui/window_handle.h"
-
 #include <dlfcn.h>
-
-#include <QApplication>
-#include <QTimer>
 
 namespace test {
 
 using namespace tessaview;
-
-namespace {
-
-class Application : public testing::Environment {
-public:
-    void SetUp() override
-    {
-        if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-            qputenv("QT_QPA_PLATFORM", "offscreen");
-        application_ = std::make_unique<QApplication>(count_, arguments_);
-    }
-    void TearDown() override { application_.reset(); }
-
-private:
-    int count_ = 1;
-    char name_[6] = "tests";
-    char* arguments_[2] = {name_, nullptr};
-    std::unique_ptr<QApplication> application_;
-};
-
-const auto* const kApplication = testing::AddGlobalTestEnvironment(new Application);
-
-} // namespace
 
 DvbDialogs::DvbDialogs()
 {
@@ -76,29 +48,12 @@ void DvbDialogs::tune(const std::string& satellite)
 void DvbDialogs::show(DriverDialog which, const std::function<void(QDialog&)>& act)
 {
     ASSERT_NE(show_, nullptr) << "the library of the dialogs cannot be loaded";
-    bool acted = false;
-    QWidget owner;
-    QTimer::singleShot(0, [&] {
-        auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-        ASSERT_NE(dialog, nullptr);
-        EXPECT_EQ(dialog->parentWidget(), &owner);
-        try {
-            act(*dialog);
-        } catch (const std::exception& e) {
-            ADD_FAILURE() << e.what();
-        }
-        acted = true;
-        if (dialog->isVisible())
-            dialog->reject();
-    });
-    EXPECT_EQ(show_(which, tuner_.get(), windowHandle(&owner)), status::kOk);
-    EXPECT_TRUE(acted);
+    actOn([&](WindowHandle owner) { return show_(which, tuner_.get(), owner); }, act);
 }
 
 bool DvbDialogs::comesToSay(const QDialog& dialog, const char* label, const char* text)
 {
-    return QTest::qWaitFor([&] { return the<QLabel>(dialog, label).text().contains(text); },
-                           20'000);
+    return waitFor([&] { return the<QLabel>(dialog, label).text().contains(text); });
 }
 
 } // namespace test

@@ -4,14 +4,8 @@
 #include "drivers/linuxdvb/dvb_tuner.h"
 #include "tests/linuxdvb/fake_kernel.h"
 #include "tests/satlist/loaded_manager.h"
+#include "tests/support/driver_dialogs.h"
 #include "tests/support/temporary_folder.h"
-
-#include <functional>
-
-#include <QDialog>
-#include <QLabel>
-#include <QTest>
-#include <gtest/gtest.h>
 
 namespace test {
 
@@ -30,19 +24,6 @@ protected:
     /// To 12187.5 MHz H.
     void tune(const std::string& satellite = {});
 
-    /// The control of a dialog, by its name.
-    template <class Widget>
-    static Widget& the(const QDialog& dialog, const char* name)
-    {
-        auto* const found = dialog.findChild<Widget*>(name);
-        if (!found)
-            throw std::runtime_error(std::string("no control ") + name);
-        return *found;
-    }
-    static std::string textOf(const QDialog& dialog, const char* label)
-    {
-        return the<QLabel>(dialog, label).text().toStdString();
-    }
     /// Whether a label comes to hold a text, in time.
     static bool comesToSay(const QDialog& dialog, const char* label, const char* text);
 

@@ -1,21 +1,12 @@
 #include "platform/settings.h"
 
 #include "tests/linuxdvb_dialogs/dialog_fixture.h"
+#include "tests/support/tests.h"
 
-#include <gmock/gmock.h>
-
-#include <QComboBox>
-#include <QMessageBox>
-#include <QPushButton>
 #include <QSpinBox>
-#include <QTimer>
 #include <QTreeView>
 
 namespace {
-
-using namespace test;
-using namespace tessaview;
-using testing::HasSubstr;
 
 class SettingsOfReceivers : public DvbDialogs {
 protected:
@@ -120,7 +111,7 @@ TEST_F(SettingsOfReceivers, listReceiversAndWhatIsWrongWithThem)
         for (int i = 0; i < receiver.count(); ++i) {
             receiver.setCurrentIndex(i);
             EXPECT_EQ(receiver.currentText().toStdString(), cases[i].listed);
-            EXPECT_THAT(textOf(dialog, "problem"), HasSubstr(cases[i].problem));
+            EXPECT_THAT(labelOf(dialog, "problem"), HasSubstr(cases[i].problem));
             EXPECT_EQ(the<QLabel>(dialog, "problem").isVisible(), *cases[i].problem != '\0');
             EXPECT_EQ(the<QComboBox>(dialog, "type").count(), cases[i].types);
             EXPECT_EQ(the<QComboBox>(dialog, "type").isEnabled(), cases[i].types > 1);
@@ -140,20 +131,15 @@ TEST_F(SettingsOfReceivers, listReceiversAndWhatIsWrongWithThem)
 TEST_F(SettingsOfReceivers, thatCannotBeStoredHoldForTheRun)
 {
     writeFile(folder_ / "tessaview3", "no folder");
-    std::string warning;
     show(DriverDialog::Settings, [&](QDialog& dialog) {
         the<QSpinBox>(dialog, "lockLimit").setValue(9);
         choose(dialog, 0, 3, "B");
-        QTimer::singleShot(0, [&] {
-            auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-            ASSERT_NE(box, nullptr);
-            warning = box->text().toStdString();
-            box->accept();
-        });
+        const MessageReader box;
         dialog.accept();
+        EXPECT_THAT(box.texts,
+                    ElementsAre(testing::ContainsRegex("The settings hold for this run only: .*\n"
+                                                       "The satellites are received as before: ")));
     });
-    EXPECT_THAT(warning, HasSubstr("The settings hold for this run only: "));
-    EXPECT_THAT(warning, HasSubstr("The satellites are received as before: "));
     EXPECT_EQ(tuner().state().settings.lockLimit.count(), 9);
 }
 

@@ -1,20 +1,13 @@
 #include "tests/linuxdvb_dialogs/dialog_fixture.h"
 #include "tests/support/no_threads.h"
-
-#include <gmock/gmock.h>
+#include "tests/support/tests.h"
 
 #include <QApplication>
 #include <QClipboard>
-#include <QComboBox>
 #include <QDoubleSpinBox>
 #include <QProgressBar>
-#include <QPushButton>
 
 namespace {
-
-using namespace test;
-using namespace tessaview;
-using testing::HasSubstr;
 
 class TuningOfReceivers : public DvbDialogs {
 protected:
@@ -27,7 +20,7 @@ protected:
     static bool tuneAndWait(QDialog& dialog)
     {
         press(dialog);
-        return QTest::qWaitFor([&] { return isReady(dialog); }, 20'000);
+        return waitFor([&] { return isReady(dialog); });
     }
     static void set(const QDialog& dialog, const char* field, double value)
     {
@@ -42,71 +35,61 @@ protected:
 
 TEST_F(TuningOfReceivers, takesFieldsInTheUnitsOfTheRecords)
 {
-    const struct {
-        DeviceId device;
-        std::function<void(QDialog&)> fill;
-        const char* channel; // as it is stored
-        Tuned tuned;
-    } cases[] = {
-        {{0, 0},
-         [](QDialog& dialog) {
-             choose(dialog, "satellite", "Hot Bird");
-             set(dialog, "frequency", 12187.29);
-             choose(dialog, "polarization", "V (vertical)");
-             set(dialog, "symbolRate", 27500.5);
-             choose(dialog, "system", "DVB-S2");
-             choose(dialog, "modulation", "16APSK");
-             choose(dialog, "rollOff", "0.20");
-             choose(dialog, "pilot", "on");
-             the<QSpinBox>(dialog, "streamId").setValue(7);
-         },
-         "1 1218729 0 0 1 0 275005 0",
-         {{DTV_DELIVERY_SYSTEM, SYS_DVBS2},
-          {DTV_FREQUENCY, 1587290},
-          {DTV_SYMBOL_RATE, 27500500},
-          {DTV_MODULATION, APSK_16},
-          {DTV_ROLLOFF, ROLLOFF_20},
-          {DTV_PILOT, PILOT_ON},
-          {DTV_STREAM_ID, 7}}},
-        {{1, 0},
-         [](QDialog& dialog) {
-             set(dialog, "frequency", 346.1253);
-             set(dialog, "symbolRate", 6875);
-             choose(dialog, "modulation", "256-QAM");
-         },
-         "2 3461253 0 5 68750 0",
-         {{DTV_FREQUENCY, 346125300}, {DTV_SYMBOL_RATE, 6875000}, {DTV_MODULATION, QAM_256}}},
-        {{2, 0},
-         [](QDialog& dialog) {
-             set(dialog, "frequency", 474.16667);
-             choose(dialog, "bandwidth", "7 MHz");
-         },
-         "3 47416667 1 0 0 0 0 0 0 0",
-         {{DTV_FREQUENCY, 474166670},
-          {DTV_BANDWIDTH_HZ, 7000000},
-          {DTV_MODULATION, QAM_AUTO},
-          {DTV_CODE_RATE_HP, FEC_AUTO},
-          {DTV_GUARD_INTERVAL, GUARD_INTERVAL_AUTO},
-          {DTV_TRANSMISSION_MODE, TRANSMISSION_MODE_AUTO}}},
+    /// The channel is as it is stored; shown again, and tuned to as it stands, it is the same.
+    const auto takes = [this](DeviceId device, const std::function<void(QDialog&)>& fill,
+                              const char* channel, const Tuned& tuned) {
+        SCOPED_TRACE(channel);
+        tuner().useAndStore({.device = device, .type = {}, .dish = {}});
+        for (const auto& act : {fill, std::function<void(QDialog&)>([](QDialog&) {})}) {
+            show(DriverDialog::Tune, [&](QDialog& dialog) {
+                act(dialog);
+                EXPECT_TRUE(tuneAndWait(dialog));
+                EXPECT_THAT(labelOf(dialog, "message"), HasSubstr("Locked to "));
+            });
+            EXPECT_EQ(storedText(tuner().state().channel.value()), channel);
+            EXPECT_THAT(kernel_.frontends[device].tunings.back(), testing::IsSupersetOf(tuned));
+        }
     };
-    for (const auto& each : cases) {
-        ReceiverSettings settings;
-        settings.device = each.device;
-        tuner().useAndStore(settings);
-        show(DriverDialog::Tune, [&](QDialog& dialog) {
-            each.fill(dialog);
-            EXPECT_TRUE(tuneAndWait(dialog));
-            EXPECT_THAT(textOf(dialog, "message"), HasSubstr("Locked to "));
-        });
-        ASSERT_TRUE(tuner().state().channel) << each.channel;
-        EXPECT_EQ(storedText(*tuner().state().channel), each.channel);
-        for (const auto& [command, value] : each.tuned)
-            EXPECT_EQ(kernel_.frontends[each.device].tunings.back()[command], value)
-                << each.channel << ": " << command;
-        // Shown again, and tuned to as it stands, it is the same channel.
-        show(DriverDialog::Tune, [&](QDialog& dialog) { EXPECT_TRUE(tuneAndWait(dialog)); });
-        EXPECT_EQ(storedText(*tuner().state().channel), each.channel);
-    }
+    takes({0, 0},
+          [](QDialog& dialog) {
+              choose(dialog, "satellite", "Hot Bird");
+              set(dialog, "frequency", 12187.29);
+              choose(dialog, "polarization", "V (vertical)");
+              set(dialog, "symbolRate", 27500.5);
+              choose(dialog, "system", "DVB-S2");
+              choose(dialog, "modulation", "16APSK");
+              choose(dialog, "rollOff", "0.20");
+              choose(dialog, "pilot", "on");
+              the<QSpinBox>(dialog, "streamId").setValue(7);
+          },
+          "1 1218729 0 0 1 0 275005 0",
+          {{DTV_DELIVERY_SYSTEM, SYS_DVBS2},
+           {DTV_FREQUENCY, 1587290},
+           {DTV_SYMBOL_RATE, 27500500},
+           {DTV_MODULATION, APSK_16},
+           {DTV_ROLLOFF, ROLLOFF_20},
+           {DTV_PILOT, PILOT_ON},
+           {DTV_STREAM_ID, 7}});
+    takes({1, 0},
+          [](QDialog& dialog) {
+              set(dialog, "frequency", 346.1253);
+              set(dialog, "symbolRate", 6875);
+              choose(dialog, "modulation", "256-QAM");
+          },
+          "2 3461253 0 5 68750 0",
+          {{DTV_FREQUENCY, 346125300}, {DTV_SYMBOL_RATE, 6875000}, {DTV_MODULATION, QAM_256}});
+    takes({2, 0},
+          [](QDialog& dialog) {
+              set(dialog, "frequency", 474.16667);
+              choose(dialog, "bandwidth", "7 MHz");
+          },
+          "3 47416667 1 0 0 0 0 0 0 0",
+          {{DTV_FREQUENCY, 474166670},
+           {DTV_BANDWIDTH_HZ, 7000000},
+           {DTV_MODULATION, QAM_AUTO},
+           {DTV_CODE_RATE_HP, FEC_AUTO},
+           {DTV_GUARD_INTERVAL, GUARD_INTERVAL_AUTO},
+           {DTV_TRANSMISSION_MODE, TRANSMISSION_MODE_AUTO}});
 }
 
 TEST_F(TuningOfReceivers, takesATransponderOfTheList)
@@ -150,22 +133,22 @@ TEST_F(TuningOfReceivers, saysWhyNothingIsReceived)
     kernel_.frontends[{}].receives = receivesNothing;
     show(DriverDialog::Tune, [](QDialog& dialog) {
         EXPECT_TRUE(tuneAndWait(dialog));
-        EXPECT_EQ(textOf(dialog, "message"), "Enter the frequency.");
+        EXPECT_EQ(labelOf(dialog, "message"), "Enter the frequency.");
         set(dialog, "frequency", 12187);
         set(dialog, "symbolRate", 27500);
         EXPECT_TRUE(tuneAndWait(dialog));
-        EXPECT_EQ(textOf(dialog, "message"),
+        EXPECT_EQ(labelOf(dialog, "message"),
                   "adapter0/frontend0: no signal at 12187 MHz H within 10 s");
         const NoThreads none;
         press(dialog);
-        EXPECT_THAT(textOf(dialog, "message"), HasSubstr("no thread"));
+        EXPECT_THAT(labelOf(dialog, "message"), HasSubstr("no thread"));
         EXPECT_TRUE(isReady(dialog));
     });
     kernel_.frontends[{}].isGone = true;
     restart();
     show(DriverDialog::Tune, [](QDialog& dialog) {
         EXPECT_FALSE(the<QPushButton>(dialog, "tune").isEnabled());
-        EXPECT_THAT(textOf(dialog, "message"), HasSubstr("no such device; plug it in"));
+        EXPECT_THAT(labelOf(dialog, "message"), HasSubstr("no such device; plug it in"));
     });
 }
 
