@@ -15,7 +15,7 @@ using test::Bytes;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-const Bytes kSatellite = test::satelliteDelivery(
+const Bytes kSatelliteEntry = test::satelliteDelivery(
     {.frequency = 1175725, .orbitalPosition = 192, .polarization = 1, .fecInner = 5});
 const Bytes kOtherSatellite = test::satelliteDelivery(
     {.frequency = 1000000, .orbitalPosition = 192, .symbolRate = 220000, .fecInner = 3});
@@ -54,7 +54,7 @@ TEST_F(TuningOfStream, isThatOfTheNitForTheTunersKind)
 {
     const std::vector<test::ListedStream> entries{
         {0x0450, 1, {kOtherSatellite}},
-        {0x0451, 0xFFFF, {kCable, kSatellite, kTerrestrial, kOtherSatellite}}};
+        {0x0451, 0xFFFF, {kCable, kSatelliteEntry, kTerrestrial, kOtherSatellite}}};
     EXPECT_EQ(attach(1, entries), "0451 - 11757V 7/8 27500");
     EXPECT_EQ(transponder.satelliteName, "");
     EXPECT_EQ(attach(2, entries), "0451 - 346000");
@@ -65,9 +65,9 @@ TEST_F(TuningOfStream, isThatOfTheNitForTheTunersKind)
 
 TEST_F(TuningOfStream, isTheTunersOwnWhenTheNitHasNone)
 {
-    EXPECT_EQ(attach(1, {{0x0450, 1, {kSatellite}}}), "0451 - 12700U 1/2 22000");
+    EXPECT_EQ(attach(1, {{0x0450, 1, {kSatelliteEntry}}}), "0451 - 12700U 1/2 22000");
     EXPECT_EQ(transponder.satelliteName, "T\xC3\xBCrksat");
-    EXPECT_EQ(attach(2, {{0x0451, 1, {kSatellite}}}), "0451 - 730000");
+    EXPECT_EQ(attach(2, {{0x0451, 1, {kSatelliteEntry}}}), "0451 - 730000");
     EXPECT_EQ(attach(3, {}), "0451 - 42949672");
     EXPECT_THAT(recorder.printed(), ElementsAre(kNotFound, kNotFound, kNotFound));
     EXPECT_THAT(recorder.logged(), testing::Each("<2> - " + std::string(kNotFound)));
@@ -76,7 +76,7 @@ TEST_F(TuningOfStream, isTheTunersOwnWhenTheNitHasNone)
 
 TEST_F(TuningOfStream, ofTwoEntriesIsThatOfTheFirst)
 {
-    EXPECT_EQ(attach(1, {{0x0451, 1, {}}, {0x0451, 1, {kSatellite}}}), "0451 - 12700U 1/2 22000");
+    EXPECT_EQ(attach(1, {{0x0451, 1, {}}, {0x0451, 1, {kSatelliteEntry}}}), "0451 - 12700U 1/2 22000");
 }
 
 TEST_F(TuningOfStream, isThatOfTheLowestNetworkAndSection)
@@ -84,14 +84,14 @@ TEST_F(TuningOfStream, isThatOfTheLowestNetworkAndSection)
     transponder.nitActual[0x2FFF][5].parse(
         test::nit(0x40, 0x2FFF, {}, {{0x0451, 1, {kOtherSatellite}}}, {.number = 5}));
     transponder.nitActual[0x2FFF][6].parse(
-        test::nit(0x40, 0x2FFF, {}, {{0x0451, 1, {kSatellite}}}, {.number = 6}));
-    EXPECT_EQ(attach(1, {{0x0451, 1, {kSatellite}}}), "0451 - 10000H 3/4 22000");
+        test::nit(0x40, 0x2FFF, {}, {{0x0451, 1, {kSatelliteEntry}}}, {.number = 6}));
+    EXPECT_EQ(attach(1, {{0x0451, 1, {kSatelliteEntry}}}), "0451 - 10000H 3/4 22000");
 }
 
 TEST_F(TuningOfStream, isUnknownForAnUnknownTunerWithoutAWord)
 {
     for (const int type : {0, 4, 0xFFFF})
-        EXPECT_EQ(attach(type, {{0x0451, 1, {kSatellite}}}), "0451 - Unknown");
+        EXPECT_EQ(attach(type, {{0x0451, 1, {kSatelliteEntry}}}), "0451 - Unknown");
     EXPECT_THAT(recorder.printed(), IsEmpty());
 }
 

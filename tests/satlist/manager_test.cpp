@@ -14,7 +14,6 @@ using testing::IsEmpty;
 
 namespace {
 
-constexpr std::int32_t kLargest = std::numeric_limits<std::int32_t>::max();
 
 TEST(SatListManager, keepsCopiesSoThatAChangeReachesTheListOnlyWhenPut)
 {
@@ -101,7 +100,7 @@ TEST(SatListManager, answersBadArgumentsWithAStatus)
     EXPECT_EQ(satellite->EnumTransponders(1, nullptr), status::kNullPointer);
     EXPECT_EQ(satellite->RemoveTransponder(0, 2), status::kNotFound);
     EXPECT_EQ(addTransponder(*satellite.get(), {.tsid = 1}), status::kAlreadyExists);
-    for (const std::int32_t bad : {-1, 0x10000, kLargest}) {
+    for (const std::int32_t bad : {-1, 0x10000, INT32_MAX}) {
         EXPECT_EQ(addTransponder(*satellite.get(), {.nid = bad}), status::kInvalidArgument);
         EXPECT_EQ(addTransponder(*satellite.get(), {.tsid = bad}), status::kInvalidArgument);
     }
@@ -144,7 +143,7 @@ TEST(SatListManager, takesWhatDvbS2NeedsWithinItsRanges)
             (s2.get()->*get)(&value);
             EXPECT_EQ(value, good);
         }
-        for (const std::int32_t bad : {-2, most + 1, least == 0 ? kLargest : least - 1})
+        for (const std::int32_t bad : {-2, most + 1, least == 0 ? INT32_MAX : least - 1})
             EXPECT_EQ((s2.get()->*put)(bad), status::kInvalidArgument) << bad;
         (s2.get()->*get)(&value);
         EXPECT_EQ(value, most) << "what is refused changes nothing";

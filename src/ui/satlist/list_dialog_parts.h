@@ -21,6 +21,10 @@ Bstr toBstr(const QString& text);
 /// Names a control after its identifier.
 void identify(QWidget* control, int id);
 
+/// The ids of the buttons that end either dialog.
+constexpr int kOk = 1;
+constexpr int kCancel = 2;
+
 /// A button that is not pressed by Enter in another control.
 QPushButton* button(const QString& text, int id, QWidget* parent);
 

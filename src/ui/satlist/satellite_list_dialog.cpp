@@ -23,8 +23,6 @@ namespace tessaview {
 
 namespace {
 
-constexpr int kOk = 1;
-constexpr int kCancel = 2;
 /// Where a system that has initial tuning files keeps them.
 constexpr const char* kScanTables = "/usr/share/dvb/dvb-s";
 

@@ -23,7 +23,6 @@ namespace tessaview {
 
 namespace {
 
-constexpr int kOk = 1;
 
 template <std::size_t N>
 QComboBox* choice(int id, const std::array<const char*, N>& texts)
