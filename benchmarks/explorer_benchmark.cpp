@@ -1,5 +1,5 @@
-#include "explorer/tree.h"
-#include "explorer/value_row.h"
+#include "tree/tree.h"
+#include "tree/value_row.h"
 #include "model/network_map.h"
 #include "tools/multiplex/descriptors.h"
 #include "tools/multiplex/sections.h"

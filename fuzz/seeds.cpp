@@ -160,6 +160,7 @@ int main(int argc, char** argv)
     write(folder / "ait_descriptors", applicationDescriptors);
     write(folder / "capture", captures(tables));
     write(folder / "collector", collected(tables));
+    write(folder / "tree", collected(tables));
     write(folder / "settings", settings());
     return 0;
 }

@@ -4,8 +4,8 @@
 
 #include "acquisition/reader.h"
 #include "drivers/common/table_ids.h"
-#include "explorer/tree_walk.h"
-#include "explorer/value_row.h"
+#include "tree/tree_walk.h"
+#include "tree/value_row.h"
 #include "fuzz/table_harness.h"
 #include "log/log_line.h"
 #include "tests/support/scripted_driver.h"

@@ -1,7 +1,7 @@
 # Debian packages that the scripts need, installed when they are missing. Sourced, not run.
 
 BUILD_PACKAGES=(g++ cmake ninja-build ccache git pkg-config nlohmann-json3-dev libcli11-dev
-                libisal-dev libpugixml-dev libsqlite3-dev qt6-base-dev libgl1-mesa-dev
+                libisal-dev libpugixml-dev libsqlite3-dev qt6-base-dev qt6-svg-dev libgl1-mesa-dev
                 fonts-dejavu-core)
 TEST_PACKAGES=(libgtest-dev libgmock-dev clang-14 libclang-rt-14-dev llvm-14 xvfb openbox xdotool)
 CHECK_PACKAGES=(clang-format-14 clang-tidy-14)

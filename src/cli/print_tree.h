@@ -1,7 +1,7 @@
 #pragma once
 
 #include "cli/options.h"
-#include "explorer/tree_walk.h"
+#include "tree/tree_walk.h"
 
 #include <ostream>
 

@@ -7,7 +7,7 @@
 #include "cli/run_scan.h"
 #include "cli/satellites.h"
 #include "driver/driver_session.h"
-#include "explorer/tree.h"
+#include "tree/tree.h"
 #include "log/log_file.h"
 #include "platform/paths.h"
 #include "platform/settings.h"

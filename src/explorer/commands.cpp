@@ -1,7 +1,7 @@
 #include "explorer/commands.h"
 
 #include "explorer/driver_monitor.h"
-#include "explorer/value_row.h"
+#include "tree/value_row.h"
 
 #include <algorithm>
 #include <stdexcept>
@@ -100,14 +100,14 @@ constexpr MenuLine kToolbar[] = {
     item(Command::About)};
 
 constexpr ContextItem kTransportStreamItems[] = {
-    {"EMM Streaming ...", 32781}, {"ECM streaming ...", 32783}, {"EMM+ECM streaming ...", 32782}};
+    {"EMM Streaming ..."}, {"ECM streaming ..."}, {"EMM+ECM streaming ..."}};
 constexpr ContextItem kProgramItems[] = {
-    {"ECM streaming...", 32784}, {"Video streaming...", 32795}, {"Audio streaming...", 32796},
-    {"Private section streaming...", 32797}};
-constexpr ContextItem kSatelliteItems[] = {{"Set tuner...", 32801, TunerType::Satellite}};
-constexpr ContextItem kCableItems[] = {{"Set tuner...", 32785, TunerType::Cable}};
-constexpr ContextItem kTerrestrialItems[] = {{"Set tuner...", 32786, TunerType::Terrestrial}};
-constexpr ContextItem kPidItems[] = {{"PID streaming...", kPidStreamingCommand}};
+    {"ECM streaming..."}, {"Video streaming..."}, {"Audio streaming..."},
+    {"Private section streaming..."}};
+constexpr ContextItem kSatelliteItems[] = {{"Set tuner...", TunerType::Satellite}};
+constexpr ContextItem kCableItems[] = {{"Set tuner...", TunerType::Cable}};
+constexpr ContextItem kTerrestrialItems[] = {{"Set tuner...", TunerType::Terrestrial}};
+constexpr ContextItem kPidItems[] = {{"PID streaming..."}};
 // clang-format on
 
 } // namespace

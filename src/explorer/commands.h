@@ -1,7 +1,7 @@
 #pragma once
 
 #include "driver/tuner_driver.h"
-#include "explorer/node_kind.h"
+#include "tree/node_kind.h"
 
 #include <array>
 #include <cstdint>
@@ -109,7 +109,6 @@ std::span<const MenuLine> toolbar();
 /// An item of a context menu.
 struct ContextItem {
     std::string_view text;
-    std::uint16_t id; ///< means something in its menu only
     /// The tuner that "Set tuner..." needs; nothing handles the other items.
     TunerType tuner = {};
 };

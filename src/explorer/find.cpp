@@ -1,6 +1,6 @@
 #include "explorer/find.h"
 
-#include "explorer/value_row.h"
+#include "tree/value_row.h"
 
 #include <algorithm>
 #include <limits>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "explorer/tree.h"
-#include "explorer/value_row.h"
+#include "tree/tree.h"
+#include "tree/value_row.h"
 
 #include <cstddef>
 #include <cstdint>

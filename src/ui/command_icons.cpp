@@ -1,147 +1,62 @@
 #include "ui/command_icons.h"
 
-#include <algorithm>
-
+#include <QFile>
 #include <QGuiApplication>
 #include <QIconEngine>
 #include <QPainter>
-#include <QPainterPath>
 #include <QPalette>
+#include <QSvgRenderer>
+
+// The linker leaves out the resources of a library of which nothing is asked for.
+static void initIcons()
+{
+    Q_INIT_RESOURCE(icons);
+}
 
 namespace tessaview {
 
 namespace {
 
-// Each draws on a field of kCommandIconSize; the pen is set.
-using Drawing = void (*)(QPainter&);
-
-constexpr qreal kRight = 16;
-
-QPolygonF sheet(qreal left, qreal top, qreal width, qreal height)
-{
-    const qreal corner = 3;
-    return QPolygonF({{left, top},
-                      {left + width - corner, top},
-                      {left + width, top + corner},
-                      {left + width, top + height},
-                      {left, top + height}});
-}
-
-void drawSheet(QPainter& painter)
-{
-    painter.drawPolygon(sheet(3.5, 1.5, 9, 12));
-    painter.drawPolyline(QPolygonF({{9.5, 1.5}, {9.5, 4.5}, {12.5, 4.5}}));
-}
-
-void drawFolder(QPainter& painter)
-{
-    painter.drawPolyline(
-        QPolygonF({{1.5, 12.5}, {1.5, 3.5}, {5.5, 3.5}, {7.5, 5.5}, {12.5, 5.5}, {12.5, 7.5}}));
-    painter.drawPolygon(QPolygonF({{1.5, 12.5}, {4.5, 7.5}, {15, 7.5}, {12.5, 12.5}}));
-}
-
-void drawDisk(QPainter& painter)
-{
-    painter.drawPolygon(
-        QPolygonF({{2.5, 1.5}, {11.5, 1.5}, {13.5, 3.5}, {13.5, 13.5}, {2.5, 13.5}}));
-    painter.drawRect(QRectF(5.5, 1.5, 5, 3));
-    painter.drawRect(QRectF(4.5, 8.5, 7, 5));
-}
-
-void drawScissors(QPainter& painter)
-{
-    painter.drawLine(QPointF(5, 1.5), QPointF(10, 10));
-    painter.drawLine(QPointF(11, 1.5), QPointF(6, 10));
-    painter.drawEllipse(QRectF(3, 9.5, 4, 4));
-    painter.drawEllipse(QRectF(9, 9.5, 4, 4));
-}
-
-void drawTwoSheets(QPainter& painter)
-{
-    painter.drawPolyline(QPolygonF({{10.5, 3}, {10.5, 1.5}, {2.5, 1.5}, {2.5, 10.5}, {5, 10.5}}));
-    painter.drawPolygon(sheet(5.5, 4.5, 8, 9));
-}
-
-void drawClipboard(QPainter& painter)
-{
-    painter.drawRect(QRectF(2.5, 2.5, 11, 11));
-    painter.drawRect(QRectF(5.5, 1, 5, 3));
-    for (const qreal y : {6.5, 8.5, 10.5})
-        painter.drawLine(QPointF(5, y), QPointF(11, y));
-}
-
-void drawPrinter(QPainter& painter)
-{
-    painter.drawPolyline(QPolygonF({{4.5, 5.5}, {4.5, 1.5}, {11.5, 1.5}, {11.5, 5.5}}));
-    painter.drawRect(QRectF(1.5, 5.5, 13, 5));
-    painter.drawRect(QRectF(4.5, 9, 7, 4.5));
-}
-
-void drawQuestion(QPainter& painter)
-{
-    painter.drawEllipse(QRectF(2, 1, 12, 12));
-    QPainterPath hook(QPointF(6, 5.5));
-    hook.cubicTo(6, 2.5, 10.2, 3, 10, 5.4);
-    hook.cubicTo(9.8, 6.8, 8, 6.8, 8, 8.5);
-    painter.drawPath(hook);
-    painter.drawPoint(QPointF(8, 10.5));
-}
-
-void drawUp(QPainter& painter)
-{
-    painter.drawPolyline(QPolygonF({{4, 9.5}, {8, 5.5}, {12, 9.5}}));
-}
-
-void drawDown(QPainter& painter)
-{
-    painter.drawPolyline(QPolygonF({{4, 5.5}, {8, 9.5}, {12, 5.5}}));
-}
-
-Drawing drawingOf(Command command)
+const char* imageOf(Command command)
 {
     switch (command) {
     case Command::FileNew:
-        return drawSheet;
+        return "new";
     case Command::FileOpen:
-        return drawFolder;
+        return "open";
     case Command::FileSave:
-        return drawDisk;
+        return "save";
     case Command::Cut:
-        return drawScissors;
+        return "cut";
     case Command::Copy:
-        return drawTwoSheets;
+        return "copy";
     case Command::Paste:
-        return drawClipboard;
+        return "paste";
     case Command::FilePrint:
-        return drawPrinter;
+        return "print";
     case Command::About:
-        return drawQuestion;
+        return "about";
     case Command::FindNext:
-        return drawDown;
+        return "down";
     case Command::FindPrevious:
-        return drawUp;
+        return "up";
     default:
         return nullptr;
     }
 }
 
+/// Draws an image of black lines in the colour that the palette has for texts of buttons.
 class LineEngine : public QIconEngine {
 public:
-    explicit LineEngine(Drawing drawing) : drawing_(drawing) {}
+    explicit LineEngine(QByteArray image) : image_(std::move(image)) {}
 
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override
     {
         const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
-        painter->save();
-        painter->setRenderHint(QPainter::Antialiasing);
-        const qreal scale =
-            std::min(rect.width() / kRight, rect.height() / qreal(kCommandIconSize.height()));
-        painter->translate(rect.topLeft());
-        painter->scale(scale, scale);
-        painter->setPen(QPen(QGuiApplication::palette().color(group, QPalette::ButtonText), 1.2,
-                             Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-        drawing_(*painter);
-        painter->restore();
+        const QColor colour = QGuiApplication::palette().color(group, QPalette::ButtonText);
+        QSvgRenderer renderer(QByteArray(image_).replace("#000", colour.name().toLatin1()));
+        renderer.setAspectRatioMode(Qt::KeepAspectRatio);
+        renderer.render(painter, rect);
     }
 
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override
@@ -153,18 +68,24 @@ public:
         return image;
     }
 
-    QIconEngine* clone() const override { return new LineEngine(drawing_); }
+    QIconEngine* clone() const override { return new LineEngine(image_); }
 
 private:
-    Drawing drawing_;
+    QByteArray image_;
 };
 
 } // namespace
 
 QIcon commandIcon(Command command)
 {
-    const Drawing drawing = drawingOf(command);
-    return drawing ? QIcon(new LineEngine(drawing)) : QIcon();
+    const char* const name = imageOf(command);
+    if (!name)
+        return {};
+    initIcons();
+    QFile file(QStringLiteral(":/icons/%1.svg").arg(QLatin1String(name)));
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    return QIcon(new LineEngine(file.readAll()));
 }
 
 } // namespace tessaview

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "driver/tuner_driver.h"
-#include "explorer/tree.h"
+#include "tree/tree.h"
 
 #include <optional>
 

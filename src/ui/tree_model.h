@@ -1,6 +1,6 @@
 #pragma once
 
-#include "explorer/tree.h"
+#include "tree/tree.h"
 
 #include <QAbstractItemModel>
 

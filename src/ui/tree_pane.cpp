@@ -3,7 +3,6 @@
 #include "explorer/charset_settings.h"
 #include "explorer/copy_text.h"
 #include "explorer/find.h"
-#include "explorer/node_text.h"
 #include "log/log_file.h"
 #include "ui/focus_selection.h"
 #include "ui/message.h"
@@ -118,7 +117,7 @@ void CTransponderTableListPaneWnd::select(const NodeView& node)
 std::optional<std::uint32_t> CTransponderTableListPaneWnd::selectedNetwork() const
 {
     const auto node = selectedNode();
-    return node ? originalNetworkOf(*node) : std::nullopt;
+    return node ? node->originalNetworkId() : std::nullopt;
 }
 
 void CTransponderTableListPaneWnd::setCharsetPolicy(const CharsetPolicy& policy)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "explorer/value_row.h"
+#include "tree/value_row.h"
 
 #include <vector>
 

@@ -1,6 +1,6 @@
 #include "tests/explorer/built_model.h"
 
-#include "explorer/value_row.h"
+#include "tree/value_row.h"
 #include "tests/support/decoded_stream.h"
 #include "tools/multiplex/sections.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "explorer/tree.h"
+#include "tree/tree.h"
 #include "model/network_map.h"
 #include "tools/multiplex/bytes_writer.h"
 

@@ -1,7 +1,7 @@
 #include "explorer/find.h"
 
 #include "explorer/copy_text.h"
-#include "explorer/value_row.h"
+#include "tree/value_row.h"
 #include "tests/support/small_model.h"
 
 #include <string>

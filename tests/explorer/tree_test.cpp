@@ -1,4 +1,4 @@
-#include "explorer/tree.h"
+#include "tree/tree.h"
 
 #include "tests/explorer/built_model.h"
 #include "tests/support/no_memory.h"

@@ -1,4 +1,4 @@
-#include "explorer/value_row.h"
+#include "tree/value_row.h"
 
 #include "tests/explorer/built_model.h"
 #include "tests/support/bytes.h"

@@ -16,5 +16,6 @@ const char* contentGenreText(int level1, int level2);
 const char* hierarchyTypeText(int hierarchy_type);
 const char* alignmentTypeText(int alignment_type);
 const char* codingTypeText(int coding_type);
+const char* streamTypeText(int stream_type);
 
 } // namespace lib13818
