@@ -7,8 +7,8 @@
 
 namespace test {
 
-/// While it lives there is no memory for blocks of so many bytes and more. Replaces the operators
-/// of the program, so one file of it includes this.
+/// While it lives there is no memory for the next block of so many bytes or more, but again for
+/// those after it. Replaces the operators of the program, so one file of it includes this.
 class NoMemory {
 public:
     explicit NoMemory(std::size_t bytes) { limit = bytes; }
@@ -16,6 +16,15 @@ public:
     NoMemory& operator=(const NoMemory&) = delete;
     ~NoMemory() { limit = SIZE_MAX; }
 
+    static bool refuses(std::size_t bytes)
+    {
+        const bool isTooMuch = bytes >= limit;
+        if (isTooMuch)
+            limit = SIZE_MAX;
+        return isTooMuch;
+    }
+
+private:
     static inline thread_local std::size_t limit = SIZE_MAX;
 };
 
@@ -24,7 +33,7 @@ public:
 // Not inlined: compilers take malloc and delete, or new and free, side by side for a mistake.
 [[gnu::noinline]] void* operator new(std::size_t bytes)
 {
-    void* const block = bytes < test::NoMemory::limit ? std::malloc(bytes) : nullptr;
+    void* const block = test::NoMemory::refuses(bytes) ? nullptr : std::malloc(bytes);
     return block ? block : throw std::bad_alloc();
 }
 [[gnu::noinline]] void operator delete(void* block) noexcept
