@@ -21,8 +21,6 @@ CHexView::CHexView(QWidget* parent)
     : QAbstractScrollArea(parent)
     , copyAll_(new QAction(QStringLiteral("&Copy all rows"), this))
 {
-    // At first, before anything asks for the interface of this view; once for all of them.
-    QAccessible::installFactory(makeHexText);
     setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     setFocusPolicy(Qt::StrongFocus);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
