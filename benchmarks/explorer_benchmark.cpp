@@ -1,8 +1,8 @@
-#include "tree/tree.h"
-#include "tree/value_row.h"
 #include "model/network_map.h"
 #include "tools/multiplex/descriptors.h"
 #include "tools/multiplex/sections.h"
+#include "tree/tree.h"
+#include "tree/value_row.h"
 
 #include <benchmark/benchmark.h>
 #include <cstddef>

@@ -4,11 +4,11 @@
 
 #include "acquisition/reader.h"
 #include "drivers/common/table_ids.h"
-#include "tree/tree_walk.h"
-#include "tree/value_row.h"
 #include "fuzz/table_harness.h"
 #include "log/log_line.h"
 #include "tests/support/scripted_driver.h"
+#include "tree/tree_walk.h"
+#include "tree/value_row.h"
 
 namespace {
 

@@ -7,11 +7,11 @@
 #include "cli/run_scan.h"
 #include "cli/satellites.h"
 #include "driver/driver_session.h"
-#include "tree/tree.h"
 #include "log/log_file.h"
 #include "platform/paths.h"
 #include "platform/settings.h"
 #include "si/texts/registries.h"
+#include "tree/tree.h"
 #include "tuning/parse_tuning.h"
 
 #include <filesystem>

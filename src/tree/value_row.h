@@ -18,7 +18,6 @@ enum class RowItem : std::uint8_t {
     Pid    ///< it has the menu of a PID
 };
 
-
 /// One row of the value pane.
 struct ValueRow {
     std::string_view name; ///< as stored

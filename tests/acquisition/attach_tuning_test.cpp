@@ -76,7 +76,8 @@ TEST_F(TuningOfStream, isTheTunersOwnWhenTheNitHasNone)
 
 TEST_F(TuningOfStream, ofTwoEntriesIsThatOfTheFirst)
 {
-    EXPECT_EQ(attach(1, {{0x0451, 1, {}}, {0x0451, 1, {kSatelliteEntry}}}), "0451 - 12700U 1/2 22000");
+    EXPECT_EQ(attach(1, {{0x0451, 1, {}}, {0x0451, 1, {kSatelliteEntry}}}),
+              "0451 - 12700U 1/2 22000");
 }
 
 TEST_F(TuningOfStream, isThatOfTheLowestNetworkAndSection)

@@ -1,8 +1,8 @@
 #include "tests/explorer/built_model.h"
 
-#include "tree/value_row.h"
 #include "tests/support/decoded_stream.h"
 #include "tools/multiplex/sections.h"
+#include "tree/value_row.h"
 
 #include <utility>
 

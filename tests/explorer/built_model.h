@@ -1,8 +1,8 @@
 #pragma once
 
-#include "tree/tree.h"
 #include "model/network_map.h"
 #include "tools/multiplex/bytes_writer.h"
+#include "tree/tree.h"
 
 #include <initializer_list>
 #include <string>

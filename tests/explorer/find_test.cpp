@@ -1,8 +1,8 @@
 #include "explorer/find.h"
 
 #include "explorer/copy_text.h"
-#include "tree/value_row.h"
 #include "tests/support/small_model.h"
+#include "tree/value_row.h"
 
 #include <string>
 

@@ -42,7 +42,7 @@ Bytes schedulePart(unsigned number, unsigned lastTable = 0x50, unsigned table = 
 class SectionReading : public ::testing::Test {
 protected:
     Answers read(const std::vector<TableRequest>& requests,
-                     const tessaview::StopRequested& stop = {})
+                 const tessaview::StopRequested& stop = {})
     {
         return tessaview::readTables(kernel_, "adapter0/demux0", requests, {30s, 120s}, stop);
     }

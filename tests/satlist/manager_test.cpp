@@ -14,7 +14,6 @@ using testing::IsEmpty;
 
 namespace {
 
-
 TEST(SatListManager, keepsCopiesSoThatAChangeReachesTheListOnlyWhenPut)
 {
     const LoadedManager manager;

@@ -23,7 +23,6 @@ namespace tessaview {
 
 namespace {
 
-
 template <std::size_t N>
 QComboBox* choice(int id, const std::array<const char*, N>& texts)
 {
