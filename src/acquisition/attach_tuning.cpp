@@ -1,6 +1,6 @@
 #include "acquisition/attach_tuning.h"
 
-#include "acquisition/scan_report.h"
+#include "log/report.h"
 
 #include <utility>
 

@@ -1,13 +1,13 @@
 #include "acquisition/reader.h"
 
 #include "acquisition/attach_tuning.h"
-#include "acquisition/scan_report.h"
 #include "acquisition/section_batch.h"
 #include "acquisition/section_decoding.h"
 #include "acquisition/stream_identity.h"
 #include "acquisition/table_requests.h"
 #include "log/log_file.h"
 #include "log/output.h"
+#include "log/report.h"
 #include "platform/format.h"
 
 #include <optional>

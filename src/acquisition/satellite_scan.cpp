@@ -1,6 +1,6 @@
-#include "acquisition/scan_report.h"
 #include "acquisition/scanner.h"
 #include "log/output.h"
+#include "log/report.h"
 #include "satlist/list_access.h"
 #include "tuning/tuning_text.h"
 

@@ -1,10 +1,10 @@
 #include "acquisition/scanner.h"
 
-#include "acquisition/scan_report.h"
 #include "acquisition/section_batch.h"
 #include "acquisition/section_decoding.h"
 #include "acquisition/table_requests.h"
 #include "log/output.h"
+#include "log/report.h"
 #include "platform/format.h"
 #include "tuning/tuning_text.h"
 

@@ -1,7 +1,7 @@
 #include "acquisition/section_batch.h"
 
-#include "acquisition/scan_report.h"
 #include "component/task_memory.h"
+#include "log/report.h"
 
 namespace tessaview {
 

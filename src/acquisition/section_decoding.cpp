@@ -1,6 +1,6 @@
 #include "acquisition/section_decoding.h"
 
-#include "acquisition/scan_report.h"
+#include "log/report.h"
 #include "platform/format.h"
 
 #include <functional>

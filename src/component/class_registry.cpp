@@ -71,7 +71,7 @@ ComponentClass parsedManifest(const std::filesystem::path& file)
             .name = textOf(manifest, "name"),
             .categories = categoriesOf(manifest),
             .readsFiles = manifest.value("readsFiles", Json()) == true,
-            .library = (path.parent_path() / textOf(manifest, "library")).lexically_normal(),
+            .libraryFile = (path.parent_path() / textOf(manifest, "library")).lexically_normal(),
             .manifest = path};
 }
 
@@ -172,17 +172,17 @@ Status ClassRegistry::createInstance(const Guid& clsid, const Guid& iid, void** 
         return status::kClassNotRegistered;
     }
     Status result = status::kOk;
-    const EntryPoint enter = entryPointOf(found->library, reason, result);
+    const EntryPoint enter = entryPointOf(found->libraryFile, reason, result);
     if (!enter)
         return result;
     void* created = nullptr;
     result = guarded([&] { return enter(&clsid, &iid, &created); });
     if (failed(result)) {
-        reason = found->library.string() + " did not create an object";
+        reason = found->libraryFile.string() + " did not create an object";
         return result;
     }
     if (!created) {
-        reason = found->library.string() + " reported success without creating an object";
+        reason = found->libraryFile.string() + " reported success without creating an object";
         return status::kUnexpected;
     }
     *object = created;

@@ -72,6 +72,7 @@ struct CommandInfo {
     std::string_view tip = {};
     std::array<std::string_view, 2> keys = {}; ///< the first is shown in the menu
     bool isCheckable = false;
+    const char* icon = nullptr; ///< the name of its image; null for a command without one
 };
 
 std::span<const CommandInfo> commands();

@@ -3,6 +3,7 @@
 #include "charset/display_text.h"
 #include "export/database_export.h"
 #include "model/service_entry.h"
+#include "platform/format.h"
 #include "si/texts/registries.h"
 
 #include <algorithm>
@@ -59,6 +60,15 @@ void writeAccess(TableWriter& table, const ColumnValue& owner,
                    {"CA_PID", access.CA_PID},
                    {"PRIVATEBYTES", privateBytes}});
     }
+}
+
+int firstPid(const lib13818::Pmt* pmt, int type, int otherType)
+{
+    if (pmt)
+        for (const lib13818::StreamInfo& stream : pmt->streams)
+            if (stream.stream_type == type || stream.stream_type == otherType)
+                return stream.elementary_PID;
+    return kNoPid;
 }
 
 } // namespace
@@ -123,6 +133,22 @@ void TransponderExport::writeService(std::int64_t transponderId, const CharsetRu
     writeAccess(ecms_, {"SERVICE_ID", id}, pmt->descriptors);
     for (const lib13818::StreamInfo& stream : pmt->streams)
         writeAccess(ecms_, {"SERVICE_ID", id}, stream.descriptors);
+}
+
+int FirstVideoPid(const lib13818::Pmt* pmt)
+{
+    return firstPid(pmt, 1, 2);
+}
+
+int FirstAudioPid(const lib13818::Pmt* pmt)
+{
+    return firstPid(pmt, 3, 4);
+}
+
+std::string FormatPrivateBytes(std::span<const std::uint8_t> bytes)
+{
+    constexpr std::size_t kMostBytes = (256 - 1) / 3; // what a buffer of 256 characters holds
+    return hexList(bytes, kMostBytes);
 }
 
 } // namespace tessaview

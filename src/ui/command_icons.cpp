@@ -17,34 +17,6 @@ namespace tessaview {
 
 namespace {
 
-const char* imageOf(Command command)
-{
-    switch (command) {
-    case Command::FileNew:
-        return "new";
-    case Command::FileOpen:
-        return "open";
-    case Command::FileSave:
-        return "save";
-    case Command::Cut:
-        return "cut";
-    case Command::Copy:
-        return "copy";
-    case Command::Paste:
-        return "paste";
-    case Command::FilePrint:
-        return "print";
-    case Command::About:
-        return "about";
-    case Command::FindNext:
-        return "down";
-    case Command::FindPrevious:
-        return "up";
-    default:
-        return nullptr;
-    }
-}
-
 /// Draws an image of black lines in the colour that the palette has for texts of buttons.
 class LineEngine : public QIconEngine {
 public:
@@ -78,7 +50,7 @@ private:
 
 QIcon commandIcon(Command command)
 {
-    const char* const name = imageOf(command);
+    const char* const name = commandInfo(command).icon;
     if (!name)
         return {};
     initIcons();

@@ -1,7 +1,7 @@
 #include "tree/tree.h"
 
-#include "tests/explorer/built_model.h"
 #include "tests/support/no_memory.h"
+#include "tests/tree/built_model.h"
 #include "tools/multiplex/descriptors.h"
 #include "tools/multiplex/sections.h"
 

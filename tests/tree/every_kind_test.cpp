@@ -1,6 +1,6 @@
-#include "tests/explorer/built_model.h"
 #include "tests/support/bytes.h"
 #include "tests/support/worked_cases.h"
+#include "tests/tree/built_model.h"
 #include "tools/multiplex/descriptors.h"
 #include "tools/multiplex/sections.h"
 
@@ -65,5 +65,5 @@ std::vector<Bytes> everySection()
 TEST(EveryKind, showsItsNodesAndFields)
 {
     const BuiltModel built(everySection());
-    expectText("explorer/every_kind.txt", valuesText(built.tree.root()));
+    expectText("tree/every_kind.txt", valuesText(built.tree.root()));
 }

@@ -1,7 +1,7 @@
 #include "tree/value_row.h"
 
-#include "tests/explorer/built_model.h"
 #include "tests/support/bytes.h"
+#include "tests/tree/built_model.h"
 #include "tools/multiplex/descriptors.h"
 #include "tools/multiplex/sections.h"
 

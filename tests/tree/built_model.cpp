@@ -1,4 +1,4 @@
-#include "tests/explorer/built_model.h"
+#include "tests/tree/built_model.h"
 
 #include "tests/support/decoded_stream.h"
 #include "tools/multiplex/sections.h"

@@ -1,4 +1,4 @@
-#include "acquisition/scan_report.h"
+#include "log/report.h"
 
 #include "log/output.h"
 #include "platform/format.h"
