@@ -14,7 +14,7 @@ std::string rowsText(std::span<const ValueRow> rows)
     for (const ValueRow& row : rows) {
         text += row.name;
         text += '\t';
-        text += row.data;
+        text += dataText(row);
         text += '\n';
     }
     return text;

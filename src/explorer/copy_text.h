@@ -11,7 +11,7 @@ namespace tessaview {
 /// The labels from the root to a node: "ALL NETWORKS > 0001 - ... > PAT".
 std::string pathText(const NodeView& node);
 
-/// One line per row, name and data with a tab between, as spreadsheets take them.
+/// One line per row, name and all data with a tab between, as spreadsheets take them.
 std::string rowsText(std::span<const ValueRow> rows);
 
 } // namespace tessaview

@@ -1,5 +1,6 @@
 #include "tree/value_row.h"
 
+#include "platform/format.h"
 #include "tree/tree.h"
 
 namespace tessaview {
@@ -19,6 +20,11 @@ std::vector<ValueRow> valueRows(const NodeView& node)
         if (row.remark.empty() && !row.broadcast.text.empty())
             row.remark = charsetRemark(row.broadcast, node.charsetRule());
     return rows;
+}
+
+std::string dataText(const ValueRow& row)
+{
+    return row.item == RowItem::Bytes ? hexList(row.bytes, row.bytes.size()) : row.data;
 }
 
 } // namespace tessaview

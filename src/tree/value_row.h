@@ -26,7 +26,8 @@ struct ValueRow {
     std::vector<std::uint8_t> bytes = {}; ///< of a Bytes row, all of them
     int pid = 0;                          ///< of a Pid row
     BroadcastText broadcast = {}; ///< what the data was read from, if it was; as long as its node
-    /// For a tooltip: which character table a text was read with, and why.
+    /// For a tooltip: which character table a text was read with, and why. Of a Bytes row that
+    /// shows only the first of its bytes: how many they are.
     std::string remark = {};
 };
 
@@ -34,5 +35,8 @@ struct ValueRow {
 std::vector<ValueRow> valueRows(const NodeView& node);
 /// The same in place of what is in `rows`, without the remarks on texts: for all nodes at once.
 void fillRows(const NodeView& node, std::vector<ValueRow>& rows);
+
+/// The data of a row as it is shown, but all bytes of a row that shows only the first of them.
+std::string dataText(const ValueRow& row);
 
 } // namespace tessaview

@@ -48,6 +48,8 @@ QVariant ValueModel::data(const QModelIndex& index, int role) const
         return toQString(index.column() == kName ? row.name : std::string_view(row.data));
     if (role == Qt::ToolTipRole && index.column() == kData && !row.data.empty())
         return toolTip(row);
+    if (role == Qt::AccessibleDescriptionRole && index.column() == kData)
+        return toQString(row.remark);
     return {};
 }
 

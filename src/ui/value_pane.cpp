@@ -16,6 +16,7 @@
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QMenu>
+#include <QStyledItemDelegate>
 
 namespace tessaview {
 
@@ -29,6 +30,22 @@ void copyText(const QString& text)
     QGuiApplication::clipboard()->setText(text);
 }
 
+/// Draws the data of rows, and behind bytes that are only the first of more how many there are.
+class DataDelegate : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        const auto& model = static_cast<const ValueModel&>(*index.model());
+        const ValueRow& row = model.rows()[static_cast<std::size_t>(index.row())];
+        if (row.item == RowItem::Bytes && !row.remark.empty())
+            option->text += QLatin1Char(' ') + toQString(row.remark);
+    }
+};
+
 } // namespace
 
 CTransponderValuePaneWnd::CTransponderValuePaneWnd(QWidget* parent)
@@ -39,6 +56,7 @@ CTransponderValuePaneWnd::CTransponderValuePaneWnd(QWidget* parent)
     , copyAllRows_(new QAction(QStringLiteral("Copy &all rows"), this))
 {
     setModel(model_);
+    setItemDelegateForColumn(ValueModel::kData, new DataDelegate(this));
     setRootIsDecorated(false);
     setItemsExpandable(false);
     setUniformRowHeights(true);
@@ -174,7 +192,7 @@ QMenu* CTransponderValuePaneWnd::contextMenu()
 void CTransponderValuePaneWnd::copyValue() const
 {
     if (const auto row = selectedRow())
-        copyText(toQString(model_->rows()[*row].data));
+        copyText(toQString(dataText(model_->rows()[*row])));
 }
 
 void CTransponderValuePaneWnd::copyRow() const

@@ -42,6 +42,8 @@ TEST(ValueRows, showTheFirstHundredBytesAndKeepAll)
         hundred += " A5";
     EXPECT_EQ(rows[4].data, hundred);
     EXPECT_EQ(Bytes(rows[4].bytes.begin(), rows[4].bytes.end()), privateData);
+    EXPECT_EQ(rows[4].remark, "… 150 bytes");
+    EXPECT_EQ(tessaview::dataText(rows[4]).size(), 3 * 150U - 1) << "copied whole";
 }
 
 TEST(ValueRows, readTextsByTheRuleOfTheirNetwork)

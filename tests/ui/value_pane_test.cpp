@@ -82,6 +82,8 @@ TEST_F(ValuePane, showsTheBytesOfARowInFull)
     const auto& row = frame->valuePane().valueModel().rows().at(kPrivateBytes);
     EXPECT_EQ(row.data.size(), 299U) << "a hundred bytes";
     frame->valuePane().selectRow(kPrivateBytes);
+    frame->valuePane().copyValue();
+    EXPECT_EQ(QApplication::clipboard()->text().size(), 449) << "all of them";
     EXPECT_EQ(frame->outputBar().hexView().bytes().size(), 150U);
     frame->valuePane().selectRow(0);
     EXPECT_EQ(frame->outputBar().hexView().bytes().size(), 150U) << "kept until others come";

@@ -90,6 +90,8 @@ void fillBytes(std::span<const std::uint8_t> bytes, ValueRow& row)
     row.data = hexList(bytes, kMostBytes);
     row.item = RowItem::Bytes;
     row.bytes.assign(bytes.begin(), bytes.end());
+    if (bytes.size() > kMostBytes)
+        row.remark = "… " + std::to_string(bytes.size()) + " bytes";
 }
 
 void fillPid(int pid, ValueRow& row)
