@@ -95,6 +95,13 @@ TEST_F(ExportDialogs, exportToTheFileThatWasChosen)
                   "old file away first.\nSource: File system");
     EXPECT_TRUE(dialog.isVisible());
     EXPECT_FALSE(outcome());
+    EXPECT_EQ(QApplication::focusWidget(), buttonOf(dialog, "Browse..."));
+
+    messages.answer = QMessageBox::No;
+    dialog.answer = QString::fromStdString((folder / "<b>ä").string());
+    QTest::mouseClick(buttonOf(dialog, "Browse..."), Qt::LeftButton);
+    EXPECT_THAT(messages.texts.back(), testing::HasSubstr("never replaces a file"));
+    EXPECT_EQ(edit->text().toStdString(), file.string()) << "with the ending that it lacked";
     QTest::mouseClick(buttonOf(dialog, "Cancel"), Qt::LeftButton);
     EXPECT_FALSE(dialog.isVisible());
 }

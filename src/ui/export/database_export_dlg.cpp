@@ -7,6 +7,7 @@
 
 #include <QFile>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -20,7 +21,9 @@ CDatabaseExportDlg::CDatabaseExportDlg(QWidget* parent, const NetworkMap& model,
     , model_(model)
     , charsets_(std::move(charsets))
     , edit_(new QLineEdit)
+    , browseButton_(new QPushButton("Browse..."))
     , exportButton_(new QPushButton("Export..."))
+    , cancelButton_(new QPushButton("Cancel"))
     , outcome_(new QLabel)
 {
     setWindowTitle("Database export");
@@ -29,37 +32,51 @@ CDatabaseExportDlg::CDatabaseExportDlg(QWidget* parent, const NetworkMap& model,
     edit_->setReadOnly(true); // the path comes from the file dialog alone
     edit_->setPlaceholderText("No file chosen");
     edit_->setMinimumWidth(edit_->fontMetrics().averageCharWidth() * 50);
-    auto* const browseButton = new QPushButton("Browse...");
-    auto* const cancelButton = new QPushButton("Cancel");
     outcome_->setTextInteractionFlags(Qt::TextSelectableByMouse);
 
     auto* const layout = new QGridLayout(this);
     layout->addWidget(label, 0, 0);
     layout->addWidget(edit_, 0, 1, 1, 2);
-    layout->addWidget(browseButton, 0, 3);
+    layout->addWidget(browseButton_, 0, 3);
     layout->addWidget(outcome_, 1, 0, 1, 2);
     layout->addWidget(exportButton_, 1, 2);
-    layout->addWidget(cancelButton, 1, 3);
+    layout->addWidget(cancelButton_, 1, 3);
     layout->setColumnStretch(1, 1);
 
-    connect(browseButton, &QPushButton::clicked, this, &CDatabaseExportDlg::browse);
+    connect(browseButton_, &QPushButton::clicked, this, &CDatabaseExportDlg::browse);
     connect(exportButton_, &QPushButton::clicked, this, &CDatabaseExportDlg::exportModel);
-    connect(cancelButton, &QPushButton::clicked, this, &CDatabaseExportDlg::reject);
+    connect(cancelButton_, &QPushButton::clicked, this, &CDatabaseExportDlg::reject);
     exportButton_->setDefault(true); // takes effect in the dialog only
-    browseButton->setFocus();
+    browseButton_->setFocus();
 }
 
 QString CDatabaseExportDlg::chooseFile(const QString& path)
 {
     return QFileDialog::getSaveFileName(this, "Save As", path,
-                                        "SQLite databases (*.sqlite *.db);;All files (*)");
+                                        "SQLite databases (*.sqlite *.db);;All files (*)", nullptr,
+                                        QFileDialog::DontConfirmOverwrite);
+}
+
+/// An export writes no file that is there: whoever chooses one is not asked whether it may go.
+bool CDatabaseExportDlg::isAnotherWanted(const QString& path)
+{
+    return ask(this, QMessageBox::Question,
+               QStringLiteral("%1 exists already, and an export never replaces a file.\n"
+                              "Do you want to choose another name ?")
+                   .arg(path),
+               QMessageBox::Yes | QMessageBox::No, QMessageBox::Yes) == QMessageBox::Yes;
 }
 
 void CDatabaseExportDlg::browse()
 {
-    const QString chosen = chooseFile(path_);
-    if (chosen.isEmpty())
-        return;
+    QString chosen = path_;
+    do {
+        chosen = chooseFile(chosen);
+        if (chosen.isEmpty())
+            return;
+        if (QFileInfo(chosen).suffix().isEmpty())
+            chosen += ".sqlite";
+    } while (QFileInfo::exists(chosen) && isAnotherWanted(chosen));
     path_ = chosen;
     edit_->setText(path_);
     outcome_->clear();
@@ -75,8 +92,13 @@ void CDatabaseExportDlg::exportModel()
     outcome_->clear();
     CExportProgressDlg progress(this, model_, QFile::encodeName(path_).toStdString(), charsets_);
     progress.exec();
-    if (progress.hasExported())
+    activateWindow(); // the window that had the keys is gone
+    if (progress.hasExported()) {
         outcome_->setText("The database is written.");
+        cancelButton_->setFocus();
+    } else {
+        browseButton_->setFocus();
+    }
 }
 
 void runDatabaseExport(QWidget* parent, const NetworkMap& model, const CharsetPolicy& charsets)

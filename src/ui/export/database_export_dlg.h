@@ -26,13 +26,16 @@ protected:
 
 private:
     void browse();
+    bool isAnotherWanted(const QString& path);
     void exportModel();
 
     const NetworkMap& model_;
     CharsetPolicy charsets_;
     QString path_;
     QLineEdit* edit_;
+    QPushButton* browseButton_;
     QPushButton* exportButton_;
+    QPushButton* cancelButton_;
     QLabel* outcome_;
 };
 
