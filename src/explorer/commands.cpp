@@ -29,7 +29,7 @@ constexpr CommandInfo kCommands[] = {
     {Command::Cut, "Cu&t", Never, "Move the selection to the clipboard", "Cut", {"Ctrl+X", "Shift+Del"}, false, "cut"},
     {Command::Copy, "&Copy", Never, "Copy the selection to the clipboard", "Copy", {"Ctrl+C", "Ctrl+Ins"}, false, "copy"},
     {Command::Paste, "&Paste", Never, "Insert what is on the clipboard", "Paste", {"Ctrl+V", "Shift+Ins"}, false, "paste"},
-    {Command::Find, "&Find...", Always, "Look for a text in labels and values", "Find", {"Ctrl+F"}},
+    {Command::Find, "&Find...", Always, "Look for a text in labels, names and values", "Find", {"Ctrl+F"}},
     {Command::FindNext, "Find &next", Always, "Go to the next place where the text stands", "Find next", {"F3"}, false, "down"},
     {Command::FindPrevious, "Find p&revious", Always, "Go to the place before", "Find previous", {"Shift+F3"}, false, "up"},
     {Command::FilePrint, "&Print...", Never, "Print the active document", "Print", {}, false, "print"},

@@ -94,7 +94,7 @@ bool TreeSearch::findIn(NodeId id, std::size_t first, std::size_t last)
         fillRows(node, rows_);
         for (std::size_t i = 0; i < rows_.size(); ++i) {
             const std::size_t row = isForward ? i : rows_.size() - 1 - i;
-            if (isHit(row + 1, rows_[row].data))
+            if (isHit(row + 1, rows_[row].name) || isHit(row + 1, rows_[row].data))
                 return true;
         }
     }

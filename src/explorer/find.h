@@ -10,7 +10,7 @@
 
 namespace tessaview {
 
-/// A text of a tree: the label of a node or the data of one of its rows.
+/// A text of a tree: the label of a node, or one of its rows with its name and data.
 struct TreePlace {
     static constexpr std::size_t kLabel = 0;
 

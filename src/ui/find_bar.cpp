@@ -43,7 +43,7 @@ FindBar::FindBar(CTransponderTableListPaneWnd& treePane, CTransponderValuePaneWn
     , field_(new QLineEdit)
     , message_(new QLabel)
 {
-    field_->setPlaceholderText(QStringLiteral("Find in labels and values"));
+    field_->setPlaceholderText(QStringLiteral("Find in labels, names and values"));
     field_->setAccessibleName(field_->placeholderText());
     field_->setClearButtonEnabled(true);
     message_->setTextFormat(Qt::PlainText);
@@ -66,8 +66,10 @@ FindBar::FindBar(CTransponderTableListPaneWnd& treePane, CTransponderValuePaneWn
     connect(previous, &QToolButton::clicked, this, &FindBar::findPrevious);
     connect(next, &QToolButton::clicked, this, &FindBar::findNext);
     connect(closing, &QToolButton::clicked, this, &FindBar::close);
-    connect(&treePane.treeModel(), &QAbstractItemModel::modelAboutToBeReset, this,
-            &FindBar::cancel);
+    connect(&treePane.treeModel(), &QAbstractItemModel::modelAboutToBeReset, this, [this] {
+        cancel();
+        forget();
+    });
     connect(&slice_, &QTimer::timeout, this, &FindBar::goOn);
     hide();
 }
@@ -82,6 +84,7 @@ void FindBar::open()
 void FindBar::close()
 {
     cancel();
+    forget();
     treePane_.setFocus(); // before the bar goes, which would pass the keys on to its neighbour
     hide();
 }
@@ -114,15 +117,15 @@ void FindBar::say(const QString& message)
     message_->setText(message);
 }
 
-/// Where the search begins: the row or node that is selected, else the root.
-TreePlace FindBar::selectedPlace() const
+/// The row or node that is selected.
+std::optional<TreePlace> FindBar::selectedPlace() const
 {
     const auto node = treePane_.selectedNode();
     if (!node)
-        return {};
+        return std::nullopt;
     const auto row =
         node->kind().item == NodeItem::Filled ? valuePane_.selectedRow() : std::nullopt;
-    return {.node = node->id(), .text = row ? *row + 1 : TreePlace::kLabel};
+    return TreePlace{.node = node->id(), .text = row ? *row + 1 : TreePlace::kLabel};
 }
 
 void FindBar::start(TreeSearch::Direction direction, bool takesStart)
@@ -141,7 +144,12 @@ void FindBar::start(TreeSearch::Direction direction, bool takesStart)
     auto match = [matcher = QStringMatcher(text, Qt::CaseInsensitive)](std::string_view candidate) {
         return matcher.indexIn(toQString(candidate)) >= 0;
     };
-    search_.emplace(tree, match, selectedPlace(), direction, takesStart);
+    const auto selected = selectedPlace();
+    if (!origin_ || selected != hit_) { // the user has gone elsewhere meanwhile
+        forget();
+        origin_ = Origin{selected};
+    }
+    search_.emplace(tree, match, selected.value_or(TreePlace()), direction, takesStart);
     slice_.start(0);
     goOn();
 }
@@ -168,6 +176,7 @@ void FindBar::goOn()
     const TreeSearch ended = *search_;
     cancel();
     if (result == TreeSearch::Result::Nothing) {
+        goBack();
         say(QStringLiteral("Not found"));
         return;
     }
@@ -178,9 +187,40 @@ void FindBar::goOn()
 
 void FindBar::reveal(const TreePlace& place)
 {
+    const NodeView node(treePane_.treeModel().tree(), place.node);
+    for (NodeView above = node; !above.isRoot();) {
+        above = above.parent();
+        if (!treePane_.isExpanded(treePane_.treeModel().indexOf(above)))
+            opened_.push_back(above.id());
+    }
+    show(place);
+    hit_ = place;
+}
+
+void FindBar::show(const TreePlace& place)
+{
     treePane_.select(NodeView(treePane_.treeModel().tree(), place.node));
     if (place.text != TreePlace::kLabel)
         valuePane_.selectRow(place.text - 1);
+}
+
+void FindBar::goBack()
+{
+    const auto& model = treePane_.treeModel();
+    for (const NodeId id : opened_)
+        treePane_.collapse(model.indexOf(NodeView(model.tree(), id)));
+    if (selectedPlace() == origin_->place)
+        return;
+    treePane_.deselect();
+    if (origin_->place)
+        show(*origin_->place);
+}
+
+/// From here on, the user is where the next search begins.
+void FindBar::forget()
+{
+    origin_.reset();
+    opened_.clear();
 }
 
 } // namespace tessaview

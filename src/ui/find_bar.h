@@ -3,6 +3,7 @@
 #include "explorer/find.h"
 
 #include <optional>
+#include <vector>
 
 #include <QTimer>
 #include <QWidget>
@@ -15,8 +16,9 @@ namespace tessaview {
 class CTransponderTableListPaneWnd;
 class CTransponderValuePaneWnd;
 
-/// Looks for a text in the labels and values of the tree while it is typed, in slices of time
-/// between which the window goes on. Only the way to the place found is opened.
+/// Looks for a text in the labels, names and values of the tree while it is typed, in slices of
+/// time between which the window goes on. Only the way to the place found is opened; where nothing
+/// is found, what the search has opened is closed again, and what was selected before is selected.
 class FindBar : public QWidget {
     Q_OBJECT
 
@@ -43,8 +45,11 @@ private:
     void cancel();
     void goOn();
     void reveal(const TreePlace& place);
+    void show(const TreePlace& place);
+    void goBack();
+    void forget();
     void say(const QString& message);
-    TreePlace selectedPlace() const;
+    std::optional<TreePlace> selectedPlace() const;
 
     CTransponderTableListPaneWnd& treePane_;
     CTransponderValuePaneWnd& valuePane_;
@@ -52,6 +57,14 @@ private:
     QLabel* message_;
     QTimer slice_;
     std::optional<TreeSearch> search_;
+
+    /// Where the user was before hit after hit was shown, if at a node.
+    struct Origin {
+        std::optional<TreePlace> place;
+    };
+    std::optional<Origin> origin_;
+    std::vector<NodeId> opened_; ///< since then, those below first
+    TreePlace hit_;              ///< shown last
 };
 
 } // namespace tessaview

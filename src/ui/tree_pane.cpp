@@ -111,7 +111,13 @@ void CTransponderTableListPaneWnd::select(const NodeView& node)
 {
     const QModelIndex index = model_->indexOf(node);
     setCurrentIndex(index);
-    scrollTo(index);
+    scrollTo(index, PositionAtCenter);
+}
+
+void CTransponderTableListPaneWnd::deselect()
+{
+    setCurrentIndex({});
+    valuePane_.clear();
 }
 
 std::optional<std::uint32_t> CTransponderTableListPaneWnd::selectedNetwork() const

@@ -30,8 +30,10 @@ public:
     const TreeModel& treeModel() const { return *model_; }
     /// The node that is selected.
     std::optional<NodeView> selectedNode() const;
-    /// Selects a node and opens the way to it.
+    /// Selects a node, opens the way to it and brings it to the middle.
     void select(const NodeView& node);
+    /// Selects nothing, which empties the value pane.
+    void deselect();
 
     /// The original_network_id of the network in which a node is selected.
     std::optional<std::uint32_t> selectedNetwork() const;

@@ -137,7 +137,9 @@ std::optional<std::size_t> CTransponderValuePaneWnd::selectedRow() const
 
 void CTransponderValuePaneWnd::selectRow(std::size_t row)
 {
-    setCurrentIndex(model_->index(static_cast<int>(row), ValueModel::kName));
+    const QModelIndex index = model_->index(static_cast<int>(row), ValueModel::kName);
+    setCurrentIndex(index);
+    scrollTo(index, PositionAtCenter);
 }
 
 void CTransponderValuePaneWnd::focusInEvent(QFocusEvent* event)

@@ -95,7 +95,7 @@ TEST_F(ExportDialogs, exportToTheFileThatWasChosen)
                   "old file away first.\nSource: File system");
     EXPECT_TRUE(dialog.isVisible());
     EXPECT_FALSE(outcome());
-    EXPECT_EQ(QApplication::focusWidget(), buttonOf(dialog, "Browse..."));
+    EXPECT_EQ(dialog.focusWidget(), buttonOf(dialog, "Browse..."));
 
     messages.answer = QMessageBox::No;
     dialog.answer = QString::fromStdString((folder / "<b>ä").string());

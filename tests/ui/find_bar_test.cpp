@@ -82,11 +82,30 @@ TEST_F(Finding, givesTheKeysBackToTheTree)
     EXPECT_FALSE(frame->valuePane().selectedRow()) << "the other pane was not passed on the way";
 }
 
-TEST_F(Finding, saysWhatIsNotThere)
+TEST_F(Finding, goesBackFromWhatIsNotThere)
+{
+    for (const char* const start : {"", "PMT"}) {
+        openBar();
+        if (*start)
+            select(start);
+        const std::string before = found();
+        type("harbour one");
+        EXPECT_NE(found(), before);
+        type(" not there");
+        EXPECT_EQ(bar().message(), "Not found");
+        EXPECT_EQ(found(), before);
+        auto& pane = frame->treePane();
+        for (const char* const way : {"SDT", "PMT"})
+            EXPECT_FALSE(pane.isExpanded(pane.treeModel().indexOf(node(way)))) << way;
+        EXPECT_EQ(pane.isExpanded(pane.treeModel().indexOf(tree().root())), *start != 0);
+    }
+}
+
+TEST_F(Finding, findsARowByItsName)
 {
     openBar();
-    type("no such text");
-    EXPECT_EQ(bar().message(), "Not found");
+    type("provider_name_length");
+    EXPECT_EQ(frame->valuePane().selectedRow(), 3U);
 }
 
 TEST_F(Finding, endsWithTheTreeItSearches)
