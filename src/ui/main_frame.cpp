@@ -2,7 +2,9 @@
 
 #include "ui/charset_menu.h"
 #include "ui/command_icons.h"
+#include "ui/empty_document.h"
 #include "ui/find_bar.h"
+#include "ui/menu_keys.h"
 #include "ui/message.h"
 #include "ui/output_bar.h"
 #include "ui/recent_files.h"
@@ -17,11 +19,11 @@
 
 #include <QAction>
 #include <QDesktopServices>
+#include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
 #include <QMenuBar>
-#include <QSaveFile>
 #include <QScreen>
 #include <QSplitter>
 #include <QStatusBar>
@@ -48,16 +50,6 @@ QKeySequence keySequence(std::string_view keys)
     return {toQString(keys), QKeySequence::PortableText};
 }
 
-bool isToBeEmptied(QWidget* parent, const QString& path)
-{
-    return ask(parent, QMessageBox::Warning,
-               QStringLiteral("%1 holds data, which would be lost: a document is saved as an "
-                              "empty file, and what was read is not saved with it.\n"
-                              "Do you want to empty the file ?")
-                   .arg(path),
-               QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
-}
-
 } // namespace
 
 CMainFrame::CMainFrame(CTessaview3Doc& document, HelpAddresses addresses)
@@ -71,6 +63,7 @@ CMainFrame::CMainFrame(CTessaview3Doc& document, HelpAddresses addresses)
     createOutputBar();
     createPanes();
     createMenus();
+    addMenuKeys(*this);
     resize(kFrameSize.boundedTo(screen()->availableSize() * kScreenShare));
     resizeDocks({outputBar_}, {kOutputHeight}, Qt::Vertical);
     updateTitle();
@@ -128,7 +121,7 @@ void CMainFrame::createStatusBar()
 {
     statusPane_ = new QLabel(QStringLiteral("NOT LOCKED"));
     statusPane_->setTextFormat(Qt::PlainText);
-    statusPane_->setAccessibleName(QStringLiteral("Tuner status"));
+    statusPane_->setAccessibleDescription(QStringLiteral("Tuner status"));
     statusPane_->setIndent(4);
     // A long text is cut by the window, not the other way round.
     statusPane_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
@@ -323,26 +316,13 @@ void CMainFrame::saveAs()
         save(QFileInfo(path).absoluteFilePath());
 }
 
-/// Writes the document, which is empty, whatever was read.
 void CMainFrame::save(const QString& path)
 {
-    if (QFileInfo(path).size() > 0 && !isToBeEmptied(this, path))
+    if (!saveEmptyDocument(this, path, !document_.model().empty()))
         return;
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || !file.commit()) {
-        complain(this, QStringLiteral("%1 cannot be saved: %2").arg(path, file.errorString()));
-        return;
-    }
     document_.setPath(path);
     recent_files::add(path);
     updateTitle();
-    if (!document_.model().empty())
-        ask(this, QMessageBox::Information,
-            QStringLiteral("%1 is saved as an empty file: what was read is not in it, but can be "
-                           "kept with \"Database export...\" in the menu File, or read again "
-                           "from captures.")
-                .arg(path),
-            QMessageBox::Ok);
 }
 
 void CMainFrame::openAddress(const QString& address)

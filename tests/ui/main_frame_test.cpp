@@ -49,6 +49,22 @@ TEST_F(MainFrame, hasTheMenusInTheirOrder)
     EXPECT_EQ(frame->windowTitle(), "Untitled - Tessaview");
 }
 
+TEST_F(MainFrame, opensMenusByF10)
+{
+    openAndScan();
+    select("ALL NETWORKS");
+    QTimer::singleShot(0, [&] {
+        auto* const popup = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        ASSERT_TRUE(popup);
+        EXPECT_EQ(itemsOf(*popup).front(), "Copy path");
+        popup->close();
+    });
+    QTest::keyClick(&frame->treePane(), Qt::Key_F10, Qt::ShiftModifier);
+    QTest::keyClick(&frame->treePane(), Qt::Key_F10);
+    EXPECT_EQ(QApplication::activePopupWidget(), menu("&File"));
+    menu("&File")->close();
+}
+
 TEST_F(MainFrame, followsTheDriver)
 {
     open();
