@@ -140,13 +140,28 @@ TEST_F(SiReading, offersWhatTheModeAndTheTunerAdmit)
 
 TEST_F(SiReading, choosesTheCurrentSatelliteAmongTheSelectedOnes)
 {
-    for (const auto& [current, chosen] : {std::pair{"quay 5w", 1}, {"Quay", -1}, {"", -1}}) {
+    for (const auto& [current, chosen] : {std::pair{"", -1}, {"Quay", -1}, {"quay 5w", 1}}) {
         driver->satellite = current;
         openIdle(ScanMode::SingleSatellite);
         const auto& list = control<QComboBox>(1032);
         EXPECT_EQ(list.count(), 2);
         EXPECT_EQ(list.itemText(1).toStdString(), "Quay 5W");
         EXPECT_EQ(list.currentIndex(), chosen) << current;
+        EXPECT_EQ(dialog->focusWidget() == &list, chosen < 0) << "it is what is wanted";
+    }
+}
+
+TEST_F(SiReading, takesTheReceivedNetworkToBeOnTheSatelliteOfTheDriver)
+{
+    for (const auto& [current, count, passed] :
+         {std::tuple{"quay 5w", 2, "Quay 5W"}, {"Folder", 3, "Folder"}, {"", 3, ""}}) {
+        driver->satellite = current;
+        driver->tunings.clear();
+        openIdle(ScanMode::CurrentNit);
+        EXPECT_EQ(control<QComboBox>(1032).count(), count) << current;
+        click(start());
+        ASSERT_TRUE(waitForEnd());
+        EXPECT_EQ(driver->tunings.front().satellite, passed);
     }
 }
 

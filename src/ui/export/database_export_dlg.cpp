@@ -2,6 +2,7 @@
 
 #include "ui/export/export_progress_dlg.h"
 #include "ui/message.h"
+#include "ui/read_only_box.h"
 
 #include <utility>
 
@@ -29,7 +30,7 @@ CDatabaseExportDlg::CDatabaseExportDlg(QWidget* parent, const NetworkMap& model,
     setWindowTitle("Database export");
     auto* const label = new QLabel("Database:");
     label->setBuddy(edit_);
-    edit_->setReadOnly(true); // the path comes from the file dialog alone
+    makeReadOnly(*edit_); // the path comes from the file dialog alone
     edit_->setPlaceholderText("No file chosen");
     edit_->setMinimumWidth(edit_->fontMetrics().averageCharWidth() * 50);
     outcome_->setTextInteractionFlags(Qt::TextSelectableByMouse);

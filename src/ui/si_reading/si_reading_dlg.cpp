@@ -2,6 +2,7 @@
 
 #include "satlist/list_access.h"
 #include "ui/message.h"
+#include "ui/read_only_box.h"
 #include "ui/text.h"
 #include "ui/window_handle.h"
 
@@ -120,7 +121,7 @@ void CSiReadingDlg::build()
     satelliteLabel_ = addRow(*grid, "Satellite:", kSatelliteLabel, satellite_);
     for (const LevelRow& row : kLevelRows) {
         auto* const box = withId(row.box, new QLineEdit);
-        box->setReadOnly(true);
+        makeReadOnly(*box);
         levelOf(row.level) = {.label = addRow(*grid, row.text, row.label, box), .box = box};
     }
 
@@ -164,7 +165,7 @@ void CSiReadingDlg::connectWorker()
 void CSiReadingDlg::listSatellites(ISatListManager* satellites)
 {
     for (const std::string& name : satelliteNames(satellites, true))
-        satellite_->addItem(toQString(name));
+        satellite_->addItem(toQString(name), toQString(name));
     satellite_->setCurrentIndex(-1);
 }
 
@@ -205,10 +206,30 @@ void CSiReadingDlg::takeTuner()
         switchOff(ScanLevel::NitEntry, false);
         satellite_->setEnabled(false);
         satelliteLabel_->setEnabled(false);
-    } else if (!tuner.satellite.empty() && satellite_->currentIndex() < 0) {
-        satellite_->setCurrentIndex(
-            satellite_->findText(toQString(tuner.satellite), Qt::MatchFixedString));
+    } else if (tuner.satellite && satellite_->currentIndex() < 0) {
+        chooseSatellite(toQString(*tuner.satellite));
     }
+    if (isSatelliteWanted())
+        satellite_->setFocus();
+}
+
+/// Chooses the satellite that the driver names. Where the network is the one that is received, it
+/// is there, whether the list knows it or not.
+void CSiReadingDlg::chooseSatellite(const QString& name)
+{
+    int found = name.isEmpty() ? -1 : satellite_->findText(name, Qt::MatchFixedString);
+    if (found < 0 && controller_.mode() == ScanMode::CurrentNit) {
+        found = satellite_->count();
+        satellite_->addItem(name.isEmpty() ? QStringLiteral("(the one that is received)") : name,
+                            name);
+    }
+    satellite_->setCurrentIndex(found);
+}
+
+/// Whether the user has to choose a satellite before a scan.
+bool CSiReadingDlg::isSatelliteWanted() const
+{
+    return satellite_->isEnabled() && satellite_->currentIndex() < 0;
 }
 
 void CSiReadingDlg::runByItself()
@@ -223,7 +244,7 @@ void CSiReadingDlg::startOrCancel()
     if (controller_.state() == ScanController::State::Idle) {
         std::optional<std::string> chosen;
         if (satellite_->currentIndex() >= 0)
-            chosen = satellite_->currentText().toStdString();
+            chosen = satellite_->currentData().toString().toStdString();
         try {
             controller_.start(std::move(chosen));
         } catch (const std::system_error&) {
@@ -281,7 +302,10 @@ void CSiReadingDlg::takeEnd()
         return;
     }
     showState();
-    close_->setFocus(); // what was read is shown then
+    if (isSatelliteWanted())
+        satellite_->setFocus();
+    else
+        close_->setFocus(); // what was read is shown then
 }
 
 void CSiReadingDlg::leave()

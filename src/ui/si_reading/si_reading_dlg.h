@@ -85,6 +85,8 @@ private:
 
     void takeOpening();
     void takeTuner();
+    void chooseSatellite(const QString& name);
+    bool isSatelliteWanted() const;
     void startOrCancel();
     void takeSteps();
     void takeRead(int percent);
