@@ -20,13 +20,12 @@ TunerNow tunerOf(IUnknown* driver)
         return now;
     TunerSetting setting;
     const Status result = access.currentSetting(now.type, setting);
-    if (failed(result)) {
+    now.satellite = setting.satellite;
+    if (failed(result))
         LogPrint(g_log, log_level::kInformation, "failed to get current satellite: %#X",
                  statusCode(result));
-        return now;
-    }
-    LogPrint(g_log, log_level::kDetail, "current satellite: %s", setting.satellite.c_str());
-    now.satellite = std::move(setting.satellite);
+    else
+        LogPrint(g_log, log_level::kDetail, "current satellite: %s", now.satellite.c_str());
     return now;
 }
 

@@ -5,8 +5,6 @@
 
 #include <chrono>
 #include <future>
-#include <optional>
-#include <string>
 #include <thread>
 
 namespace tessaview {
@@ -27,9 +25,7 @@ protected:
 struct TunerNow {
     bool isTypeKnown = false; ///< else the driver did not tell it
     TunerType type{};
-    /// A satellite tuner's current one, UTF-8, which may have no name; nothing when the driver does
-    /// not tell.
-    std::optional<std::string> satellite;
+    std::string satellite; ///< a satellite tuner's current one, UTF-8; may be empty
 
     bool isSatellite() const { return isTypeKnown && type == TunerType::Satellite; }
     bool isCableOrTerrestrial() const

@@ -126,7 +126,7 @@ TEST_F(Control, knowsTheTunerBeforeItStarts)
     struct Case {
         const char* failing;
         std::uint16_t type;
-        std::optional<std::string> satellite;
+        const char* satellite;
         bool isSatellite;
         bool isCableOrTerrestrial;
         const char* logged;
@@ -134,16 +134,16 @@ TEST_F(Control, knowsTheTunerBeforeItStarts)
     const std::vector<Case> cases{
         {"", 1, "Qu\xC3\xA9", true, false, "<4> - current satellite: Qu\xC3\xA9"},
         {"", 1, "", true, false, "<4> - current satellite: "},
-        {"GetSatelliteTuning", 1, std::nullopt, true, false,
+        {"GetSatelliteTuning", 1, "", true, false,
          "<2> - failed to get current satellite: 0X80004005"},
-        {"", 3, std::nullopt, false, true, nullptr},
-        {"", 4, std::nullopt, false, false, nullptr},
-        {"GetTunerType", 1, std::nullopt, false, false, nullptr},
+        {"", 3, "", false, true, nullptr},
+        {"", 4, "", false, false, nullptr},
+        {"GetTunerType", 1, "", false, false, nullptr},
     };
     for (const Case& each : cases) {
         driver = ScriptedDriver::make();
         driver->tunerType = each.type;
-        driver->satellite = each.satellite.value_or("");
+        driver->satellite = each.satellite;
         driver->failAt(each.failing, status::kFail);
         const std::size_t before = recorder.logged().size();
         const auto control = controller(ScanMode::CurrentNit);

@@ -165,7 +165,7 @@ void CSiReadingDlg::connectWorker()
 void CSiReadingDlg::listSatellites(ISatListManager* satellites)
 {
     for (const std::string& name : satelliteNames(satellites, true))
-        satellite_->addItem(toQString(name), toQString(name));
+        satellite_->addItem(toQString(name));
     satellite_->setCurrentIndex(-1);
 }
 
@@ -206,8 +206,8 @@ void CSiReadingDlg::takeTuner()
         switchOff(ScanLevel::NitEntry, false);
         satellite_->setEnabled(false);
         satelliteLabel_->setEnabled(false);
-    } else if (tuner.satellite && satellite_->currentIndex() < 0) {
-        chooseSatellite(toQString(*tuner.satellite));
+    } else if (!tuner.satellite.empty() && satellite_->currentIndex() < 0) {
+        chooseSatellite(toQString(tuner.satellite));
     }
     if (isSatelliteWanted())
         satellite_->setFocus();
@@ -217,11 +217,10 @@ void CSiReadingDlg::takeTuner()
 /// is there, whether the list knows it or not.
 void CSiReadingDlg::chooseSatellite(const QString& name)
 {
-    int found = name.isEmpty() ? -1 : satellite_->findText(name, Qt::MatchFixedString);
+    int found = satellite_->findText(name, Qt::MatchFixedString);
     if (found < 0 && controller_.mode() == ScanMode::CurrentNit) {
         found = satellite_->count();
-        satellite_->addItem(name.isEmpty() ? QStringLiteral("(the one that is received)") : name,
-                            name);
+        satellite_->addItem(name);
     }
     satellite_->setCurrentIndex(found);
 }
@@ -244,7 +243,7 @@ void CSiReadingDlg::startOrCancel()
     if (controller_.state() == ScanController::State::Idle) {
         std::optional<std::string> chosen;
         if (satellite_->currentIndex() >= 0)
-            chosen = satellite_->currentData().toString().toStdString();
+            chosen = satellite_->currentText().toStdString();
         try {
             controller_.start(std::move(chosen));
         } catch (const std::system_error&) {
