@@ -30,17 +30,38 @@ private:
 
 } // namespace test
 
-// Not inlined: compilers take malloc and delete, or new and free, side by side for a mistake.
+// All forms, so that none of them takes what another gave. Not inlined: compilers take malloc and
+// delete, or new and free, side by side for a mistake.
+[[gnu::noinline]] void* operator new(std::size_t bytes, const std::nothrow_t& /*tag*/) noexcept
+{
+    return test::NoMemory::refuses(bytes) ? nullptr : std::malloc(bytes);
+}
 [[gnu::noinline]] void* operator new(std::size_t bytes)
 {
-    void* const block = test::NoMemory::refuses(bytes) ? nullptr : std::malloc(bytes);
+    void* const block = operator new(bytes, std::nothrow);
     return block ? block : throw std::bad_alloc();
+}
+[[gnu::noinline]] void* operator new[](std::size_t bytes, const std::nothrow_t& /*tag*/) noexcept
+{
+    return operator new(bytes, std::nothrow);
+}
+[[gnu::noinline]] void* operator new[](std::size_t bytes)
+{
+    return operator new(bytes);
 }
 [[gnu::noinline]] void operator delete(void* block) noexcept
 {
     std::free(block);
 }
 [[gnu::noinline]] void operator delete(void* block, std::size_t /*bytes*/) noexcept
+{
+    std::free(block);
+}
+[[gnu::noinline]] void operator delete[](void* block) noexcept
+{
+    std::free(block);
+}
+[[gnu::noinline]] void operator delete[](void* block, std::size_t /*bytes*/) noexcept
 {
     std::free(block);
 }

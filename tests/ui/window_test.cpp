@@ -35,6 +35,7 @@ void pressIn(QWidget& widget, Qt::Key key, Qt::KeyboardModifiers modifiers)
 
 void WindowTest::make()
 {
+    frame.reset(); // a former one, which still knows its document
     document =
         std::make_unique<CTessaview3Doc>(static_cast<IDriverInfo*>(driver.get()), nullptr, dialogs);
     frame = std::make_unique<CMainFrame>(*document, HelpAddresses{.homePage = "test:home",

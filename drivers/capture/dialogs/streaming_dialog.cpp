@@ -59,7 +59,10 @@ StreamingDialog::StreamingDialog(CaptureTuner& tuner, QWidget* owner)
     connect(&timer_, &QTimer::timeout, this, &StreamingDialog::showProgress);
 }
 
-StreamingDialog::~StreamingDialog() = default;
+StreamingDialog::~StreamingDialog()
+{
+    destination_->forget();
+}
 
 void StreamingDialog::arrange(const QString& source)
 {

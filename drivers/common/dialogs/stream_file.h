@@ -39,6 +39,16 @@ public:
         connect(line_, &QLineEdit::editingFinished, this, &StreamFileField::lookForSpace);
     }
 
+    ~StreamFileField() override { forget(); }
+
+    /// Tells nothing any more. For the end of who is told: a line that loses the focus while its
+    /// window is taken apart would tell once more.
+    void forget()
+    {
+        line_->disconnect(this);
+        showFree_ = [](const QString&) {};
+    }
+
     bool isEmpty() const { return line_->text().isEmpty(); }
     std::filesystem::path file() const
     {

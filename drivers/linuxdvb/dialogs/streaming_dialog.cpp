@@ -52,7 +52,10 @@ StreamingDialog::StreamingDialog(DvbTuner& tuner, QWidget* owner)
     startWatching();
 }
 
-StreamingDialog::~StreamingDialog() = default;
+StreamingDialog::~StreamingDialog()
+{
+    destination_->forget();
+}
 
 void StreamingDialog::arrange()
 {
