@@ -71,7 +71,7 @@ ComponentClass parsedManifest(const std::filesystem::path& file)
             .name = textOf(manifest, "name"),
             .categories = categoriesOf(manifest),
             .readsFiles = manifest.value("readsFiles", Json()) == true,
-            .libraryFile = (path.parent_path() / textOf(manifest, "library")).lexically_normal(),
+            .sharedLibrary = (path.parent_path() / textOf(manifest, "library")).lexically_normal(),
             .manifest = path};
 }
 
@@ -172,17 +172,17 @@ Status ClassRegistry::createInstance(const Guid& clsid, const Guid& iid, void** 
         return status::kClassNotRegistered;
     }
     Status result = status::kOk;
-    const EntryPoint enter = entryPointOf(found->libraryFile, reason, result);
+    const EntryPoint enter = entryPointOf(found->sharedLibrary, reason, result);
     if (!enter)
         return result;
     void* created = nullptr;
     result = guarded([&] { return enter(&clsid, &iid, &created); });
     if (failed(result)) {
-        reason = found->libraryFile.string() + " did not create an object";
+        reason = found->sharedLibrary.string() + " did not create an object";
         return result;
     }
     if (!created) {
-        reason = found->libraryFile.string() + " reported success without creating an object";
+        reason = found->sharedLibrary.string() + " reported success without creating an object";
         return status::kUnexpected;
     }
     *object = created;

@@ -18,9 +18,9 @@ struct ComponentClass {
     Guid clsid;
     std::string name;
     std::vector<Guid> categories;
-    bool readsFiles = false;           ///< "readsFiles" of a driver: it can be pointed at captures
-    std::filesystem::path libraryFile; ///< absolute
-    std::filesystem::path manifest;    ///< the file this was read from
+    bool readsFiles = false; ///< "readsFiles" of a driver: it can be pointed at captures
+    std::filesystem::path sharedLibrary; ///< absolute
+    std::filesystem::path manifest;      ///< the file this was read from
 };
 
 /// The component classes installed along a search path.

@@ -50,8 +50,8 @@ TEST(ClassRegistry, takesClassesByFolderThenNameAndKeepsTheFirstOfAClass)
     EXPECT_THAT(registry.problems(),
                 ElementsAre(testing::AllOf(HasSubstr((late / "a.component").string()),
                                            HasSubstr((early / "b.component").string()))));
-    EXPECT_EQ(registry.classes()[0].libraryFile, early / "a.so");
-    EXPECT_EQ(registry.classes()[2].libraryFile, "/lib/z.so");
+    EXPECT_EQ(registry.classes()[0].sharedLibrary, early / "a.so");
+    EXPECT_EQ(registry.classes()[2].sharedLibrary, "/lib/z.so");
     EXPECT_EQ(registry.classesOf(kCategory).size(), 3U);
     EXPECT_TRUE(registry.classesOf(kThrows).empty());
 }
@@ -88,7 +88,7 @@ TEST(ClassRegistry, takesABrokenManifestForItselfAndReportsIt)
 
 struct Failure {
     Guid clsid;
-    std::string libraryFile;
+    std::string sharedLibrary;
     Status status;
     const char* reason;
 };
@@ -106,7 +106,7 @@ TEST(ClassRegistry, turnsWhatALibraryDoesWrongIntoThatClassesFailure)
           Failure{kThrows, "rubbish.so", status::kLibraryNotFound, "rubbish.so"}}) {
         const TemporaryFolder folder;
         writeFile(folder / "rubbish.so", "not a library");
-        writeFile(folder / "x.component", manifest(failure.clsid, "x", failure.libraryFile));
+        writeFile(folder / "x.component", manifest(failure.clsid, "x", failure.sharedLibrary));
         const ClassRegistry registry({folder.path()});
         int before = 0;
         void* object = &before;
